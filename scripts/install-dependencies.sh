@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Installs what is missing of the Debian packages that the console is built, run and tested with.
+# Every dependency of the project stands here, once.
+#
+# Usage: install-dependencies.sh [build|test|ci]     each includes those before it
+set -euo pipefail
+
+build=(
+    g++ cmake ninja-build
+    qt6-base-dev libqt6svg6-dev libqt6svg6 libgl-dev # widgets, icons
+    fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
+)
+tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
+ci=(clang-format clang-tidy)
+
+wanted=("${build[@]}")
+case "${1:-build}" in
+build) ;;
+test) wanted+=("${tests[@]}") ;;
+ci) wanted+=("${tests[@]}" "${ci[@]}") ;;
+*)
+    echo "usage: $0 [build|test|ci]" >&2
+    exit 2
+    ;;
+esac
+
+missing=()
+for package in "${wanted[@]}"; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+        missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+        echo "These packages are missing; install them as root, then try again:" >&2
+        echo "  apt-get install ${missing[*]}" >&2
+        exit 1
+    fi
+    as_root=(sudo)
+fi
+echo "Installing ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y -qq --no-install-recommends "${missing[@]}"

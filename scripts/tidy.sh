@@ -1,0 +1,10 @@
+#!/usr/bin/env bash
+# Runs clang-tidy over the project's sources, or over those named.
+# Usage: tidy.sh [FILE ...]     reads the compile commands of the release preset
+set -euo pipefail
+cd "$(dirname "$0")/.."
+if [ $# -gt 0 ]; then
+    printf '%s\0' "$@"
+else
+    git ls-files -z -- 'src/*.cpp' 'tests/*.cpp' 'benchmarks/*.cpp'
+fi | xargs -0 -r -n 1 -P "$(nproc)" clang-tidy -p build/release --quiet

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace tqx {
+
+/// The desktop's own dialogs, as the windows reach them; a test answers them without a click.
+class SystemDialogs {
+public:
+    enum class Icon { None, Exclamation, CriticalStop };
+
+    virtual ~SystemDialogs() = default;
+
+    /// A message box with an OK button; comes back when it is gone.
+    virtual void Message(QWidget* parent, Icon icon, const QString& title, const QString& text) = 0;
+
+    /// A save dialog that starts on `suggested`. The name chosen, or empty when it was cancelled.
+    virtual QString SaveFileName(QWidget* parent, const QString& title, const QString& suggested,
+                                 const QString& filter) = 0;
+};
+
+/// The dialogs of the desktop.
+class DesktopDialogs : public SystemDialogs {
+public:
+    void Message(QWidget* parent, Icon icon, const QString& title, const QString& text) override;
+    QString SaveFileName(QWidget* parent, const QString& title, const QString& suggested,
+                         const QString& filter) override;
+};
+
+} // namespace tqx

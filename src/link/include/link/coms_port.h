@@ -1,0 +1,32 @@
+#pragma once
+
+#include "link/line_port.h"
+#include "link/link_new_com_port.h"
+
+#include <cstdint>
+
+namespace tqx {
+
+/// Single-byte transfers that take the register as an argument and leave BusCell alone, and the
+/// raw access to the printer port of the chosen chip. Errors of the link pass through.
+class ComsPort : public LinePort {
+public:
+    ComsPort(LinkRoot& link, const BusCell& cell);
+
+    /// Set when the user goes on without a chip; never cleared. While it is True
+    /// ReadRegisterByte gives 0 and WriteRegisterByte does nothing.
+    bool Skipped = false;
+
+    std::uint8_t ReadRegisterByte(std::uint8_t reg);
+    void WriteRegisterByte(std::uint8_t reg, std::uint8_t value);
+
+    std::uint16_t PortAddress() override;
+    void PortOut(std::uint8_t value) override;
+    std::uint8_t PortIn(std::uint16_t port) override;
+
+private:
+    LinkRoot& m_link;
+    const BusCell& m_cell;
+};
+
+} // namespace tqx

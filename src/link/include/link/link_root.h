@@ -1,0 +1,41 @@
+#pragma once
+
+#include "link/link_server.h"
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+namespace tqx {
+
+/// Tells the user something in the middle of a transfer, and comes back when it has been read.
+using NoticeDoor = std::function<void(std::string_view title, std::string_view message)>;
+
+/// Makes the link of this run. The door stays good as long as the LinkRoot that hands it over.
+using LinkFactory = std::function<std::unique_ptr<LinkServer>(NoticeDoor notice)>;
+
+/// Holds the LinkServer of the run, which is made at its first use and kept until the end.
+class LinkRoot {
+public:
+    explicit LinkRoot(LinkFactory factory);
+
+    LinkRoot(const LinkRoot&) = delete;
+    LinkRoot& operator=(const LinkRoot&) = delete;
+
+    LinkServer& operator*();
+
+    LinkServer* operator->() { return &**this; }
+
+    /// True once the link has been made.
+    bool Made() const { return m_server != nullptr; }
+
+    /// Where the link's notices go; filled by the window that can show them. Notices that come
+    /// while it is empty are dropped.
+    NoticeDoor Notice;
+
+private:
+    LinkFactory m_factory;
+    std::unique_ptr<LinkServer> m_server;
+};
+
+} // namespace tqx

@@ -1,0 +1,21 @@
+#include "link/link_root.h"
+
+#include <utility>
+
+namespace tqx {
+
+LinkRoot::LinkRoot(LinkFactory factory)
+    : m_factory(std::move(factory)) {}
+
+LinkServer& LinkRoot::operator*() {
+    if (!m_server) {
+        m_server = m_factory([this](std::string_view title, std::string_view message) {
+            if (Notice) {
+                Notice(title, message);
+            }
+        });
+    }
+    return *m_server;
+}
+
+} // namespace tqx

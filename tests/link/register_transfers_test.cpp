@@ -1,0 +1,91 @@
+#include "support/recording_link.h"
+
+#include <link/coms_port.h>
+#include <link/link_new_com_port.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RegisterTransfers : public testing::Test {
+protected:
+    test::RecordingLink* link = new test::RecordingLink;
+    LinkRoot root{[this](NoticeDoor) { return std::unique_ptr<LinkServer>(link); }};
+    LinkNewComPort bus{root};
+    ComsPort coms{root, bus.BusCell};
+
+    void SetUp() override {
+        ASSERT_FALSE(root.Made());
+        root->ActiveMedium(ActivePrinterPort);
+        link->Take();
+    }
+};
+
+TEST_F(RegisterTransfers, TheCellGoesToTheBoardOnMediumOne) {
+    bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x278, .RegisterPointer = 0xFF};
+    bus.BusCell.ComsMedium = ComsPrinterPort;
+    bus.BusCell.WriteValue = 0xFF;
+    bus.WriteRegister();
+    bus.ReadRegister();
+    EXPECT_THAT(link->Take(), ElementsAre("BoardBus.PortAddress 278", "BoardBus.WriteByte 58 FF FF",
+                                          "BoardBus.ReadByte 58 FF"));
+    EXPECT_EQ(bus.BusCell.ReadValue, 0xFF);
+}
+
+TEST_F(RegisterTransfers, TheCellGoesToTheSMBusOnEveryOtherMedium) {
+    bus.BusCell = {.SlaveAddress = 0x2C, .RegisterPointer = 0x16, .WriteValue = 7};
+    for (const std::uint8_t medium : {0, 2, 255}) {
+        bus.BusCell.ComsMedium = medium;
+        bus.WriteRegister();
+        bus.ReadRegister();
+        EXPECT_THAT(link->Take(),
+                    ElementsAre("SMBusLink.WriteByte 2C 16 7", "SMBusLink.ReadByte 2C 16"));
+    }
+}
+
+TEST_F(RegisterTransfers, TheByteOperationsTakeLinkAndAddressFromTheLinkItself) {
+    bus.BusCell.ReadValue = 0x77;
+    link->SlaveAddress(0x5A);
+    link->Take();
+    link->RecordGets = true;
+    coms.WriteRegisterByte(0x0A, 0x55);
+    EXPECT_EQ(coms.ReadRegisterByte(0x0A), 0x55);
+    EXPECT_THAT(link->Take(), ElementsAre("LinkServer.ActiveMedium?", "SlaveAddress?",
+                                          "BoardBus.WriteByte 5A A 55", "LinkServer.ActiveMedium?",
+                                          "SlaveAddress?", "BoardBus.ReadByte 5A A"));
+    EXPECT_EQ(bus.BusCell.ReadValue, 0x77);
+}
+
+TEST_F(RegisterTransfers, TheByteOperationsDoNothingOnAnUnknownMedium) {
+    root->ActiveMedium(2);
+    link->Take();
+    coms.WriteRegisterByte(1, 2);
+    EXPECT_EQ(coms.ReadRegisterByte(1), 0);
+    EXPECT_THAT(link->Take(), IsEmpty());
+}
+
+TEST_F(RegisterTransfers, SkippedSilencesTheByteOperationsAlone) {
+    link->RecordGets = true;
+    coms.Skipped = true;
+    coms.WriteRegisterByte(1, 2);
+    EXPECT_EQ(coms.ReadRegisterByte(0x16), 0);
+    EXPECT_THAT(link->Take(), IsEmpty());
+    bus.BusCell.RegisterPointer = 0x16;
+    bus.ReadRegister();
+    EXPECT_THAT(link->Take(), ElementsAre("SMBusLink.ReadByte 0 16"));
+}
+
+TEST_F(RegisterTransfers, AFailedCallPassesThroughAndLeavesTheCell) {
+    bus.BusCell = {.SlaveAddress = 0x2C, .RegisterPointer = 0x16, .ReadValue = 0x41};
+    link->FailOn = "SMBusLink.ReadByte";
+    EXPECT_THROW(bus.ReadRegister(), LinkError);
+    EXPECT_EQ(bus.BusCell.ReadValue, 0x41);
+}
+
+} // namespace
+} // namespace tqx
