@@ -9,11 +9,7 @@ LinkRoot::LinkRoot(LinkFactory factory)
 
 LinkServer& LinkRoot::operator*() {
     if (!m_server) {
-        m_server = m_factory([this](std::string_view title, std::string_view message) {
-            if (Notice) {
-                Notice(title, message);
-            }
-        });
+        m_server = m_factory(Setup);
     }
     return *m_server;
 }

@@ -15,7 +15,7 @@ using testing::IsEmpty;
 class RegisterTransfers : public testing::Test {
 protected:
     test::RecordingLink* link = new test::RecordingLink;
-    LinkRoot root{[this](NoticeDoor) { return std::unique_ptr<LinkServer>(link); }};
+    LinkRoot root{[this](const LinkSetup&) { return std::unique_ptr<LinkServer>(link); }};
     LinkNewComPort bus{root};
     ComsPort coms{root, bus.BusCell};
 

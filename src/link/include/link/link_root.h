@@ -2,6 +2,7 @@
 
 #include "link/link_server.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string_view>
@@ -11,8 +12,17 @@ namespace tqx {
 /// Tells the user something in the middle of a transfer, and comes back when it has been read.
 using NoticeDoor = std::function<void(std::string_view title, std::string_view message)>;
 
-/// Makes the link of this run. The door stays good as long as the LinkRoot that hands it over.
-using LinkFactory = std::function<std::unique_ptr<LinkServer>(NoticeDoor notice)>;
+/// What the program tells the link; the link looks it up at each use.
+struct LinkSetup {
+    /// Where the link's notices go; filled by the window that can show them. Notices that come
+    /// while it is empty are dropped.
+    NoticeDoor Notice;
+    /// Length of one bit delay, on the scale of the line layer. 0 until the main window loads.
+    std::uint8_t BitDelayCount = 0;
+};
+
+/// Makes the link of this run. The setup stays good for the link's whole life.
+using LinkFactory = std::function<std::unique_ptr<LinkServer>(const LinkSetup& setup)>;
 
 /// Holds the LinkServer of the run, which is made at its first use and kept until the end.
 class LinkRoot {
@@ -29,9 +39,7 @@ public:
     /// True once the link has been made.
     bool Made() const { return m_server != nullptr; }
 
-    /// Where the link's notices go; filled by the window that can show them. Notices that come
-    /// while it is empty are dropped.
-    NoticeDoor Notice;
+    LinkSetup Setup;
 
 private:
     LinkFactory m_factory;
