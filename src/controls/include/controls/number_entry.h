@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QString>
+
+namespace tqx {
+
+/// An entry box for one number, in hexadecimal or decimal.
+///
+/// It hands over its text on Enter alone, never when it merely loses the focus. Escape brings back
+/// the text that was confirmed or set by program last. The user can type, paste and drop only
+/// digits of the base, and only what is a byte, unless `MaximumDigits` says otherwise; the program
+/// may set any text.
+class NumberEntry : public QLineEdit {
+    Q_OBJECT
+    Q_PROPERTY(Base numberbase READ numberbase WRITE numberbase)
+    Q_PROPERTY(QString Text READ Text WRITE Text)
+    Q_PROPERTY(unsigned Value READ Value WRITE Value)
+
+public:
+    enum Base { Decimal = 2, Hexadecimal = 4 };
+    Q_ENUM(Base)
+
+    explicit NumberEntry(QWidget* parent = nullptr);
+    explicit NumberEntry(Base base, QWidget* parent = nullptr);
+
+    Base numberbase() const { return m_base; }
+
+    void numberbase(Base base);
+
+    QString Text() const { return text(); }
+
+    void Text(const QString& text);
+
+    /// The text as a number of the base; 0 when it is none. Set, it is shown in capitals without
+    /// leading zeros.
+    unsigned Value() const;
+    void Value(unsigned value);
+
+    /// How many digits can be typed, 1 to 8; 0, the initial value, stands for "what is a byte".
+    int MaximumDigits() const { return m_maximumDigits; }
+
+    void MaximumDigits(int digits);
+
+    /// Room for the digits that can be typed and the cursor.
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+Q_SIGNALS:
+    /// Enter was pressed on a number, which is handed over as the box shows it.
+    void EntryConfirmed(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    class Digits;
+
+    bool IsTypable(const QString& digits) const;
+    void Confirm();
+
+    Base m_base;
+    int m_maximumDigits = 0;
+    QString m_standing;   // confirmed or set by program last
+    QString m_beforeEdit; // what an edit under way started from
+    bool m_selectOnRelease = false;
+};
+
+} // namespace tqx

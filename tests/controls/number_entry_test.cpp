@@ -1,0 +1,140 @@
+#include <controls/number_entry.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace tqx {
+namespace {
+
+struct Typing {
+    NumberEntry::Base Base;
+    const char* Start;
+    const char* Keys;
+    const char* Shown;
+};
+
+TEST(NumberEntry, TakesOnlyDigitsThatMakeAByte) {
+    constexpr Typing Table[] = {
+        {NumberEntry::Hexadecimal, "", "ff", "FF"},
+        {NumberEntry::Hexadecimal, "", "xa- gB", "AB"},
+        {NumberEntry::Hexadecimal, "", "1234", "12"},
+        {NumberEntry::Hexadecimal, "00", "1f", "1F"}, // leading zeros make room
+        {NumberEntry::Hexadecimal, "0", "f", "0F"},
+        {NumberEntry::Decimal, "", "255", "255"},
+        {NumberEntry::Decimal, "", "256", "25"},
+        {NumberEntry::Decimal, "", "1af9", "19"},
+        {NumberEntry::Decimal, "000", "7", "007"},
+    };
+    for (const Typing& row : Table) {
+        NumberEntry entry(row.Base);
+        entry.Text(row.Start);
+        QTest::keyClicks(&entry, row.Keys);
+        EXPECT_EQ(entry.Text().toStdString(), row.Shown) << row.Start << " + " << row.Keys;
+    }
+}
+
+TEST(NumberEntry, FiltersWhatIsPasted) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    QApplication::clipboard()->setText(" 0x1f\n");
+    entry.paste();
+    EXPECT_EQ(entry.Text(), "1F");
+    QApplication::clipboard()->setText("1FF");
+    entry.selectAll();
+    entry.paste();
+    EXPECT_EQ(entry.Text(), "1F");
+}
+
+TEST(NumberEntry, TheProgramMaySetMoreThanCanBeTyped) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    entry.Value(0x1A3F);
+    EXPECT_EQ(entry.Text(), "1A3F");
+    EXPECT_EQ(entry.Value(), 0x1A3Fu);
+    QTest::keyClicks(&entry, "7");
+    EXPECT_EQ(entry.Text(), "1A3F");
+    QTest::keyClick(&entry, Qt::Key_Backspace);
+    EXPECT_EQ(entry.Text(), "1A3");
+    QTest::keyClick(&entry, Qt::Key_Backspace);
+    QTest::keyClick(&entry, Qt::Key_Backspace);
+    QTest::keyClicks(&entry, "7");
+    EXPECT_EQ(entry.Text(), "17");
+    entry.Text("---");
+    EXPECT_EQ(entry.Text(), "---");
+    EXPECT_EQ(entry.Value(), 0u);
+}
+
+TEST(NumberEntry, ShowsAValueInItsBaseWithoutLeadingZeros) {
+    NumberEntry hexadecimal(NumberEntry::Hexadecimal);
+    hexadecimal.Value(10);
+    EXPECT_EQ(hexadecimal.Text(), "A");
+    NumberEntry decimal(NumberEntry::Decimal);
+    decimal.Value(255);
+    EXPECT_EQ(decimal.Text(), "255");
+    decimal.numberbase(NumberEntry::Hexadecimal);
+    EXPECT_EQ(decimal.Value(), 0x255u);
+}
+
+TEST(NumberEntry, MaximumDigitsOpensLongerNumbers) {
+    NumberEntry entry(NumberEntry::Decimal);
+    entry.MaximumDigits(4);
+    QTest::keyClicks(&entry, "99999");
+    EXPECT_EQ(entry.Value(), 9999u);
+}
+
+TEST(NumberEntry, HandsOverItsTextOnEnterAlone) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    const QSignalSpy confirmed(&entry, &NumberEntry::EntryConfirmed);
+    entry.show();
+    entry.setFocus();
+    QTest::keyClicks(&entry, "0a");
+    entry.clearFocus();
+    EXPECT_TRUE(confirmed.isEmpty());
+    entry.setFocus();
+    QTest::keyClick(&entry, Qt::Key_Return);
+    QTest::keyClick(&entry, Qt::Key_Enter, Qt::KeypadModifier);
+    ASSERT_EQ(confirmed.size(), 2);
+    EXPECT_EQ(confirmed[0][0].toString(), "0A");
+}
+
+TEST(NumberEntry, ConfirmsNoTextThatIsNoNumberOfItsRange) {
+    NumberEntry entry(NumberEntry::Decimal);
+    const QSignalSpy confirmed(&entry, &NumberEntry::EntryConfirmed);
+    QTest::keyClick(&entry, Qt::Key_Return);
+    entry.Value(25600);
+    QTest::keyClick(&entry, Qt::Key_Backspace);
+    QTest::keyClick(&entry, Qt::Key_Return); // 2560, left over from what the program had set
+    EXPECT_TRUE(confirmed.isEmpty());
+}
+
+TEST(NumberEntry, EscapeBringsBackWhatStoodLast) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    entry.Text("12");
+    entry.selectAll();
+    QTest::keyClicks(&entry, "3");
+    QTest::keyClick(&entry, Qt::Key_Escape);
+    EXPECT_EQ(entry.Text(), "12");
+    QTest::keyClicks(&entry, "4");
+    QTest::keyClick(&entry, Qt::Key_Return);
+    QTest::keyClicks(&entry, "5");
+    QTest::keyClick(&entry, Qt::Key_Escape);
+    EXPECT_EQ(entry.Text(), "4");
+}
+
+TEST(NumberEntry, AHandlerMaySetTheTextThatIsHandedToIt) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    QString seen;
+    QObject::connect(&entry, &NumberEntry::EntryConfirmed, &entry, [&](const QString& text) {
+        entry.Value(0x20);
+        seen = text;
+    });
+    QTest::keyClicks(&entry, "21");
+    QTest::keyClick(&entry, Qt::Key_Return);
+    EXPECT_EQ(seen, "21");
+    EXPECT_EQ(entry.Text(), "20");
+}
+
+} // namespace
+} // namespace tqx
