@@ -1,0 +1,137 @@
+#include <controls/row_states.h>
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <array>
+#include <gtest/gtest.h>
+
+namespace tqx {
+namespace {
+
+using enum RowColour;
+
+/// Four rows whose owner colours them as a panel does.
+class Rows : public testing::Test {
+protected:
+    Rows() {
+        m_display.resize(200, 100);
+        for (int i = 0; i < 4; ++i) {
+            m_rows[i]->setGeometry(100 * (i / 2), 20 * (i % 2), 100, 20);
+            QObject::connect(m_rows[i], &RowLabel::MouseMoved, &m_display,
+                             [this, i] { HoverRows(m_rows, m_hoverRow, i); });
+            QObject::connect(m_rows[i], &RowLabel::Clicked, &m_display, [this, i] {
+                m_hoverRow = i;
+                MarkClicked(m_rows, *m_rows[i]);
+            });
+        }
+        m_display.show();
+    }
+
+    std::array<RowColour, 4> Colours() const {
+        return {m_rows[0]->ForeColor(), m_rows[1]->ForeColor(), m_rows[2]->ForeColor(),
+                m_rows[3]->ForeColor()};
+    }
+
+    void Colours(std::array<RowColour, 4> colours) {
+        for (std::size_t i = 0; i < colours.size(); ++i) {
+            m_rows[i]->ForeColor(colours[i]);
+        }
+    }
+
+    using Four = std::array<RowColour, 4>;
+    QWidget m_display;
+    std::array<RowLabel*, 4> m_rows{
+        new RowLabel("one", &m_display), new RowLabel("two", &m_display),
+        new RowLabel("three", &m_display), new RowLabel("four", &m_display)};
+    int m_hoverRow = 1;
+};
+
+TEST_F(Rows, TheRowLeftAndTheRowEnteredChange) {
+    struct {
+        Four Before;
+        Four After; // the pointer goes from row 1 to row 2
+    } const table[] = {
+        {{Plain, Plain, Plain, Plain}, {Plain, Plain, Hovered, Plain}},
+        {{Plain, Hovered, SelectedAway, Plain}, {Plain, Plain, Selected, Plain}},
+        {{Hovered, Selected, Hovered, Selected}, {Hovered, SelectedAway, Hovered, Selected}},
+        {{Plain, SelectedAway, Selected, Plain}, {Plain, SelectedAway, Selected, Plain}},
+    };
+
+    for (const auto& row : table) {
+        Colours(row.Before);
+        m_hoverRow = 1;
+        HoverRows(m_rows, m_hoverRow, 2);
+        EXPECT_EQ(Colours(), row.After);
+        EXPECT_EQ(m_hoverRow, 2);
+    }
+}
+
+TEST_F(Rows, AMoveOverTheSameRowTakesItOnly) {
+    Colours({Hovered, Plain, Plain, Plain});
+    HoverRows(m_rows, m_hoverRow, 1);
+    EXPECT_EQ(Colours(), (Four{Hovered, Hovered, Plain, Plain}));
+}
+
+TEST_F(Rows, AClickStepsTheRowAndClearsTheOthers) {
+    struct {
+        RowColour Before;
+        RowColour After;
+        bool OthersCleared;
+    } const table[] = {
+        {Plain, Hovered, true},
+        {Hovered, Selected, true},
+        {SelectedAway, Hovered, true},
+        {Selected, Selected, false},
+    };
+
+    for (const auto& row : table) {
+        Colours({Hovered, SelectedAway, row.Before, Selected});
+        MarkClicked(m_rows, *m_rows[2]);
+        EXPECT_EQ(Colours(), row.OthersCleared
+                                 ? (Four{Plain, Plain, row.After, Plain})
+                                 : (Four{Hovered, SelectedAway, row.After, Selected}));
+    }
+}
+
+TEST_F(Rows, AClickedRowEndsSelectedByMouseAndByKeyboardAlike) {
+    QTest::mouseClick(m_rows[0], Qt::LeftButton);
+    EXPECT_EQ(Colours(), (Four{Selected, Plain, Plain, Plain}));
+    QTest::mouseClick(m_rows[0], Qt::LeftButton);
+    EXPECT_EQ(Colours(), (Four{Selected, Plain, Plain, Plain}));
+    QTest::keyClick(m_rows[3], Qt::Key_Space);
+    EXPECT_EQ(Colours(), (Four{Plain, Plain, Plain, Selected}));
+    QTest::keyClick(m_rows[2], Qt::Key_Return);
+    EXPECT_EQ(Colours(), (Four{Plain, Plain, Selected, Plain}));
+}
+
+TEST_F(Rows, OnlyALeftButtonLetGoOnTheRowClicks) {
+    const QSignalSpy clicked(m_rows[0], &RowLabel::Clicked);
+    QTest::mouseClick(m_rows[0], Qt::RightButton);
+    QTest::mousePress(m_rows[0], Qt::LeftButton);
+    QTest::mouseRelease(m_rows[0], Qt::LeftButton, {}, {300, 5});
+    QTest::mouseRelease(m_rows[0], Qt::LeftButton);
+    EXPECT_TRUE(clicked.isEmpty());
+}
+
+TEST_F(Rows, ArrowsWalkAmongTheRowsOnViewAndStopAtTheEdge) {
+    struct {
+        int From;
+        Qt::Key Key;
+        int To;
+    } const table[] = {{0, Qt::Key_Down, 1}, {1, Qt::Key_Up, 0}, {0, Qt::Key_Right, 2},
+                       {3, Qt::Key_Left, 1}, {0, Qt::Key_Up, 0}, {3, Qt::Key_Right, 3}};
+
+    for (const auto& row : table) {
+        m_rows[row.From]->setFocus();
+        QTest::keyClick(m_rows[row.From], row.Key);
+        EXPECT_EQ(m_display.focusWidget(), m_rows[row.To]) << row.From << " to " << row.To;
+    }
+    m_rows[1]->hide();
+    m_rows[0]->setFocus();
+    QTest::keyClick(m_rows[0], Qt::Key_Down);
+    EXPECT_EQ(m_display.focusWidget(), m_rows[3]);
+}
+
+} // namespace
+} // namespace tqx
