@@ -1,0 +1,122 @@
+#include "controls/alarm_lamp.h"
+
+#include "accessible_control.h"
+#include "controls/look.h"
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tqx {
+namespace {
+
+constexpr int Side = 16;
+
+/// A lamp to a screen reader: an indicator whose text says its state.
+class AccessibleLamp : public QAccessibleWidget {
+public:
+    explicit AccessibleLamp(AlarmLamp& lamp)
+        : QAccessibleWidget(&lamp, QAccessible::Indicator)
+        , m_lamp(lamp) {}
+
+    QString text(QAccessible::Text kind) const override {
+        if (kind == QAccessible::Value) {
+            return m_lamp.Value() ? AlarmLamp::tr("Alarm") : AlarmLamp::tr("No alarm");
+        }
+        return QAccessibleWidget::text(kind);
+    }
+
+    QStringList actionNames() const override { return {pressAction()}; }
+
+    void doAction(const QString& action) override {
+        if (action == pressAction()) {
+            Q_EMIT m_lamp.Clicked();
+        }
+    }
+
+private:
+    AlarmLamp& m_lamp;
+};
+
+void DrawDark(QPainter& painter, QPointF centre) {
+    painter.setPen(QPen(QColor(look::DisplayQuiet), 1.25));
+    painter.setBrush(QColor(look::LampDark));
+    painter.drawEllipse(centre, 3.0, 3.0);
+}
+
+void DrawLit(QPainter& painter, QPointF centre) {
+    const QPointF corners[] = {centre + QPointF(0, -6.0), centre + QPointF(6.5, 5.5),
+                               centre + QPointF(-6.5, 5.5)};
+    painter.setPen(QPen(QColor(look::LampLit), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.setBrush(QColor(look::LampLit));
+    painter.drawPolygon(corners, std::size(corners));
+    painter.setPen(QPen(QColor(look::Display), 1.75, Qt::SolidLine, Qt::RoundCap));
+    painter.drawLine(centre + QPointF(0, -2.0), centre + QPointF(0, 1.5));
+    painter.drawPoint(centre + QPointF(0, 4.0));
+}
+
+} // namespace
+
+AlarmLamp::AlarmLamp(QWidget* parent)
+    : QWidget(parent) {
+    DescribeToScreenReaders<AlarmLamp, AccessibleLamp>();
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void AlarmLamp::Value(bool lit) {
+    if (lit == m_value) {
+        return;
+    }
+    m_value = lit;
+    update();
+    QAccessibleValueChangeEvent event(this, lit);
+    QAccessible::updateAccessibility(&event);
+}
+
+QSize AlarmLamp::sizeHint() const {
+    return {Side, Side};
+}
+
+QSize AlarmLamp::minimumSizeHint() const {
+    return sizeHint();
+}
+
+void AlarmLamp::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = QRectF(rect()).center();
+    if (m_value) {
+        DrawLit(painter, centre);
+    } else {
+        DrawDark(painter, centre);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(QColor(look::Accent), 1.5));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
+    }
+}
+
+void AlarmLamp::mousePressEvent(QMouseEvent* event) {
+    m_pressed = event->button() == Qt::LeftButton;
+}
+
+void AlarmLamp::mouseReleaseEvent(QMouseEvent* event) {
+    const bool wasPressed = m_pressed && event->button() == Qt::LeftButton;
+    m_pressed = m_pressed && !wasPressed;
+    if (wasPressed && rect().contains(event->position().toPoint())) {
+        Q_EMIT Clicked();
+    }
+}
+
+void AlarmLamp::keyPressEvent(QKeyEvent* event) {
+    const int key = event->key();
+    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) {
+        QWidget::keyPressEvent(event);
+    } else if (!event->isAutoRepeat()) {
+        Q_EMIT Clicked();
+    }
+}
+
+} // namespace tqx
