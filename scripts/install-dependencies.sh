@@ -7,7 +7,7 @@ set -euo pipefail
 
 build=(
     g++ cmake ninja-build
-    qt6-base-dev libqt6svg6-dev libqt6svg6 libgl-dev # widgets, icons
+    qt6-base-dev libgl-dev libqt6svg6         # widgets, and the reader of the icons
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
 )
 tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
