@@ -1,0 +1,213 @@
+#include "console/main_form.h"
+
+#include "console/msg_box_frm.h"
+#include "console/toolbar_keys.h"
+#include "console/version.h"
+#include "console/welcome_panel.h"
+
+#include <controls/look.h>
+#include <device/bench.h>
+#include <device/register_map.h>
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QScopedValueRollback>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace tqx {
+namespace {
+
+/// Windows of this count are the most that can stand open.
+constexpr int EEPROMComLimit = 10;
+
+/// The bit delay that the console sets for the bus lines at load.
+constexpr std::uint8_t LoadedBitDelayCount = 100;
+
+} // namespace
+
+MainForm::MainForm(Bench& bench, ToolWindows& tools, const QString& boardNote, QWidget* parent)
+    : QMainWindow(parent)
+    , m_bench(bench)
+    , m_tools(tools) {
+    setObjectName("MainForm");
+    setWindowTitle(boardNote.isEmpty() ? tr("TQX7716 Evaluation Software")
+                                       : tr("TQX7716 Evaluation Software - %1").arg(boardNote));
+    MakeToolbar(boardNote);
+    MakePanels();
+    ConnectPanels();
+    resize(1120, 720);
+    Load();
+}
+
+MainForm::~MainForm() {
+    m_bench.Link.Setup.Notice = nullptr;
+}
+
+void MainForm::MakeToolbar(const QString& boardNote) {
+    m_toolbar = addToolBar(tr("Tools"));
+    m_toolbar->setObjectName("Toolbar1");
+    m_toolbar->setMovable(false);
+    m_toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    m_toolbar->setIconSize({24, 24});
+    for (const ToolbarKey& key : ToolbarKeys) {
+        auto* action = m_toolbar->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(key.Icon)),
+                                            tr(key.Name));
+        action->setObjectName(key.Key);
+        action->setToolTip(tr(key.Tooltip));
+        action->setShortcut(QKeySequence(key.Shortcut));
+        connect(action, &QAction::triggered, this,
+                [this, action] { KeyPressed(action->objectName()); });
+        auto* button = m_toolbar->widgetForAction(action);
+        button->setObjectName(key.Key);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setMinimumWidth(76);
+    }
+    if (!boardNote.isEmpty()) {
+        auto* space = new QWidget;
+        space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+        m_toolbar->addWidget(space);
+        auto* note = new QLabel(boardNote);
+        note->setObjectName("BoardNote");
+        note->setFont(look::WordsFont(10, QFont::DemiBold));
+        note->setContentsMargins(0, 0, 3 * look::Grid, 0);
+        look::SetInk(*note, look::QuietInk);
+        m_toolbar->addWidget(note);
+    }
+}
+
+void MainForm::MakePanels() {
+    m_mainPanel = new WelcomePanel(m_toolbar->findChildren<QAction*>(Qt::FindDirectChildrenOnly));
+    auto* centre = new QWidget;
+    auto* layout = new QVBoxLayout(centre);
+    m_panels = {m_mainPanel};
+    for (QWidget* panel : m_panels) {
+        layout->addWidget(panel);
+    }
+    setCentralWidget(centre);
+    ShowOnly(m_mainPanel);
+}
+
+void MainForm::ConnectPanels() {
+    m_bench.Link.Setup.Notice = [this](std::string_view title, std::string_view message) {
+        QVNMsgBox(QString::fromUtf8(title.data(), static_cast<int>(title.size())),
+                  QString::fromUtf8(message.data(), static_cast<int>(message.size())), 1);
+    };
+}
+
+void MainForm::Load() {
+    m_mainPanel->Version(tr("Version %1").arg(VersionText));
+    m_bench.Link.Setup.BitDelayCount = LoadedBitDelayCount;
+    m_bench.Channels.ConfigureChannels();
+}
+
+std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
+                                 std::uint8_t okOnly) {
+    MsgBoxFRM box(isVisible() ? this : nullptr);
+    const QScopedValueRollback onView(m_msgBox, &box);
+    connect(&box, &MsgBoxFRM::UserResponse, this, [this](std::uint8_t response) {
+        m_answered = true;
+        m_response = response;
+    });
+    box.SetUp(title, message, okOnly == 1);
+    box.exec();
+    return m_answered ? m_response : 0;
+}
+
+void MainForm::StartMonitorTimers() {}
+
+void MainForm::StopMonitorTimers() {}
+
+void MainForm::StopContinuousReading() {}
+
+void MainForm::StopAllTimers() {
+    StopMonitorTimers();
+    StopContinuousReading();
+}
+
+void MainForm::LinkFailed(const LinkError& error) {
+    StopAllTimers();
+    try {
+        m_bench.Link->PrinterPortLink().BurstMode(false);
+    } catch (const LinkError&) {
+        // The link is down already, and the user hears of it below.
+    }
+    if (m_tellingOfFailure) {
+        return;
+    }
+    const QScopedValueRollback telling(m_tellingOfFailure, true);
+    QVNMsgBox(tr("The link to the TQX7716 failed"),
+              QString::fromUtf8(error.what()) + "\n\n" + QString::fromStdString(error.Advice()), 1);
+}
+
+void MainForm::closeEvent(QCloseEvent* event) {
+    StopAllTimers();
+    m_tools.UnloadAll();
+    event->accept();
+    Q_EMIT Unloaded();
+}
+
+void MainForm::ShowOnly(QWidget* panel) {
+    for (QWidget* each : m_panels) {
+        each->setVisible(each == panel);
+    }
+}
+
+void MainForm::KeyPressed(const QString& key) {
+    if (key == "Save1") {
+        m_tools.ShowRegisterDump(*this);
+    } else if (key == "Go1") {
+        Go();
+    } else if (key == "GPIO") {
+        m_tools.ShowGPIOConfig(*this);
+    } else if (key == "RegAccess") {
+        StopAllTimers();
+        OpenEEPROMCom("Register Access");
+    } else if (key == "EraseEEPROM") {
+        StopAllTimers();
+        m_tools.ShowEraseEEPROM(*this);
+    } else if (key == "About1") {
+        m_tools.ShowAbout(*this);
+    }
+}
+
+void MainForm::Go() {
+    m_mainPanel->hide();
+    if (QVNMsgBox("Information",
+                  "Would you like to automatically initialize the TQX7716 evaluation system",
+                  0) == 0) {
+        return;
+    }
+    StopContinuousReading();
+    m_bench.Bus.BusCell.RegisterPointer = reg::Config1;
+    m_bench.Bus.BusCell.WriteValue = 0x03;
+    m_bench.Bus.WriteRegister();
+    for (int fan = 0; fan < 8; ++fan) {
+        m_bench.Coms.WriteRegisterByte(static_cast<std::uint8_t>(reg::Fan0HighLimit + fan), 0xFF);
+    }
+    m_bench.Coms.WriteRegisterByte(reg::Mask6, 0xFF);
+    m_bench.Coms.WriteRegisterByte(reg::GPIOConfig3, 0x55);
+    m_bench.Coms.WriteRegisterByte(reg::GPIOConfig4, 0x55);
+    m_bench.Channels.WriteDefaultLimits();
+}
+
+void MainForm::OpenEEPROMCom(const QString& caption) {
+    if (m_eepromComFormCounter < EEPROMComLimit) {
+        ++m_eepromComFormCounter;
+        m_tools.NewEEPROMCom(*this,
+                             QStringLiteral("%1 %2").arg(caption).arg(m_eepromComFormCounter));
+    } else {
+        QVNMsgBox("Safety Information",
+                  "To conserve memory, RAM/EEPROM windows have been limited to 10.", 1);
+    }
+}
+
+void MainForm::CloseAllEEPROMComs() {
+    m_tools.CloseRegisterAccessWindows();
+    m_eepromComFormCounter = 0;
+}
+
+} // namespace tqx
