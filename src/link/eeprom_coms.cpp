@@ -1,0 +1,42 @@
+#include "link/eeprom_coms.h"
+
+namespace tqx {
+
+namespace {
+
+constexpr std::uint8_t ReadBit = 0x01;
+
+} // namespace
+
+EEPROMComs::EEPROMComs(LineLayer& lines)
+    : m_lines(lines) {}
+
+std::uint8_t EEPROMComs::ReadEEPROM() {
+    StartAtAddress();
+    m_lines.LineStart();
+    SendAcknowledged(m_slaveAddress | ReadBit);
+    const std::uint8_t value = m_lines.ClockInByte();
+    m_lines.ClockNack();
+    m_lines.LineStop();
+    return value;
+}
+
+void EEPROMComs::WriteEEPROM() {
+    StartAtAddress();
+    SendAcknowledged(m_data);
+    m_lines.LineStop();
+}
+
+void EEPROMComs::StartAtAddress() {
+    m_lines.LineStart();
+    SendAcknowledged(m_slaveAddress & ~ReadBit);
+    SendAcknowledged(m_highByte);
+    SendAcknowledged(m_lowByte);
+}
+
+void EEPROMComs::SendAcknowledged(std::uint8_t value) {
+    m_lines.ClockOutByte(value);
+    m_lines.ClockAck();
+}
+
+} // namespace tqx
