@@ -28,8 +28,10 @@ public:
     int Refused = -1;
     /// What the slave sends when it is read from.
     std::deque<std::uint8_t> ToSend;
-    /// Data writes that go through before each one raises LinkError; -1 all.
+    /// Data writes that go through before one raises LinkError, and how many do so then; -1: all
+    /// go through.
     int WritesLeft = -1;
+    int Failures = 1;
     /// Refuses to be held.
     bool Busy = false;
 
@@ -46,7 +48,8 @@ public:
     std::uint16_t BaseAddress() override { return m_base; }
 
     void WriteData(std::uint8_t value) override {
-        if (WritesLeft == 0) {
+        if (WritesLeft == 0 && Failures > 0) {
+            --Failures;
             throw LinkError("cannot write to the port", "it was unplugged", "Plug it in.");
         }
         WritesLeft -= WritesLeft > 0 ? 1 : 0;

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "link/link_root.h"
+#include "link/link_server.h"
+#include "link/parallel_port.h"
+
+#include <memory>
+#include <vector>
+
+namespace tqx {
+
+/// What the program tells the board for which a bare printer port has no use. It is kept so that
+/// a board can look at it; nothing of it reaches the bus.
+struct BoardOptions {
+    /// Told once at start-up, ahead of any transfer.
+    bool StartupOption = false;
+    /// Told after the chip's address pointer was moved. The chip needs no help with its pointer.
+    bool ClearPointerFlag = false;
+    /// The next block transfer goes to the EEPROM. The chip knows it by its pointer.
+    bool EEPROMTarget = false;
+    /// Whether, and how long in milliseconds, the board is to wait after an EEPROM transfer. A
+    /// bare port never does: pacing EEPROM writes is the caller's.
+    /// @{
+    bool EEPROMWait = false;
+    std::int16_t EEPROMDelay = 0;
+    /// @}
+};
+
+/// The evaluation board's bus on the lines of real or modelled printer ports: the one
+/// implementation for every board.
+///
+/// The first port is the selected one until another is chosen, by index or by base address. A port
+/// that does not exist raises LinkError and leaves the selection. Without any port PortCount is 0,
+/// everything that is only set or got works, and a transfer raises LinkError.
+///
+/// A transfer holds its port and lets it go at its end. In burst mode the first transfer takes the
+/// port and it is kept until the burst ends, another port is selected, or a transfer fails. So
+/// burst mode alone never touches a port. When a call of the port fails in mid-transfer, a stop is
+/// tried to park the lines, the port is let go, and the error passes through.
+class PortLink : public PrinterPortLink {
+public:
+    /// At most 255 ports are used. The setup must outlive the link.
+    PortLink(std::vector<std::unique_ptr<ParallelPort>> ports, const LinkSetup& setup);
+    ~PortLink() override;
+
+    std::uint8_t PortCount() override;
+    void PortIndex(std::uint8_t index) override;
+    std::uint16_t PortAddress() override;
+    void BurstMode(bool on) override;
+
+    tqx::BoardBus& BoardBus() override;
+    tqx::EEPROMLink& EEPROMLink() override;
+
+    const BoardOptions& Options() const;
+
+private:
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace tqx
