@@ -1,7 +1,8 @@
 #include "device/calculations.h"
 
-#include "channel_transfer.h"
 #include "device/register_addresses.h"
+
+#include <link/cell_transfer.h>
 
 #include <cmath>
 

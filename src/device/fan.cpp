@@ -1,8 +1,9 @@
 #include "device/fan.h"
 
-#include "channel_transfer.h"
 #include "device/calculations.h"
 #include "device/rounding.h"
+
+#include <link/cell_transfer.h>
 
 namespace tqx {
 

@@ -1,6 +1,6 @@
 #include "device/temperature.h"
 
-#include "channel_transfer.h"
+#include <link/cell_transfer.h>
 
 namespace tqx {
 namespace {

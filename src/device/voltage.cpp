@@ -1,7 +1,8 @@
 #include "device/voltage.h"
 
-#include "channel_transfer.h"
 #include "device/rounding.h"
+
+#include <link/cell_transfer.h>
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <link/link_new_com_port.h>
+#include "link/link_new_com_port.h"
 
 #include <cstdint>
 
