@@ -48,6 +48,12 @@ inline constexpr QRgb PECGood = 0xFF00C000;
 inline constexpr QRgb PECBad = 0xFFC00000;
 /// @}
 
+/// @name Buttons of the register console's bench tests: sent, or changed since
+/// @{
+inline constexpr QRgb BenchSent = 0xFF00FF00;
+inline constexpr QRgb BenchChanged = 0xFFFF0000;
+/// @}
+
 /// @name Alarm lamps
 /// @{
 inline constexpr QRgb LampDark = 0xFF3A454D;

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QLineEdit>
+#include <QObject>
+#include <QPushButton>
+
+#include <cstdint>
+
+class QGridLayout;
+class QGroupBox;
+
+namespace tqx {
+
+/// Two groups of bench controls that are created hidden and that nothing shows: an address pointer
+/// that reaches every register, and an older pair of write fields.
+///
+/// A button is green when the field beside it has been sent, red when it was changed since or was
+/// refused. What the program takes from all this is EntryEnabled, whose home is the enabled state
+/// of `Text6`, `Text7`, `Command4` and `Command5`.
+class BenchTests : public QObject {
+    Q_OBJECT
+
+public:
+    /// Puts the address pointer on `page` and the write fields in row `row` of `entries`.
+    BenchTests(QWidget& page, QGridLayout& entries, int row, QObject* parent);
+
+    /// The Entry flag of the register displayed last. True at start.
+    bool EntryEnabled() const;
+    void EntryEnabled(bool enabled);
+
+Q_SIGNALS:
+    /// The address pointer was set. Nothing is read or written for it.
+    void PointerSet(std::uint8_t address);
+    /// A byte is to go to the selected register. An error of that write passes through here.
+    void ByteEntered(std::uint8_t value);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void MakeAddressPointer(QWidget& page);
+    void MakeWriteFields(QGridLayout& entries, int row);
+
+    void SetPointer();
+    void SendHexadecimal();
+    void SendDecimal();
+    void Refuse(QPushButton& button);
+    /// Sends `text` of `field`, shows the number in `other`, written in `otherBase`.
+    void Send(const QLineEdit& field, int base, QLineEdit& other, int otherBase,
+              QPushButton& button);
+
+    QLineEdit* m_addrptrTXT = nullptr;
+    QPushButton* m_addrPtrCMD = nullptr;
+    QLineEdit* m_text6 = nullptr;
+    QLineEdit* m_text7 = nullptr;
+    QPushButton* m_command4 = nullptr;
+    QPushButton* m_command5 = nullptr;
+};
+
+} // namespace tqx

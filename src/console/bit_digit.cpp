@@ -1,0 +1,91 @@
+#include "bit_digit.h"
+
+#include <controls/look.h>
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tqx {
+
+BitDigit::BitDigit(int bit, QWidget* parent)
+    : QLabel(parent)
+    , m_bit(bit)
+    , m_legend(QString("Bit %1").arg(bit)) {
+    setObjectName(QString("bit%1").arg(bit));
+    setToolTip("Click to change");
+    setAlignment(Qt::AlignCenter);
+    setFont(look::NumbersFont(20, QFont::DemiBold));
+    look::MakeDisplay(*this);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    Announce();
+}
+
+void BitDigit::Caption(const QString& caption) {
+    if (caption == text()) {
+        return;
+    }
+    setText(caption);
+    look::SetInk(*this, IsOne() ? look::DisplayGreen : look::DisplayInk);
+    Announce();
+}
+
+void BitDigit::Legend(const QString& legend) {
+    m_legend = legend;
+    Announce();
+}
+
+QSize BitDigit::sizeHint() const {
+    return {14 * look::Grid, 11 * look::Grid};
+}
+
+void BitDigit::mouseMoveEvent(QMouseEvent*) {
+    Q_EMIT MouseMoved();
+}
+
+void BitDigit::mousePressEvent(QMouseEvent* event) {
+    m_pressed = event->button() == Qt::LeftButton;
+}
+
+void BitDigit::mouseReleaseEvent(QMouseEvent* event) {
+    const bool clicked = m_pressed && event->button() == Qt::LeftButton &&
+                         rect().contains(event->position().toPoint());
+    m_pressed = false;
+    if (clicked) {
+        Q_EMIT Clicked();
+    }
+}
+
+void BitDigit::leaveEvent(QEvent*) {
+    Q_EMIT MouseLeft();
+}
+
+void BitDigit::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // A key held down must not flip the bit again and again.
+        if (!event->isAutoRepeat()) {
+            Q_EMIT Clicked();
+        }
+        break;
+    default:
+        QLabel::keyPressEvent(event);
+    }
+}
+
+void BitDigit::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(hasFocus() ? QPen(QColor(look::Accent).lighter(140), 2)
+                              : QPen(QColor(look::DisplayEdge), 1));
+    painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+void BitDigit::Announce() {
+    setAccessibleName(QString("Bit %1, %2: %3").arg(QString::number(m_bit), m_legend, text()));
+}
+
+} // namespace tqx

@@ -1,0 +1,72 @@
+#include "register_entries.h"
+
+#include "console/number_text.h"
+
+#include <controls/look.h>
+
+#include <QGridLayout>
+
+namespace tqx {
+namespace {
+
+NumberEntry* Entry(const QString& name, NumberEntry::Base base, const QString& text,
+                   const QString& means) {
+    auto* entry = new NumberEntry(base);
+    entry->setObjectName(name);
+    entry->setAccessibleName(means);
+    entry->setToolTip(means + ". Enter writes it");
+    entry->setFont(look::NumbersFont(13));
+    entry->Text(text);
+    return entry;
+}
+
+QLabel* WrittenLabel(const QString& name) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setFont(look::NumbersFont(11, QFont::DemiBold));
+    return label;
+}
+
+QLabel* Quiet(const QString& text) {
+    auto* label = new QLabel(text);
+    look::SetInk(*label, look::QuietInk);
+    return label;
+}
+
+} // namespace
+
+RegisterEntries::RegisterEntries(QWidget* parent)
+    : QGroupBox("Write", parent)
+    , m_hexTXT(Entry("HexTXT", NumberEntry::Hexadecimal, "00", "Byte to write, in hexadecimal"))
+    , m_decTXT(Entry("DecTXT", NumberEntry::Decimal, "0", "Byte to write, in decimal"))
+    , m_writtenHex(WrittenLabel("p_Value_written_hex_label"))
+    , m_writtenDec(WrittenLabel("p_Value_written_dec_label")) {
+    setObjectName("SSPanel37");
+    auto* grid = new QGridLayout(this);
+    grid->setHorizontalSpacing(2 * look::Grid);
+    grid->setVerticalSpacing(look::Grid);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(3, 1);
+    grid->addWidget(new QLabel("Hex"), 0, 0);
+    grid->addWidget(m_hexTXT, 0, 1);
+    grid->addWidget(new QLabel("Dec"), 0, 2);
+    grid->addWidget(m_decTXT, 0, 3);
+    // Row 1 is left to the old write fields, which stand under the boxes.
+    grid->addWidget(Quiet("Previous value written:"), 2, 0, 1, 4);
+    grid->addWidget(Quiet("(Hex)"), 3, 0);
+    grid->addWidget(m_writtenHex, 3, 1);
+    grid->addWidget(Quiet("(Dec)"), 3, 2);
+    grid->addWidget(m_writtenDec, 3, 3);
+}
+
+void RegisterEntries::PreviousValueWritten(std::uint8_t value) {
+    m_writtenHex->setText(HexText(value));
+    m_writtenDec->setText(QString::number(value));
+}
+
+void RegisterEntries::NothingWritten() {
+    m_writtenHex->clear();
+    m_writtenDec->clear();
+}
+
+} // namespace tqx

@@ -1,0 +1,75 @@
+#include "register_readout.h"
+
+#include "console/number_text.h"
+
+#include <controls/look.h>
+
+#include <QGridLayout>
+
+namespace tqx {
+namespace {
+
+QLabel* Heading(const QString& text) {
+    auto* label = new QLabel(text);
+    look::SetInk(*label, look::DisplayQuiet);
+    return label;
+}
+
+QLabel* ReadOut(const QString& name, const QFont& font, QRgb ink) {
+    auto* label = new QLabel;
+    label->setObjectName(name);
+    label->setFont(font);
+    look::SetInk(*label, ink);
+    return label;
+}
+
+} // namespace
+
+RegisterReadout::RegisterReadout(QWidget* parent)
+    : QFrame(parent)
+    , m_typeLabel(
+          ReadOut("current_reg_type_label", look::WordsFont(11, QFont::DemiBold), look::DisplayInk))
+    , m_addressLabel(ReadOut("current_reg_address_label", look::NumbersFont(11, QFont::DemiBold),
+                             look::DisplayInk))
+    , m_hexLabel(ReadOut("p_Value_read_hex_label", look::NumbersFont(30, QFont::DemiBold),
+                         look::DisplayGreen))
+    , m_decLabel(ReadOut("p_Value_read_dec_label", look::NumbersFont(30, QFont::DemiBold),
+                         look::DisplayGreen)) {
+    look::MakeDisplay(*this);
+    m_typeLabel->setText("Configuration");
+    for (QLabel* digits : {m_hexLabel, m_decLabel}) {
+        digits->setMinimumWidth(digits->fontMetrics().horizontalAdvance("255") + look::Grid);
+        digits->setMinimumHeight(digits->fontMetrics().height());
+    }
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(4 * look::Grid, 3 * look::Grid, 4 * look::Grid, 2 * look::Grid);
+    grid->setHorizontalSpacing(3 * look::Grid);
+    grid->setVerticalSpacing(look::Grid);
+    grid->setColumnStretch(1, 1);
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(Heading("Current Reg:"), 0, 0);
+    grid->addWidget(m_typeLabel, 0, 1, 1, 2);
+    grid->addWidget(Heading("Current Addr:"), 1, 0);
+    grid->addWidget(m_addressLabel, 1, 1, 1, 2);
+    grid->addWidget(Heading("Value :"), 2, 0);
+    grid->addWidget(Heading("(Hex)"), 2, 1);
+    grid->addWidget(Heading("(Dec)"), 2, 2);
+    grid->addWidget(m_hexLabel, 3, 1);
+    grid->addWidget(m_decLabel, 3, 2);
+}
+
+void RegisterReadout::TypeLabel(std::string_view text) {
+    m_typeLabel->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+void RegisterReadout::Address(std::uint8_t address) {
+    m_addressLabel->setText(HexText(address));
+}
+
+void RegisterReadout::Value(std::uint8_t value) {
+    m_hexLabel->setText(HexText(value));
+    m_decLabel->setText(QString::number(value));
+}
+
+} // namespace tqx

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "support/recorded_bench.h"
+
+#include <console/register_console.h>
+#include <controls/number_entry.h>
+#include <controls/row_label.h>
+
+#include <QLabel>
+#include <QTabWidget>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tqx {
+
+/// A register console on view, on a recorded link with a chip at 58h on the printer port.
+class RegisterConsoleTest : public testing::Test {
+protected:
+    test::RecordedBench recorded;
+    Bench& bench = recorded.Bench;
+    test::RecordingLink& link = recorded.Link;
+    RegisterConsole console{bench};
+
+    void SetUp() override {
+        bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
+        console.resize(1000, 620);
+        console.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&console));
+    }
+
+    template <class Widget = QWidget>
+    Widget& Find(const QString& name) {
+        auto* widget = console.findChild<Widget*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
+        return *widget;
+    }
+
+    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
+
+    RowLabel& Row(int index) {
+        return Find<RowLabel>(QString("read_writedisplaytext(%1)").arg(index));
+    }
+
+    /// Turns to the row's tab and clicks it, as a hand does.
+    void ClickRow(int index) {
+        ShowTabOf(index);
+        QTest::mouseMove(&Row(index));
+        QTest::mouseClick(&Row(index), Qt::LeftButton);
+    }
+
+    void ShowTabOf(int index) {
+        auto& tabs = Find<QTabWidget>("RWTAB");
+        tabs.setCurrentWidget(Row(index).parentWidget());
+    }
+
+    void ClickBit(int bit) { QTest::mouseClick(&Find(QString("bit%1").arg(bit)), Qt::LeftButton); }
+
+    /// The eight digits, bit 7 first.
+    std::string Bits() {
+        std::string bits;
+        for (int bit = 7; bit >= 0; --bit) {
+            bits += Text(QString("bit%1").arg(bit));
+        }
+        return bits;
+    }
+
+    /// Types over what stands in the box, and confirms it.
+    void Enter(const char* box, const QString& keys) {
+        auto& entry = Find<NumberEntry>(box);
+        entry.selectAll();
+        QTest::keyClick(&entry, Qt::Key_Backspace);
+        QTest::keyClicks(&entry, keys);
+        QTest::keyClick(&entry, Qt::Key_Return);
+    }
+};
+
+} // namespace tqx

@@ -1,0 +1,157 @@
+#include "console/register_console_fixture.h"
+
+#include <device/register_map.h>
+
+#include <QApplication>
+
+#include <map>
+#include <set>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using enum RowColour;
+
+class RegisterConsoleRows : public RegisterConsoleTest {
+protected:
+    /// The rows that are not Plain.
+    std::map<int, RowColour> Coloured() {
+        std::map<int, RowColour> coloured;
+        for (int index = 0; index < 112; ++index) {
+            if (Row(index).ForeColor() != Plain) {
+                coloured[index] = Row(index).ForeColor();
+            }
+        }
+        return coloured;
+    }
+
+    using Colours = std::map<int, RowColour>;
+};
+
+QString QText(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+TEST_F(RegisterConsoleRows, EveryRegisterStandsOnceUnderItsTab) {
+    const auto& tabs = Find<QTabWidget>("RWTAB");
+    ASSERT_EQ(tabs.count(), 7);
+    EXPECT_EQ(console.findChildren<RowLabel*>().size(), 112);
+    std::set<std::pair<QWidget*, std::pair<int, int>>> places;
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        Find<QTabWidget>("RWTAB").setCurrentIndex(tab);
+        QApplication::processEvents();
+        for (const RegisterEntry& entry : RegisterMap) {
+            const RowLabel& row = Row(entry.Address);
+            EXPECT_EQ(row.Caption(), QText(entry.Caption));
+            EXPECT_EQ(row.toolTip(), QText(entry.Tooltip));
+            EXPECT_EQ(row.isVisible(), static_cast<int>(entry.Tab) == tab) << int{entry.Address};
+            if (row.isVisible()) {
+                places.insert({row.parentWidget(), {row.x(), row.y()}});
+                EXPECT_GE(row.width(), row.sizeHint().width()) << int{entry.Address};
+            }
+        }
+    }
+    EXPECT_EQ(places.size(), 112U) << "two rows stand on one place";
+}
+
+TEST_F(RegisterConsoleRows, NothingIsReadBeforeAClick) {
+    Find<QTabWidget>("RWTAB").setCurrentIndex(3);
+    QTest::mouseMove(&Row(0x1F));
+    EXPECT_THAT(link.Take(), IsEmpty());
+    EXPECT_EQ(Text("current_reg_type_label"), "Configuration");
+    EXPECT_EQ(Text("p_Value_read_hex_label"), "");
+    EXPECT_EQ(Bits(), "");
+    EXPECT_EQ(Text("bitname(7)"), "Bit 7");
+}
+
+TEST_F(RegisterConsoleRows, TheRowUnderThePointerLightsUpAndGoesToRest) {
+    ShowTabOf(0x18);
+    QTest::mouseMove(&Row(0x18));
+    EXPECT_EQ(Coloured(), (Colours{{0x18, Hovered}}));
+    EXPECT_EQ(console.cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(&Row(0x19));
+    EXPECT_EQ(Coloured(), (Colours{{0x19, Hovered}}));
+    QTest::mouseMove(&Find("HexTXT"));
+    EXPECT_EQ(Coloured(), Colours());
+    EXPECT_EQ(console.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(RegisterConsoleRows, AClickedRowIsTheOneSelectedAndStaysSoOnTheNextClick) {
+    for (int click = 0; click < 2; ++click) {
+        ClickRow(0x18);
+        EXPECT_EQ(Coloured(), (Colours{{0x18, Selected}}));
+        EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 18"));
+    }
+    QTest::mouseMove(&Row(0x20));
+    EXPECT_EQ(Coloured(), (Colours{{0x18, SelectedAway}, {0x20, Hovered}}));
+    QTest::mouseMove(&Row(0x18));
+    EXPECT_EQ(Coloured(), (Colours{{0x18, Selected}}));
+    QTest::mouseMove(&Find("HexTXT"));
+    EXPECT_EQ(Coloured(), (Colours{{0x18, SelectedAway}}));
+    ClickRow(0x2C);
+    EXPECT_EQ(Coloured(), (Colours{{0x2C, Selected}})) << "rows on other tabs go to rest too";
+}
+
+TEST_F(RegisterConsoleRows, ColoursOutliveAVisitElsewhere) {
+    ClickRow(0x18);
+    link.Take();
+    console.hide();
+    console.show();
+    EXPECT_EQ(Coloured().count(0x18), 1U);
+    EXPECT_THAT(link.Take(), IsEmpty());
+}
+
+TEST_F(RegisterConsoleRows, ArrowKeysMoveAndEnterSelects) {
+    ShowTabOf(0x30);
+    Row(0x30).setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(Coloured(), (Colours{{0x30, Hovered}}));
+    QTest::keyClick(&Row(0x30), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(QApplication::focusWidget(), &Row(0x51)) << "the high limit beside the value";
+    EXPECT_THAT(link.Take(), IsEmpty());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Space}) {
+        QTest::keyClick(QApplication::focusWidget(), key);
+        EXPECT_EQ(Coloured(), (Colours{{0x51, Selected}}));
+        EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 51"));
+    }
+    QTest::keyClick(&Row(0x51), Qt::Key_Up);
+    EXPECT_EQ(Coloured(), (Colours{{0x50, Hovered}, {0x51, SelectedAway}}));
+}
+
+TEST_F(RegisterConsoleRows, TabLeadsToOneRowOfAPageAndThenOn) {
+    ShowTabOf(0x30);
+    Row(0x30).setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&Row(0x30), Qt::Key_Down);
+    QTest::keyClick(&Row(0x31), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget()->objectName(), "SSRibbon5");
+    EXPECT_EQ(Coloured(), Colours());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), &Row(0x31));
+}
+
+TEST_F(RegisterConsoleRows, EveryRowShowsItsNameItsLegendsAndItsEntryFlag) {
+    for (const RegisterEntry& entry : RegisterMap) {
+        const int address = entry.Address;
+        link.Registers[entry.Address] = static_cast<std::uint8_t>(3 * address + 7);
+        ClickRow(address);
+        const unsigned value = link.Registers[entry.Address];
+        EXPECT_EQ(Text("current_reg_type_label"), entry.TypeLabel);
+        EXPECT_EQ(Text("current_reg_address_label"),
+                  QString::number(address, 16).toUpper().toStdString());
+        EXPECT_EQ(Text("p_Value_read_hex_label"),
+                  QString::number(value, 16).toUpper().toStdString());
+        EXPECT_EQ(Text("p_Value_read_dec_label"), std::to_string(value));
+        EXPECT_EQ(Bits(), QString::number(0x100 + value, 2).mid(1).toStdString());
+        for (std::size_t bit = 0; bit < 8; ++bit) {
+            EXPECT_EQ(Text(QString("bitname(%1)").arg(bit)), entry.Legends[bit]) << address;
+        }
+        for (const char* control : {"Text6", "Text7", "Command4", "Command5"}) {
+            EXPECT_EQ(Find(control).isEnabled(), entry.Entry) << address << control;
+        }
+    }
+}
+
+} // namespace
+} // namespace tqx

@@ -1,0 +1,207 @@
+#include "console/register_console_fixture.h"
+
+#include <QPushButton>
+#include <QTimer>
+
+#include <set>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RegisterConsoleTransfers : public RegisterConsoleTest {
+protected:
+    void Select(int index, std::uint8_t value) {
+        link.Registers[static_cast<std::size_t>(index)] = value;
+        ClickRow(index);
+        link.Take();
+    }
+};
+
+TEST_F(RegisterConsoleTransfers, ABitFlipReadsWritesAndReadsAgain) {
+    Select(0x18, 0x81);
+    ClickBit(4);
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 18", "BoardBus.PortAddress 378",
+                                         "BoardBus.WriteByte 58 18 91", "BoardBus.ReadByte 58 18"));
+    EXPECT_EQ(Bits(), "10010001");
+    EXPECT_EQ(Text("p_Value_read_hex_label"), "81") << "follows the next click or tick";
+    ClickBit(7);
+    EXPECT_EQ(link.Registers[0x18], 0x11);
+    EXPECT_EQ(Bits(), "00010001");
+}
+
+TEST_F(RegisterConsoleTransfers, TheFlipFollowsTheDigitAndTheOtherBitsTheChip) {
+    Select(0x18, 0x00);
+    link.Registers[0x18] = 0x0F;
+    ClickBit(0);
+    EXPECT_EQ(link.Registers[0x18], 0x0F) << "the digit said 0, so the click sets the bit";
+    EXPECT_EQ(Bits(), "00001111");
+    link.Registers[0x18] = 0xF0;
+    ClickBit(1);
+    EXPECT_EQ(link.Registers[0x18], 0xF0) << "the digit said 1, so the click clears it";
+}
+
+TEST_F(RegisterConsoleTransfers, ABitThatDoesNotStickFlipsBackAtOnce) {
+    Select(0x18, 0x40);
+    link.KeepWrites = false;
+    ClickBit(0);
+    EXPECT_EQ(Bits(), "01000000");
+}
+
+TEST_F(RegisterConsoleTransfers, BitsAreReachedAndFlippedByKeys) {
+    Select(0x18, 0x00);
+    auto* bit = &Find("bit3");
+    bit->setFocus();
+    QTest::keyClick(bit, Qt::Key_Space);
+    EXPECT_EQ(link.Registers[0x18], 0x08);
+    QTest::keyClick(bit, Qt::Key_Up);
+    EXPECT_TRUE(Find("bit7").hasFocus());
+    QTest::keyClick(&Find("bit7"), Qt::Key_Right);
+    EXPECT_TRUE(Find("bit6").hasFocus());
+    QTest::keyClick(&Find("bit6"), Qt::Key_Return);
+    EXPECT_EQ(link.Registers[0x18], 0x48);
+    EXPECT_EQ(Find("bit6").accessibleName(), "Bit 6, +12V: 1");
+}
+
+TEST_F(RegisterConsoleTransfers, ARowWithoutEntryIsDeadToBitsAndEntries) {
+    for (const int index : {0x17, 0x20, 0x22, 0x26, 0x3F}) {
+        Select(index, 0x10);
+        ClickBit(0);
+        Enter("HexTXT", "5A");
+        EXPECT_THAT(link.Take(), IsEmpty()) << index;
+        EXPECT_EQ(Bits(), "00010000");
+        EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "5A") << "what was typed stays";
+        EXPECT_EQ(Find<NumberEntry>("DecTXT").Text(), "0");
+        QTest::mouseMove(&Find("bit0"));
+        EXPECT_EQ(console.cursor().shape(), Qt::ArrowCursor);
+    }
+    for (const int index : {0x16, 0x23, 0x25}) {
+        Select(index, 0x10);
+        QTest::mouseMove(&Find("bit0"));
+        EXPECT_EQ(console.cursor().shape(), Qt::PointingHandCursor);
+        ClickBit(0);
+        EXPECT_EQ(link.Registers[static_cast<std::size_t>(index)], 0x11);
+        QTest::mouseMove(&Find("DecTXT"));
+        EXPECT_EQ(console.cursor().shape(), Qt::ArrowCursor);
+    }
+}
+
+TEST_F(RegisterConsoleTransfers, AnEntryWritesAndShowsTheByteSentWithoutReadingBack) {
+    Select(0x60, 0x12);
+    link.KeepWrites = false;
+    Enter("HexTXT", "a5");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("BoardBus.PortAddress 378", "BoardBus.WriteByte 58 60 A5"));
+    EXPECT_EQ(Bits(), "10100101");
+    EXPECT_EQ(Find<NumberEntry>("DecTXT").Text(), "165");
+    EXPECT_EQ(Text("p_Value_read_hex_label"), "12");
+    EXPECT_EQ(Text("p_Value_written_hex_label"), "A5");
+    EXPECT_EQ(Text("p_Value_written_dec_label"), "165");
+    Enter("DecTXT", "255");
+    EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "FF");
+    EXPECT_THAT(link.Take(), testing::Contains("BoardBus.WriteByte 58 60 FF"));
+    Enter("DecTXT", "255");
+    EXPECT_THAT(link.Take(), testing::Contains("BoardBus.WriteByte 58 60 FF"))
+        << "the same value again is written again";
+}
+
+TEST_F(RegisterConsoleTransfers, WhatWasWrittenIsToldOfTheRegisterOnViewOnly) {
+    Select(0x60, 0);
+    Enter("HexTXT", "7");
+    ClickRow(0x60);
+    EXPECT_EQ(Text("p_Value_written_hex_label"), "7");
+    ClickRow(0x61);
+    EXPECT_EQ(Text("p_Value_written_hex_label"), "");
+    EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "7") << "a write field keeps its entry";
+}
+
+TEST_F(RegisterConsoleTransfers, BeforeTheFirstClickAnEntryGoesToRegisterZero) {
+    bench.Bus.BusCell.RegisterPointer = 0x44;
+    Enter("DecTXT", "3");
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.PortAddress 378", "BoardBus.WriteByte 58 0 3"));
+}
+
+TEST_F(RegisterConsoleTransfers, WhatIsNoByteIsNeverSent) {
+    Select(0x60, 0);
+
+    struct {
+        const char* Box;
+        const char* Keys;
+        const char* Kept; // what can be typed of it
+        const char* Sent; // null: nothing
+    } const table[] = {
+        {"HexTXT", "", "", nullptr},
+        {"HexTXT", "xyz", "", nullptr},
+        {"HexTXT", "1G", "1", "BoardBus.WriteByte 58 60 1"},
+        {"HexTXT", "1FF", "1F", "BoardBus.WriteByte 58 60 1F"},
+        {"DecTXT", "", "", nullptr},
+        {"DecTXT", "256", "25", "BoardBus.WriteByte 58 60 19"},
+        {"DecTXT", "-1", "1", "BoardBus.WriteByte 58 60 1"},
+    };
+
+    for (const auto& row : table) {
+        Enter(row.Box, row.Keys);
+        EXPECT_EQ(Find<NumberEntry>(row.Box).Text(), row.Kept) << row.Keys;
+        const auto calls = link.Take();
+        if (row.Sent == nullptr) {
+            EXPECT_THAT(calls, IsEmpty()) << row.Keys;
+        } else {
+            EXPECT_THAT(calls, testing::Contains(row.Sent)) << row.Keys;
+        }
+    }
+    auto& hex = Find<NumberEntry>("HexTXT");
+    hex.Text("1FF");
+    QTest::keyClick(&hex, Qt::Key_Return);
+    EXPECT_THAT(link.Take(), IsEmpty()) << "set by program";
+}
+
+TEST_F(RegisterConsoleTransfers, ATickOfContinuousReadingIsOneTransfer) {
+    Select(0x1F, 0x19);
+    auto& toggle = Find<QPushButton>("SSRibbon5");
+    auto& timer = Find<QTimer>("Timer3");
+    QTest::mouseClick(&toggle, Qt::LeftButton);
+    EXPECT_EQ(timer.interval(), 1);
+    EXPECT_EQ(Text("continuous_reading_label"), "Continuous Reading is On");
+    link.Registers[0x1F] = 0x2A;
+    ASSERT_TRUE(QTest::qWaitFor([&] { return link.Calls.size() >= 3; }, 1000));
+    EXPECT_EQ(std::set<std::string>(link.Calls.begin(), link.Calls.end()),
+              std::set<std::string>{"BoardBus.ReadByte 58 1F"});
+    EXPECT_EQ(Text("p_Value_read_hex_label"), "2A");
+    EXPECT_EQ(Text("p_Value_read_dec_label"), "42");
+    EXPECT_EQ(Bits(), "00101010");
+
+    bench.Bus.BusCell.RegisterPointer = 0x70;
+    link.Take();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !link.Calls.empty(); }, 1000));
+    EXPECT_EQ(link.Calls.front(), "BoardBus.ReadByte 58 70") << "the pointer of the moment";
+    EXPECT_EQ(Text("current_reg_address_label"), "70");
+
+    console.StopContinuousReading();
+    EXPECT_FALSE(timer.isActive());
+    EXPECT_FALSE(toggle.isChecked());
+    EXPECT_EQ(Text("continuous_reading_label"), "Continuous Reading is Off");
+    toggle.click();
+    EXPECT_TRUE(timer.isActive());
+    toggle.click();
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST_F(RegisterConsoleTransfers, AFailedWriteLeavesNoFlipAndNoByteOnThePanel) {
+    Select(0x60, 0x0F);
+    link.FailOn = "BoardBus.WriteByte";
+    EXPECT_THROW(ClickBit(7), LinkError);
+    EXPECT_EQ(Bits(), "00001111");
+    EXPECT_THROW(Enter("HexTXT", "FF"), LinkError);
+    EXPECT_EQ(Text("p_Value_written_hex_label"), "");
+
+    link.FailOn.clear();
+    ClickRow(0x60);
+    EXPECT_EQ(Bits(), "00001111") << "the digits follow the chip again";
+    ClickBit(7);
+    EXPECT_EQ(link.Registers[0x60], 0x8F);
+}
+
+} // namespace
+} // namespace tqx
