@@ -7,4 +7,5 @@ if [ $# -gt 0 ]; then
     printf '%s\0' "$@"
 else
     git ls-files -z -- 'src/*.cpp' 'tests/*.cpp' 'benchmarks/*.cpp'
-fi | xargs -0 -r -n 1 -P "$(nproc)" clang-tidy -p build/release --quiet
+fi | xargs -0 -r -n 1 -P "$(nproc)" clang-tidy -p build/release --quiet \
+    --extra-arg=-Wno-unknown-warning-option

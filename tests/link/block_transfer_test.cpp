@@ -63,9 +63,9 @@ protected:
     }
 
     static std::vector<std::string> Lines(const std::vector<std::string>& operations) {
-        std::vector<std::string> lines;
-        for (const std::string& operation : operations) {
-            lines.push_back("BoardBus." + operation);
+        std::vector<std::string> lines = operations;
+        for (std::string& line : lines) {
+            line.insert(0, "BoardBus.");
         }
         return lines;
     }

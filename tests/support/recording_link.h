@@ -4,6 +4,7 @@
 #include <link/link_server.h>
 
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <map>
@@ -137,7 +138,7 @@ public:
     void EEPROMTarget(bool target) override { Note("BoardBus.EEPROMTarget", {target}); }
 
     void ByteDelay(float seconds) override {
-        Note("BoardBus.ByteDelay us", {static_cast<int>(seconds * 1e6F + 0.5F)});
+        Note("BoardBus.ByteDelay us", {static_cast<int>(std::lround(seconds * 1e6F))});
     }
 
     void BlockRead(std::uint8_t first, std::uint8_t second, std::uint8_t& out) override {
