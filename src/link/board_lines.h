@@ -1,9 +1,12 @@
 #pragma once
 
 #include "link/line_layer.h"
+#include "link/parallel_port.h"
 #include "printer_ports.h"
 
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace tqx {
 

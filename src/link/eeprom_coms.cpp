@@ -1,12 +1,8 @@
 #include "link/eeprom_coms.h"
 
+#include "link/slave_address.h"
+
 namespace tqx {
-
-namespace {
-
-constexpr std::uint8_t ReadBit = 0x01;
-
-} // namespace
 
 EEPROMComs::EEPROMComs(LineLayer& lines)
     : m_lines(lines) {}
@@ -14,7 +10,7 @@ EEPROMComs::EEPROMComs(LineLayer& lines)
 std::uint8_t EEPROMComs::ReadEEPROM() {
     StartAtAddress();
     m_lines.LineStart();
-    SendAcknowledged(m_slaveAddress | ReadBit);
+    SendAcknowledged(ReadAddress(m_slaveAddress));
     const std::uint8_t value = m_lines.ClockInByte();
     m_lines.ClockNack();
     m_lines.LineStop();
@@ -29,7 +25,7 @@ void EEPROMComs::WriteEEPROM() {
 
 void EEPROMComs::StartAtAddress() {
     m_lines.LineStart();
-    SendAcknowledged(m_slaveAddress & ~ReadBit);
+    SendAcknowledged(WriteAddress(m_slaveAddress));
     SendAcknowledged(m_highByte);
     SendAcknowledged(m_lowByte);
 }

@@ -1,5 +1,7 @@
 #include "port_board_bus.h"
 
+#include "link/slave_address.h"
+
 #include <algorithm>
 #include <cstddef>
 
@@ -7,7 +9,6 @@ namespace tqx {
 
 namespace {
 
-constexpr std::uint8_t ReadBit = 0x01;
 constexpr std::uint8_t BlockWriteCommand = 0xA0;
 constexpr std::uint8_t BlockReadCommand = 0xA1;
 
@@ -63,11 +64,11 @@ void PortBoardBus::BoardMode(bool mode) {
 std::uint8_t PortBoardBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
     return m_board.Transfer([&] {
         BusStart();
-        SendAcknowledged(address & ~ReadBit);
+        SendAcknowledged(WriteAddress(address));
         SendAcknowledged(reg);
         BusRelease();
         BusStart();
-        SendAcknowledged(address | ReadBit);
+        SendAcknowledged(ReadAddress(address));
         const std::uint8_t value = ReadBusByte();
         SendNack();
         BusStop();
@@ -78,7 +79,7 @@ std::uint8_t PortBoardBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
 void PortBoardBus::WriteByte(std::uint8_t address, std::uint8_t reg, std::uint8_t value) {
     m_board.Transfer([&] {
         BusStart();
-        SendAcknowledged(address & ~ReadBit);
+        SendAcknowledged(WriteAddress(address));
         SendAcknowledged(reg);
         SendAcknowledged(value);
         BusStop();
@@ -129,7 +130,7 @@ void PortBoardBus::BusRelease() {
 }
 
 void PortBoardBus::SendBusByte(std::uint8_t value) {
-    m_board.Transfer([=, this] { m_board.Lines.ClockOutByte(value); });
+    m_board.Transfer([this, value] { m_board.Lines.ClockOutByte(value); });
 }
 
 void PortBoardBus::WaitAck() {

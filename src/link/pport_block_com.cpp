@@ -1,6 +1,7 @@
 #include "link/pport_block_com.h"
 
 #include "link/pec.h"
+#include "link/slave_address.h"
 
 #include <cstddef>
 #include <span>
@@ -9,8 +10,6 @@
 namespace tqx {
 
 namespace {
-
-constexpr std::uint8_t ReadBit = 0x01;
 
 /// The only count that a block read takes.
 constexpr std::uint8_t ReadCount = 32;
@@ -41,7 +40,7 @@ void PPortBlockCom::BlockWrite() {
     const auto data = Part(m_writeFrame, m_byteCount + WriteHead).subspan(WriteHead);
     m_bus.BusRelease();
     m_bus.BusStart();
-    SendAcknowledged(m_slaveAddress & ~ReadBit);
+    SendAcknowledged(WriteAddress(m_slaveAddress));
     SendAcknowledged(m_commandCode);
     SendAcknowledged(m_byteCount);
     m_writeFrame[0] = m_slaveAddress;
@@ -58,13 +57,13 @@ void PPortBlockCom::BlockWrite() {
 }
 
 void PPortBlockCom::BlockRead() {
-    m_readFrame[0] = m_slaveAddress | ReadBit;
+    m_readFrame[0] = ReadAddress(m_slaveAddress);
     m_bus.BusStart();
-    SendAcknowledged(m_slaveAddress & ~ReadBit);
+    SendAcknowledged(WriteAddress(m_slaveAddress));
     SendAcknowledged(m_commandCode);
     m_bus.BusRelease();
     m_bus.BusStart();
-    SendAcknowledged(m_slaveAddress | ReadBit);
+    SendAcknowledged(ReadAddress(m_slaveAddress));
     m_byteCount = m_bus.ReadBusByte();
     if (m_byteCount != ReadCount) {
         if (m_setup.Notice) {
@@ -99,7 +98,7 @@ std::uint8_t PPortBlockCom::PECValue(std::int16_t direction) {
     m_writeFrame[0] = m_slaveAddress;
     m_writeFrame[1] = m_commandCode;
     m_writeFrame[2] = m_byteCount;
-    m_readFrame[0] = m_slaveAddress | ReadBit;
+    m_readFrame[0] = ReadAddress(m_slaveAddress);
     m_readFrame[1] = m_byteCount;
 
     std::span<const std::uint8_t> covered;

@@ -3,7 +3,9 @@
 #include "support/scripted_line_port.h"
 
 #include <link/line_layer.h>
+#include <link/short_wait.h>
 
+#include <chrono>
 #include <gtest/gtest.h>
 #include <string>
 
@@ -85,6 +87,12 @@ TEST_P(Lines, KeepTheBusNearAndNeverAbove100kHz) {
     setup.BitDelayCount = 0;
     lines.LineStop();
     EXPECT_EQ(board.Delayed, 2 * BitDelayRound);
+}
+
+TEST(ShortWait, TakesAtLeastItsTime) {
+    const auto before = std::chrono::steady_clock::now();
+    ShortWait(300us);
+    EXPECT_GE(std::chrono::steady_clock::now() - before, 300us);
 }
 
 INSTANTIATE_TEST_SUITE_P(OnBothWirings, Lines, testing::Bool());

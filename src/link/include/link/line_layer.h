@@ -41,7 +41,8 @@ public:
     /// Sends one byte, most significant bit first; the acknowledge is a call of its own.
     void ClockOutByte(std::uint8_t value);
     /// The clock of the slave's acknowledge. Gives the level of the data line: True (high) when
-    /// the slave did not acknowledge.
+    /// the slave did not acknowledge. Its end pulls the data line low ahead of the clock, so that
+    /// slaves take a missing acknowledge for a start and listen for an address again.
     bool ClockAck();
     /// Takes one byte in, most significant bit first.
     std::uint8_t ClockInByte();

@@ -4,6 +4,7 @@
 #include "link/link_server.h"
 #include "link/parallel_port.h"
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
