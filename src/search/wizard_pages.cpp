@@ -1,0 +1,271 @@
+#include "wizard_pages.h"
+
+#include "search/result_rows.h"
+
+#include <controls/look.h>
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tqx {
+namespace {
+
+constexpr int Gap = 4 * look::Grid;
+/// Where a text that explains a check box begins: under the box's own text.
+constexpr int ExplanationIndent = 6 * look::Grid;
+
+QString Tr(const char* text) {
+    return QCoreApplication::translate("InitForm", text);
+}
+
+QLabel* Text(const QString& name, const QString& text) {
+    auto* label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+QLabel* Heading(const QString& name, const QString& text) {
+    QLabel* label = Text(name, text);
+    label->setFont(look::WordsFont(15, QFont::Bold));
+    return label;
+}
+
+QLabel* Advice(const QString& name, const QString& text) {
+    QLabel* label = Text(name, text);
+    label->setIndent(ExplanationIndent);
+    look::SetInk(*label, look::GreenInk);
+    return label;
+}
+
+QCheckBox* Medium(const QString& name, const QString& text, const QString& key,
+                  const QString& tooltip) {
+    auto* box = new QCheckBox(text);
+    box->setObjectName(name);
+    box->setShortcut(QKeySequence(key));
+    box->setToolTip(tooltip);
+    box->setFont(look::WordsFont(10.5, QFont::DemiBold));
+    return box;
+}
+
+QVBoxLayout* PageLayout(QWidget* page) {
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins({});
+    layout->setSpacing(Gap);
+    return layout;
+}
+
+/// Shows a row without its tail, which is for Finish alone.
+class SentenceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, 2 * look::Grid);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->text = SentenceOfRow(option->text);
+    }
+};
+
+} // namespace
+
+WelcomePage::WelcomePage(QWidget* parent)
+    : QWidget(parent)
+    , SkipCMD(new QPushButton(Tr("Skip"))) {
+    setObjectName("WelcomePanel");
+    SkipCMD->setObjectName("SkipCMD");
+    SkipCMD->setShortcut(QKeySequence("Alt+K"));
+    SkipCMD->setToolTip(Tr("Open the main window without a chip (Alt+K)"));
+
+    QLabel* welcome = Text("WelcomeLBL", Tr("This TQX7716 Search Wizard will find any TQX7716s "
+                                            "that can be controlled by this software"));
+    welcome->setFont(look::WordsFont(15, QFont::DemiBold));
+    QVBoxLayout* page = PageLayout(this);
+    page->addWidget(welcome);
+    page->addWidget(Text("WelcomeInstructionsLBL", Tr("Click 'Next' to start.")));
+    page->addStretch();
+    page->addWidget(Text("Label1", Tr("Click \"Skip\" to skip this process (you will not be able "
+                                      "to communicate with the TQX7716).")));
+    page->addWidget(SkipCMD, 0, Qt::AlignLeft);
+}
+
+MediumPage::MediumPage(QWidget* parent)
+    : QWidget(parent)
+    , PPCheck(Medium("PPCheck", Tr("Parallel Printer Port"), "Alt+P",
+                     Tr("Search the printer ports of this machine (Alt+P)")))
+    , SMBusCheck(Medium("SMBusCheck", Tr("On-Board SMBus"), "Alt+S",
+                        Tr("Search the SMBus on this machine's main board (Alt+S)")))
+    , SMBusSearchDescLBL(Advice("SMBusSearchDescLBL", {}))
+    , SMBusBaseAddressTXT(new QLineEdit("00000"))
+    , USBCheck(Medium("USBCheck", Tr("USB"), {}, {}))
+    , USBSearchDescLBL(Advice("USBSearchDescLBL", {})) {
+    setObjectName("SeclectComsMediumPanel");
+    PPCheck->setChecked(true);
+    USBCheck->setEnabled(false);
+    USBCheck->hide();
+    USBSearchDescLBL->hide();
+    SMBusBaseAddressTXT->setObjectName("SMBusBaseAddressTXT");
+    SMBusBaseAddressTXT->setAccessibleName(Tr("SMBus base address, hexadecimal"));
+    SMBusBaseAddressTXT->setToolTip(
+        Tr("Base address of the SMBus host controller (SMBBA) as the link gives it, hexadecimal.\n"
+           "A number typed here is for your notes: the link takes no base address."));
+    SMBusBaseAddressTXT->setFont(look::NumbersFont());
+    SMBusBaseAddressTXT->setFixedWidth(28 * look::Grid);
+    SMBusBaseAddressTXT->setValidator(new QRegularExpressionValidator(
+        QRegularExpression("[0-9A-Fa-f]{0,8}"), SMBusBaseAddressTXT));
+
+    auto* address = new QHBoxLayout;
+    address->addSpacing(ExplanationIndent);
+    address->addWidget(SMBusBaseAddressTXT);
+    address->addStretch();
+    QVBoxLayout* page = PageLayout(this);
+    page->setSpacing(2 * look::Grid);
+    page->addWidget(Heading("MediumHeadingLBL", Tr("Search Medium")));
+    page->addSpacing(Gap);
+    page->addWidget(PPCheck);
+    page->addWidget(Advice("PPSearchDescLBL", Tr("Remember to connect the TQX7716 evaluation "
+                                                 "board to the printer port")));
+    page->addSpacing(Gap);
+    page->addWidget(SMBusCheck);
+    page->addWidget(SMBusSearchDescLBL);
+    page->addLayout(address);
+    page->addSpacing(Gap);
+    page->addWidget(USBCheck);
+    page->addWidget(USBSearchDescLBL);
+    page->addStretch();
+    page->addWidget(Text("SearchMediumInstLBL", Tr("Click 'Next' to search for the TQX7716.")));
+}
+
+SearchMedia MediumPage::Checked() const {
+    return {.PrinterPort = PPCheck->isChecked(),
+            .SMBus = SMBusCheck->isChecked(),
+            .USB = USBCheck->isChecked()};
+}
+
+void MediumPage::OfferSMBus(std::uint32_t baseAddress) {
+    SMBusSearchDescLBL->setText(Tr("The Southbridge or ICH of Intel chipsets. For unsupported "
+                                   "Intel chipsets, enter SMBBA here (Hex)."));
+    SMBusBaseAddressTXT->setText(Hex(baseAddress));
+}
+
+void MediumPage::RefuseSMBus() {
+    SMBusSearchDescLBL->setText(
+        Tr("Sorry, SMBus communication is only supported on Windows 95,98 and ME."));
+    look::SetInk(*SMBusSearchDescLBL, look::DarkRedInk);
+    SMBusCheck->setChecked(false);
+    SMBusCheck->setEnabled(false);
+    SMBusBaseAddressTXT->setEnabled(false);
+}
+
+void MediumPage::RefuseUSB() {
+    USBSearchDescLBL->setText(Tr("Sorry, USB communication is not supported on Windows 95."));
+    look::SetInk(*USBSearchDescLBL, look::DarkRedInk);
+    USBCheck->setChecked(false);
+    USBCheck->setEnabled(false);
+}
+
+SearchingPage::SearchingPage(QWidget* parent)
+    : QWidget(parent)
+    , SearchProgress(new QProgressBar) {
+    setObjectName("SearchingPanel");
+    SearchProgress->setObjectName("SearchProgress");
+    SearchProgress->setAccessibleName(Tr("Progress of the search"));
+    SearchProgress->setRange(0, 100);
+    SearchProgress->setValue(0);
+    SearchProgress->setTextVisible(false);
+
+    QVBoxLayout* page = PageLayout(this);
+    page->addWidget(Heading("SearchingLBL", Tr("Searching")));
+    page->addWidget(
+        Text("SearchingDetailsLBL", Tr("Please wait while searching for available TQX7716s.")));
+    page->addWidget(SearchProgress);
+    page->addStretch();
+}
+
+void SearchingPage::Max(int max) {
+    SearchProgress->setMaximum(max);
+}
+
+void SearchingPage::Step(int step) {
+    SearchProgress->setValue(std::min(SearchProgress->value() + step, SearchProgress->maximum()));
+    repaint();
+}
+
+void SearchingPage::Rewind() {
+    SearchProgress->setValue(0);
+}
+
+ResultsPage::ResultsPage(QWidget* parent)
+    : QWidget(parent)
+    , SearchResultsLIST(new QListWidget)
+    , SearchResultsLBL(
+          Text("SearchResultsLBL", Tr("Please select one of the TQX7716s found above.")))
+    , SearchInsLBL(Text("SearchInsLBL", Tr("Click 'Next' to Continue")))
+    , SearchNotesLBL(Text("SearchNotesLBL", {})) {
+    setObjectName("SearchResultsPanel");
+    SearchResultsLIST->setObjectName("SearchResultsLIST");
+    SearchResultsLIST->setAccessibleName(Tr("TQX7716s found"));
+    SearchResultsLIST->setToolTip(Tr("A double click on a row takes that chip"));
+    SearchResultsLIST->setFont(look::NumbersFont(9.5));
+    SearchResultsLIST->setItemDelegate(new SentenceDelegate(SearchResultsLIST));
+    SearchResultsLIST->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    look::SetInk(*SearchNotesLBL, look::QuietInk);
+    SearchNotesLBL->hide();
+
+    QVBoxLayout* page = PageLayout(this);
+    page->addWidget(Heading("SearchResultsDescLBL", Tr("Search Results")));
+    page->addWidget(SearchResultsLIST, 1);
+    page->addWidget(SearchResultsLBL);
+    page->addWidget(SearchNotesLBL);
+    page->addWidget(SearchInsLBL);
+}
+
+void ResultsPage::ShowRows(const std::vector<ResultRow>& rows, const QStringList& notes) {
+    SearchResultsLIST->clear();
+    for (const ResultRow& row : rows) {
+        auto* item = new QListWidgetItem(row.Text, SearchResultsLIST);
+        item->setData(Qt::AccessibleTextRole, SentenceOfRow(row.Text));
+        item->setToolTip(row.Remark);
+    }
+    SearchResultsLIST->setCurrentRow(0);
+    if (rows.empty()) {
+        SearchResultsLBL->setText(
+            Tr("Sorry, no TQX7716s were found. Please check all connections and try again"));
+        SearchInsLBL->setText(Tr("Click Back to continue..."));
+    } else {
+        SearchResultsLBL->setText(Tr("Please select one of the TQX7716s found above."));
+        SearchInsLBL->setText(Tr("Click 'Finish' to Continue"));
+    }
+    SearchNotesLBL->setText(notes.join('\n'));
+    SearchNotesLBL->setVisible(!notes.isEmpty());
+}
+
+void ResultsPage::Clear() {
+    SearchResultsLIST->clear();
+}
+
+int ResultsPage::SelectedRow() const {
+    return SearchResultsLIST->currentRow();
+}
+
+QString ResultsPage::SelectedText() const {
+    const QListWidgetItem* item = SearchResultsLIST->currentItem();
+    return item ? item->text() : QString();
+}
+
+} // namespace tqx
