@@ -1,0 +1,139 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include <chrono>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+namespace tqx {
+
+/// Where a chart takes the time from.
+struct StripClock {
+    /// Goes on evenly and never back; says when a sample came.
+    std::function<std::chrono::nanoseconds()> Steady;
+    /// The clock on the wall; only names moments.
+    std::function<std::chrono::system_clock::time_point()> Wall;
+
+    /// The clocks of this machine.
+    static StripClock Machine();
+};
+
+/// How a chart asks where to save and tells what went wrong; replaced where no one can click.
+struct StripDoors {
+    /// A save dialog that starts on `suggested`. The name chosen, or empty when it was cancelled.
+    std::function<QString(QWidget* parent, const QString& title, const QString& suggested,
+                          const QString& filter)>
+        SaveFileName;
+    std::function<void(QWidget* parent, const QString& title, const QString& text)> Message;
+
+    /// The dialogs of the desktop.
+    static StripDoors Desktop();
+};
+
+/// A strip chart of 18 numbered variables on white paper: numbered captions, a time axis that
+/// follows the clock, and the whole run in bounded memory.
+///
+/// The inner pair YLow and YHigh is the range on view at the start, the outer pair YFloor and
+/// YCeiling bounds every zoom. Setting any of the four returns to the inner pair. Colours are
+/// 0x00BBGGRR.
+///
+/// What the user's hand does (freezing, zooming, hiding traces, cursors) never changes what a
+/// program sees through the properties, and no sample is lost by it.
+class StripChart : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(int StripSetting24 READ StripSetting24 WRITE StripSetting24)
+    Q_PROPERTY(double YFloor READ YFloor WRITE YFloor)
+    Q_PROPERTY(double YLow READ YLow WRITE YLow)
+    Q_PROPERTY(double YCeiling READ YCeiling WRITE YCeiling)
+    Q_PROPERTY(double YHigh READ YHigh WRITE YHigh)
+    Q_PROPERTY(int CaptionIndex READ CaptionIndex WRITE CaptionIndex)
+    Q_PROPERTY(QString Caption READ Caption WRITE Caption)
+    Q_PROPERTY(quint32 CaptionColor READ CaptionColor WRITE CaptionColor)
+    Q_PROPERTY(int VariableIndex READ VariableIndex WRITE VariableIndex)
+    Q_PROPERTY(quint32 VariableColor READ VariableColor)
+    Q_PROPERTY(bool Antialiased READ Antialiased WRITE Antialiased)
+
+public:
+    explicit StripChart(QWidget* parent = nullptr);
+    ~StripChart() override;
+
+    /// Adds a sample to the trace of `variable`, 0 to 17; others are ignored. It is stamped with
+    /// the chart's clock. Takes constant time and draws nothing: the next frame does. A value that
+    /// is not a number leaves a gap.
+    void AddStripPoint(std::int16_t variable, double value);
+
+    /// Empties the chart and returns to the last 60 s, with every trace shown and no cursor.
+    void ClearStrip();
+
+    /// Kept for the program; the chart has no use for it.
+    int StripSetting24() const;
+    void StripSetting24(int value);
+
+    double YFloor() const;
+    void YFloor(double value);
+    double YLow() const;
+    void YLow(double value);
+    double YCeiling() const;
+    void YCeiling(double value);
+    double YHigh() const;
+    void YHigh(double value);
+
+    /// The caption that Caption and CaptionColor address: 0 the title, 1 "Time=", which cannot be
+    /// changed, 2 + n the legend line of variable n. One that is none reads empty and takes
+    /// nothing.
+    int CaptionIndex() const;
+    void CaptionIndex(int index);
+    QString Caption() const;
+    void Caption(const QString& text);
+    std::uint32_t CaptionColor() const;
+    void CaptionColor(std::uint32_t colour);
+
+    /// The variable that VariableColor addresses.
+    int VariableIndex() const;
+    void VariableIndex(int index);
+    std::uint32_t VariableColor() const;
+
+    /// Whether the ends of lines are smoothed; they are unless this is switched off.
+    bool Antialiased() const;
+    void Antialiased(bool smoothed);
+
+    /// Replaces the clock and empties the chart, whose times were the old one's.
+    void Clock(StripClock clock);
+
+    /// Replaces the dialogs.
+    void Doors(StripDoors doors);
+
+    /// Draws what came since the last frame. The chart calls it 60 times a second while samples
+    /// come.
+    void DrawFrame();
+
+    /// The view that a chart starts with: the last 60 s in the starting range.
+    void ShowLive();
+
+    /// All that came since the chart was emptied; goes on with the run.
+    void ShowWholeRun();
+
+    /// The chart as it stands, without its buttons, in pixels of the screen.
+    QImage Picture();
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    struct Parts;
+    void BoundValues();
+    void Relayout();
+
+    std::unique_ptr<Parts> m_parts;
+};
+
+} // namespace tqx

@@ -1,0 +1,232 @@
+#include "strip_chart_layers.h"
+
+#include "controls/look.h"
+
+#include <QDateTime>
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <cmath>
+
+namespace tqx {
+namespace {
+
+constexpr int ValueLabelGap = 34; ///< least distance of two value labels
+constexpr int TimeLabelGap = 92;  ///< least distance of two time labels
+constexpr int LeastLegendName = 72;
+constexpr int MostLegendName = 180;
+
+QFont TitleFont() {
+    return look::WordsFont(11, QFont::DemiBold);
+}
+
+QFont LabelFont() {
+    return look::NumbersFont(8.5);
+}
+
+QFont LegendFont(int lineHeight) {
+    QFont font = look::WordsFont(9);
+    if (lineHeight < 16) {
+        font.setPixelSize(std::max(lineHeight - 3, 6));
+    }
+    return font;
+}
+
+QString TickText(StripTime wall, StripTime step) {
+    const StripTime fraction = wall % StripSecond;
+    if (step < StripSecond && fraction != 0) {
+        const int digits = step < StripSecond / 10 ? 2 : 1;
+        return QString::number(static_cast<double>(fraction) / 1e9, 'f', digits).mid(1);
+    }
+    return StripClockText(wall);
+}
+
+} // namespace
+
+QString StripClockText(StripTime wall) {
+    return QDateTime::fromMSecsSinceEpoch(wall / 1'000'000).toString(QStringLiteral("HH mm ss"));
+}
+
+void StripLayers::InvalidateInks() {
+    m_stillValid = false;
+    m_paper.Invalidate();
+}
+
+StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
+    const QFontMetrics labels(LabelFont());
+    const QFontMetrics legend(look::WordsFont(9));
+    StripTextSizes sizes{};
+    sizes.TitleHeight = std::max(QFontMetrics(TitleFont()).height(), 24);
+    sizes.TimeCaptionWidth =
+        QFontMetrics(look::WordsFont(9)).horizontalAdvance(model.Captions[TimeCaption].Text) +
+        labels.horizontalAdvance(QStringLiteral(" 00 00 00")) + 4;
+    sizes.LabelHeight = labels.height();
+    sizes.ValueLabelWidth = labels.horizontalAdvance(QStringLiteral("-00.00"));
+    for (int variable = 0; variable < StripLegendLines; ++variable) {
+        sizes.LegendNameWidth =
+            std::max(sizes.LegendNameWidth, legend.horizontalAdvance(model.Legend(variable)) + 4);
+    }
+    sizes.LegendNameWidth = std::clamp(sizes.LegendNameWidth, LeastLegendName, MostLegendName);
+    return sizes;
+}
+
+QRect StripLayers::OnScreen(const QRect& rect) const {
+    const auto pixel = [this](int position) {
+        return static_cast<int>(std::lround(position * m_pixelRatio));
+    };
+    return {QPoint(pixel(rect.left()), pixel(rect.top())),
+            QPoint(pixel(rect.right() + 1) - 1, pixel(rect.bottom() + 1) - 1)};
+}
+
+void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio,
+                         int buttonsWidth) {
+    if (!m_valid || size != m_size || pixelRatio != m_pixelRatio) {
+        m_valid = true;
+        m_size = size;
+        m_pixelRatio = pixelRatio;
+        m_layout = LayOutStrip(size, MeasureTexts(model), buttonsWidth);
+        m_paperOnScreen = OnScreen(m_layout.Paper);
+        m_paper.Resize(m_paperOnScreen.size());
+        model.View.ColumnCount(m_paperOnScreen.width());
+        m_stillValid = false;
+    }
+    if (!m_stillValid || model.View.Values() != m_stillValues) {
+        m_stillValues = model.View.Values();
+        m_valueStep = StripValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
+        DrawStill(model);
+        m_stillValid = true;
+    }
+}
+
+QRegion StripLayers::DrawFrame(const StripModel& model) {
+    m_timeStep = StripTimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
+    StripPaperSetup setup;
+    setup.View = model.View;
+    setup.Inks = model.Inks;
+    setup.Wall = &model.Wall;
+    setup.Zone = &model.Zone;
+    setup.TimeStep = m_timeStep;
+    setup.ValueStep = m_valueStep;
+    setup.PixelRatio = m_pixelRatio;
+    setup.Antialiased = model.Antialiased;
+    const StripPaper::Change change = m_paper.Draw(model.History, setup);
+    QRegion changed;
+    if (!change.Empty()) {
+        const double left = m_layout.Paper.left();
+        const int begin = static_cast<int>(std::floor(left + change.Begin / m_pixelRatio)) - 1;
+        const int end = static_cast<int>(std::ceil(left + change.End / m_pixelRatio)) + 1;
+        changed = QRect(begin, m_layout.Paper.top(), end - begin, m_layout.Paper.height())
+                      .intersected(m_layout.Paper);
+        if (change.End - change.Begin == m_paper.Size().width()) {
+            changed += m_layout.TimeLabels;
+        }
+    }
+    const std::int64_t second = model.Wall.At(model.History.Newest()) / StripSecond;
+    if (second != m_shownSecond) {
+        m_shownSecond = second;
+        changed += m_layout.TimeCaption;
+    }
+    return changed;
+}
+
+void StripLayers::DrawStill(const StripModel& model) {
+    m_still = QImage((QSizeF(m_size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
+    m_still.fill(look::Paper);
+    QPainter painter(&m_still);
+    painter.scale(m_pixelRatio, m_pixelRatio);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    painter.setFont(TitleFont());
+    painter.setPen(QColor(look::PaperInk));
+    painter.drawText(
+        m_layout.Title, Qt::AlignLeft | Qt::AlignVCenter,
+        QFontMetrics(painter.font())
+            .elidedText(model.Captions[TitleCaption].Text, Qt::ElideRight, m_layout.Title.width()));
+
+    painter.setFont(LabelFont());
+    painter.setPen(QColor(look::QuietInk));
+    const QRect& paper = m_layout.Paper;
+    const int decimals = StripDecimals(m_valueStep);
+    for (const double tick : StripValueTicks(m_stillValues, m_valueStep)) {
+        const int row =
+            paper.top() +
+            static_cast<int>(std::lround(StripRow(tick, m_stillValues, paper.height())));
+        const QRect label(m_layout.ValueLabels.left(), row - 10, m_layout.ValueLabels.width(), 20);
+        const double shown = std::abs(tick) < m_valueStep / 2 ? 0.0 : tick;
+        painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter,
+                         QString::number(shown, 'f', decimals));
+    }
+    DrawLegend(painter, model);
+
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(QColor(look::Rule), 0));
+    painter.drawRect(QRectF(paper).adjusted(-1, -1, 0, 0));
+}
+
+void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
+    painter.setFont(LegendFont(m_layout.LegendLineHeight));
+    for (int variable = 0; variable < StripLegendLines; ++variable) {
+        const QString& name = model.Legend(variable);
+        if (name.isEmpty()) {
+            continue;
+        }
+        const QRect line = StripLegendLine(m_layout, variable);
+        const QRgb colour =
+            model.Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Colour;
+        const bool shown = model.Ink(variable).Shown;
+        const QRectF swatch(line.left() + 0.5, line.center().y() - 2, StripSwatchWidth - 1, 5);
+        const bool cased = ContrastRatio(colour, look::Paper) < LeastStripContrast;
+        painter.setPen(shown ? (cased ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen))
+                             : QPen(QColor(look::Rule), 1));
+        painter.setBrush(shown ? QBrush(QColor(colour)) : QBrush(Qt::NoBrush));
+        painter.drawRoundedRect(swatch, 1.5, 1.5);
+        painter.setPen(QColor(shown ? look::PaperInk : look::QuietInk));
+        QFont font = painter.font();
+        font.setStrikeOut(!shown);
+        painter.setFont(font);
+        const QRect text = line.adjusted(StripSwatchWidth + 8, 0, 0, 0);
+        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                         QFontMetrics(font).elidedText(name, Qt::ElideRight, text.width()));
+    }
+}
+
+void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripModel& model) const {
+    painter.save();
+    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+    for (const QRect& rect : region) {
+        const QRect part = OnScreen(rect);
+        if (!m_paperOnScreen.contains(part)) {
+            painter.drawImage(part.topLeft(), m_still, part);
+        }
+        m_paper.CopyTo(painter, m_paperOnScreen.topLeft(), part);
+    }
+    painter.restore();
+    if (region.intersects(m_layout.TimeLabels)) {
+        PaintTimes(painter, model);
+    }
+    if (region.intersects(m_layout.TimeCaption) && !model.History.Empty()) {
+        painter.setPen(QColor(look::QuietInk));
+        painter.setFont(LabelFont());
+        painter.drawText(m_layout.TimeCaption, Qt::AlignRight | Qt::AlignVCenter,
+                         StripClockText(model.Wall.At(model.History.Newest())));
+        painter.setFont(look::WordsFont(9));
+        painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
+                         model.Captions[TimeCaption].Text);
+    }
+}
+
+void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
+    painter.setFont(LabelFont());
+    painter.setPen(QColor(look::QuietInk));
+    const StripColumns columns = model.View.Columns();
+    for (const StripTime tick :
+         StripTimeTicks(model.View.Begin(), model.View.End(), m_timeStep, model.Wall, model.Zone)) {
+        const auto column = static_cast<double>(columns.Of(tick) - columns.First);
+        const int x = m_layout.Paper.left() + static_cast<int>(std::lround(column / m_pixelRatio));
+        const QRect label(x - TimeLabelGap / 2, m_layout.TimeLabels.top(), TimeLabelGap,
+                          m_layout.TimeLabels.height());
+        painter.drawText(label, Qt::AlignCenter, TickText(model.Wall.At(tick), m_timeStep));
+    }
+}
+
+} // namespace tqx
