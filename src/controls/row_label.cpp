@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QtMath>
 
 #include <limits>
 
@@ -128,9 +129,9 @@ bool RowLabel::IsSelected() const {
 }
 
 QSize RowLabel::sizeHint() const {
-    const QFontMetrics metrics = fontMetrics();
-    return {TextLeft + metrics.horizontalAdvance(m_caption) + TextRight,
-            metrics.height() + look::Grid};
+    const QFontMetricsF metrics(font());
+    const int caption = qCeil(metrics.horizontalAdvance(m_caption)); // rounded down it is elided
+    return {TextLeft + caption + TextRight, qCeil(metrics.height()) + look::Grid};
 }
 
 QSize RowLabel::minimumSizeHint() const {
