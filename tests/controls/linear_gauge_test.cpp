@@ -1,0 +1,399 @@
+#include <controls/linear_gauge.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+
+#include <cmath>
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// A temperature gauge with limits at -40 and 60 in a window between two buttons, and a log of what
+/// it tells: "moved 2 at 45".
+class Gauge : public testing::Test {
+protected:
+    Gauge() {
+        auto* column = new QVBoxLayout(&m_window);
+        column->addWidget(&m_before);
+        column->addWidget(&m_gauge);
+        column->addWidget(&m_after);
+        for (const int pointer : {0, 1, 2, 3}) {
+            m_gauge.PointerIndex(pointer);
+            m_gauge.PointerInner(pointer == 0 ? 0.91 : 0);
+            m_gauge.PointerOuter(pointer == 1 ? 0.12 : 1);
+            m_gauge.PointerWidth(0.06);
+            m_gauge.PointerMouseControl(1);
+            m_gauge.PointerFrom(-40);
+            m_gauge.PointerTo(60);
+            m_gauge.PointerValue(pointer == 2 ? -40 : 60);
+        }
+        m_gauge.ScaleMax(127);
+        m_gauge.ScaleMin(-128);
+        QObject::connect(&m_gauge, &LinearGauge::PointerMoved, &m_window, [this] {
+            Note("moved");
+            m_onMoved();
+        });
+        QObject::connect(&m_gauge, &LinearGauge::PointerSettled, &m_window,
+                         [this] { Note("settled"); });
+        m_window.resize(260, 560);
+        m_window.show();
+        m_window.activateWindow();
+        QApplication::processEvents();
+    }
+
+    void Note(const char* what) {
+        const int pointer = m_gauge.PointerIndex();
+        const double at = pointer < 2 ? m_gauge.PointerFrom() : m_gauge.PointerValue();
+        m_told.push_back(QString("%1 %2 at %3").arg(what).arg(pointer).arg(at).toStdString());
+    }
+
+    std::vector<std::string> Told() { return std::exchange(m_told, {}); }
+
+    double ValueOf(int pointer) {
+        return m_gauge.Pointers()[static_cast<std::size_t>(pointer)].Place.Value;
+    }
+
+    PointerPlace BandOf(int pointer) {
+        return m_gauge.Pointers()[static_cast<std::size_t>(pointer)].Place;
+    }
+
+    /// Where the mouse takes a pointer.
+    QPoint On(int pointer) {
+        const GaugePointer& it = m_gauge.Pointers()[static_cast<std::size_t>(pointer)];
+        return (pointer < 2 ? m_gauge.Geometry().Band(it) : m_gauge.Geometry().Flag(pointer, it))
+            .center()
+            .toPoint();
+    }
+
+    /// `from` moved along the scale by `degrees`.
+    QPoint Along(QPoint from, double degrees) {
+        const GaugeGeometry& geometry = m_gauge.Geometry();
+        return from + QPoint(0, qRound(geometry.ToY(degrees) - geometry.ToY(0)));
+    }
+
+    void Press(QPoint at) { QTest::mousePress(&m_gauge, Qt::LeftButton, {}, at); }
+
+    void Release(QPoint at) { QTest::mouseRelease(&m_gauge, Qt::LeftButton, {}, at); }
+
+    void Drag(QPoint to, Qt::MouseButtons down = Qt::LeftButton) {
+        QMouseEvent move(QEvent::MouseMove, to, m_gauge.mapToGlobal(to), Qt::NoButton, down,
+                         Qt::NoModifier);
+        QApplication::sendEvent(&m_gauge, &move);
+    }
+
+    void Wheel(QPoint at, int turn) {
+        QWheelEvent event(at, m_gauge.mapToGlobal(at), {}, {0, turn}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&m_gauge, &event);
+    }
+
+    QWidget m_window;
+    QPushButton m_before{"before"};
+    LinearGauge m_gauge;
+    QPushButton m_after{"after"};
+    std::function<void()> m_onMoved = [] {};
+    std::vector<std::string> m_told;
+};
+
+TEST_F(Gauge, TellsNothingOfWhatTheProgramSets) {
+    m_gauge.PointerIndex(2);
+    m_gauge.PointerValue(5);
+    m_gauge.BarValue(31);
+    m_gauge.Caption(" 31 C");
+    m_gauge.ScaleMax(100);
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(Gauge, PropertiesActOnTheAddressedPointer) {
+    EXPECT_TRUE(m_gauge.setProperty("PointerIndex", 3));
+    EXPECT_TRUE(m_gauge.setProperty("PointerValue", 77.5));
+    m_gauge.PointerFlagA(true);
+    m_gauge.PointerIndex(2);
+    EXPECT_EQ(m_gauge.property("PointerValue").toDouble(), -40);
+    EXPECT_FALSE(m_gauge.PointerFlagA());
+    m_gauge.PointerIndex(4);
+    m_gauge.PointerValue(std::nan(""));
+    EXPECT_EQ(m_gauge.PointerIndex(), 2);
+    EXPECT_EQ(m_gauge.PointerValue(), -40);
+    EXPECT_EQ(ValueOf(3), 77.5);
+    m_gauge.BarValue(3.9999999);
+    EXPECT_EQ(m_gauge.BarValue(), 3.9999999);
+}
+
+TEST_F(Gauge, ADragTellsEveryStepThenTheLastOnceMoreThenSettles) {
+    const QPoint start = On(2);
+    Press(start);
+    Drag(Along(start, 20));
+    Drag(Along(start, 40));
+    EXPECT_EQ(m_told.size(), 2u);
+    Release(Along(start, 40));
+    const double end = ValueOf(2);
+    EXPECT_NEAR(end, 0, 1);
+    EXPECT_EQ(end, std::round(end));
+    const auto told = Told();
+    ASSERT_EQ(told.size(), 4u);
+    const std::string at = " 2 at " + QString::number(end).toStdString();
+    EXPECT_EQ(told[1], "moved" + at);
+    EXPECT_EQ(told[2], "moved" + at);
+    EXPECT_EQ(told[3], "settled" + at);
+}
+
+TEST_F(Gauge, AClickPicksAndMovesNothing) {
+    const QPoint at = On(3);
+    Press(at);
+    Drag(at + QPoint(6, 1));
+    Release(at);
+    EXPECT_EQ(m_gauge.PickedPointer(), 3);
+    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_EQ(ValueOf(3), 60);
+}
+
+TEST_F(Gauge, TheHandHoldsItsPointerWhateverHandlersDo) {
+    m_onMoved = [this] {
+        m_gauge.PointerIndex(2);
+        m_gauge.PointerValue(-100); // thrown away from the mouse
+        m_gauge.PointerIndex(3);
+    };
+    const QPoint start = On(2);
+    Press(start);
+    Drag(Along(start, 20));
+    EXPECT_EQ(ValueOf(2), -100);
+    Drag(Along(start, 40));
+    Release(Along(start, 40));
+    const auto told = Told();
+    ASSERT_EQ(told.size(), 4u);
+    EXPECT_EQ(told[1].substr(0, 12), "moved 2 at 0");
+    EXPECT_EQ(told[2], "moved 2 at -100"); // the last step shows where handlers have left it
+    EXPECT_EQ(told[3], "settled 2 at -100");
+    EXPECT_EQ(ValueOf(3), 60);
+}
+
+TEST_F(Gauge, ABandMovesBothItsEndsAndStopsAtTheScale) {
+    const QPoint start = On(1);
+    Press(start);
+    Drag(Along(start, 30));
+    EXPECT_NEAR(BandOf(1).From, -10, 1);
+    EXPECT_EQ(BandOf(1).To - BandOf(1).From, 100);
+    Drag(Along(start, 500));
+    Release(Along(start, 500));
+    EXPECT_EQ(BandOf(1).From, 27);
+    EXPECT_EQ(BandOf(1).To, 127);
+    EXPECT_EQ(BandOf(0).From, -40); // the other is for the handlers to move
+    EXPECT_EQ(Told().back(), "settled 1 at 27");
+}
+
+TEST_F(Gauge, DraggedVoltsAreRoundedToTheDecimals) {
+    m_gauge.ScaleMax(3.984);
+    m_gauge.ScaleMin(0.016);
+    for (const int pointer : {2, 3}) {
+        m_gauge.PointerIndex(pointer);
+        m_gauge.PointerDecimals(3);
+        m_gauge.PointerValue(pointer);
+    }
+    const QPoint start = On(3);
+    Press(start);
+    Drag(start - QPoint(0, 33));
+    EXPECT_GT(ValueOf(3), 3);
+    EXPECT_EQ(ValueOf(3), std::round(ValueOf(3) * 1000) / 1000);
+    Drag(start - QPoint(0, 400));
+    EXPECT_EQ(ValueOf(3), 3.984);
+    Release(start);
+}
+
+TEST_F(Gauge, EscapePutsEverythingBackAndTellsTheStepBackOnly) {
+    m_onMoved = [this] { // as one that keeps the other handle away and the bands along
+        m_gauge.PointerIndex(3);
+        m_gauge.PointerValue(100);
+    };
+    const QPoint start = On(2);
+    Press(start);
+    Drag(Along(start, 30));
+    EXPECT_EQ(ValueOf(3), 100);
+    Told();
+    QTest::keyClick(&m_gauge, Qt::Key_Escape);
+    EXPECT_THAT(Told(), ElementsAre("moved 2 at -40"));
+    EXPECT_EQ(ValueOf(2), -40);
+    EXPECT_EQ(ValueOf(3), 60);
+    Drag(Along(start, 60));
+    Release(Along(start, 60));
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(Gauge, AFailingHandlerLeavesNoPointerInTheHand) {
+    m_onMoved = [] { throw std::runtime_error("link"); };
+    const QPoint start = On(2);
+    Press(start);
+    EXPECT_THROW(Drag(Along(start, 20)), std::runtime_error);
+    m_onMoved = [] {};
+    Told();
+    Drag(Along(start, 40));
+    Release(Along(start, 40));
+    EXPECT_THAT(Told(), IsEmpty());
+    QTest::keyClick(&m_gauge, Qt::Key_Up); // and the gauge goes on
+    EXPECT_EQ(Told().size(), 3u);
+}
+
+TEST_F(Gauge, AReleaseThatWentElsewhereSettlesAtTheNextMove) {
+    const QPoint start = On(2);
+    Press(start);
+    Drag(Along(start, 20));
+    Drag(Along(start, 30), Qt::NoButton);
+    EXPECT_EQ(Told().back().substr(0, 9), "settled 2");
+    Release(start);
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(Gauge, TabWalksThroughTheDraggablePointersAndOn) {
+    m_gauge.PointerIndex(0);
+    m_gauge.PointerMouseControl(0);
+    m_before.setFocus();
+    std::vector<int> picked;
+    QTest::keyClick(&m_before, Qt::Key_Tab);
+    while (m_gauge.hasFocus()) {
+        picked.push_back(m_gauge.PickedPointer().value_or(-1));
+        QTest::keyClick(&m_gauge, Qt::Key_Tab);
+    }
+    EXPECT_THAT(picked, ElementsAre(2, 3, 1));
+    EXPECT_TRUE(m_after.hasFocus());
+    QTest::keyClick(&m_after, Qt::Key_Backtab);
+    EXPECT_EQ(m_gauge.PickedPointer(), 1);
+}
+
+TEST_F(Gauge, KeysMoveThePickedPointerAndSettleWhenTheyComeUp) {
+    struct {
+        Qt::Key Key;
+        const char* At;
+    } const table[] = {{Qt::Key_Up, "-39"},       {Qt::Key_Left, "-40"}, {Qt::Key_PageUp, "-30"},
+                       {Qt::Key_PageDown, "-40"}, {Qt::Key_End, "127"},  {Qt::Key_Home, "-128"}};
+
+    m_gauge.setFocus(Qt::TabFocusReason);
+    for (const auto& row : table) {
+        const std::string at = std::string(" 2 at ") + row.At;
+        QTest::keyPress(&m_gauge, row.Key);
+        EXPECT_THAT(Told(), ElementsAre("moved" + at));
+        QTest::keyRelease(&m_gauge, row.Key);
+        EXPECT_THAT(Told(), ElementsAre("moved" + at, "settled" + at));
+    }
+    QTest::keyClick(&m_gauge, Qt::Key_Down); // at the end already
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(Gauge, ARepeatingKeySettlesOnceAndLosingTheFocusSettlesIt) {
+    m_gauge.setFocus(Qt::TabFocusReason);
+    const auto repeat = [this](QEvent::Type type) {
+        QKeyEvent event(type, Qt::Key_Up, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&m_gauge, &event);
+    };
+    QTest::keyPress(&m_gauge, Qt::Key_Up);
+    repeat(QEvent::KeyRelease);
+    repeat(QEvent::KeyPress);
+    EXPECT_THAT(Told(), ElementsAre("moved 2 at -39", "moved 2 at -38"));
+    m_after.setFocus();
+    EXPECT_THAT(Told(), ElementsAre("moved 2 at -38", "settled 2 at -38"));
+    QTest::keyRelease(&m_gauge, Qt::Key_Up);
+    EXPECT_THAT(Told(), IsEmpty());
+}
+
+TEST_F(Gauge, TheWheelMovesThePickedPointerAndSettlesAfterAPause) {
+    const QPoint at = On(3);
+    Wheel(at, 120);
+    EXPECT_THAT(Told(), IsEmpty()); // not picked yet
+    QTest::mouseClick(&m_gauge, Qt::LeftButton, {}, at);
+    Wheel(at, 60);
+    Wheel(at, 60);
+    Wheel(at, 240);
+    EXPECT_THAT(Told(), ElementsAre("moved 3 at 61", "moved 3 at 63"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !m_told.empty(); }));
+    EXPECT_THAT(Told(), ElementsAre("moved 3 at 63", "settled 3 at 63"));
+}
+
+TEST_F(Gauge, APointerTakenAwayByTheProgramIsLetGo) {
+    m_gauge.setFocus(Qt::TabFocusReason);
+    QTest::keyPress(&m_gauge, Qt::Key_Up);
+    Told();
+    m_gauge.PointerIndex(2);
+    m_gauge.PointerWidth(0);
+    QTest::keyRelease(&m_gauge, Qt::Key_Up);
+    EXPECT_THAT(Told(), IsEmpty());
+    EXPECT_EQ(m_gauge.PickedPointer(), std::nullopt);
+}
+
+TEST_F(Gauge, ScreenReadersHearAndMoveThePickedPointer) {
+    m_gauge.Unit("C");
+    m_gauge.Caption(" 31 C");
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&m_gauge);
+    EXPECT_EQ(face->role(), QAccessible::Slider);
+    EXPECT_EQ(face->text(QAccessible::Value), "reading 31 C");
+    m_gauge.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(face->text(QAccessible::Name), "Gauge, low handle");
+    EXPECT_EQ(face->text(QAccessible::Value), "-40 C, reading 31 C");
+    face->valueInterface()->setCurrentValue(10.4);
+    EXPECT_EQ(face->valueInterface()->currentValue().toDouble(), 10);
+    EXPECT_THAT(Told(), ElementsAre("moved 2 at 10", "moved 2 at 10", "settled 2 at 10"));
+}
+
+/// Counts what a gauge has drawn.
+class PaintLog : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            Painted |= static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+
+    QRegion Painted;
+};
+
+TEST_F(Gauge, DrawsOnlyWhatHasChanged) {
+    m_gauge.BarValue(20);
+    m_gauge.Caption(" 20 C");
+    QApplication::processEvents();
+    PaintLog log;
+    m_gauge.installEventFilter(&log);
+    const auto painted = [&log] {
+        QApplication::processEvents();
+        return std::exchange(log.Painted, {});
+    };
+    m_gauge.BarValue(20);
+    m_gauge.Caption(" 20 C");
+    EXPECT_TRUE(painted().isEmpty());
+    m_gauge.Caption(" 21 C");
+    EXPECT_EQ(painted().boundingRect(), m_gauge.Geometry().Caption());
+    m_gauge.BarValue(21);
+    const QRect bar = painted().boundingRect();
+    EXPECT_FALSE(bar.isEmpty());
+    EXPECT_TRUE(m_gauge.Geometry().BarColumn().toAlignedRect().contains(bar));
+    EXPECT_LT(bar.height(), 60);
+    m_gauge.BarValue(300); // beyond the scale
+    painted();
+    m_gauge.BarValue(400);
+    EXPECT_TRUE(painted().isEmpty());
+    m_gauge.removeEventFilter(&log);
+}
+
+TEST_F(Gauge, TheCursorSaysWhatCanBeDragged) {
+    QTest::mouseMove(&m_gauge, On(2));
+    EXPECT_EQ(m_gauge.cursor().shape(), Qt::SizeVerCursor);
+    QTest::mouseMove(&m_gauge, On(1));
+    EXPECT_EQ(m_gauge.cursor().shape(), Qt::OpenHandCursor);
+    QTest::mouseMove(&m_gauge, {4, 4});
+    EXPECT_EQ(m_gauge.cursor().shape(), Qt::ArrowCursor);
+}
+
+} // namespace
+} // namespace tqx
