@@ -237,7 +237,11 @@ TEST_F(Gauge, AFailingHandlerLeavesNoPointerInTheHand) {
     m_onMoved = [] { throw std::runtime_error("link"); };
     const QPoint start = On(2);
     Press(start);
-    EXPECT_THROW(Drag(Along(start, 20)), std::runtime_error);
+    const QPoint to = Along(start, 20);
+    QMouseEvent move(QEvent::MouseMove, to, m_gauge.mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    // Past QApplication::notify, which leaks what it holds when an exception passes through it.
+    EXPECT_THROW(static_cast<QObject&>(m_gauge).event(&move), std::runtime_error);
     m_onMoved = [] {};
     Told();
     Drag(Along(start, 40));
