@@ -1,0 +1,166 @@
+#include "simulated/chip.h"
+
+namespace tqx {
+
+namespace {
+
+constexpr int LinesPerRegister = 8;
+constexpr int ThermLine = 16; // the line on the THERM pin
+constexpr int FanLines = 8;   // the first lines stand on the tachometer pins
+
+} // namespace
+
+Chip::Chip(std::uint32_t seed)
+    : m_plant(seed) {}
+
+void Chip::SetTime(std::chrono::nanoseconds time) {
+    m_monitor.SetTime(time);
+}
+
+void Chip::Reset() {
+    m_registers = PowerOnRegisters();
+    m_lines.Reset();
+    m_intrusion = m_chassisOpen;
+}
+
+std::uint8_t Chip::Read(std::uint8_t reg) {
+    switch (reg) {
+    case chipreg::Status1:
+    case chipreg::Status1 + 1:
+    case chipreg::Status1 + 2:
+        return m_monitor.StatusOf(reg);
+    case chipreg::Status4:
+        return ReadStatus4();
+    case chipreg::Status5:
+        return LevelsFrom(0);
+    case chipreg::Status6:
+        return LevelsFrom(LinesPerRegister);
+    default:
+        break;
+    }
+    const bool measured =
+        reg == chipreg::IntTemp || (reg >= chipreg::FirstValue && reg <= chipreg::LastValue);
+    return measured ? m_monitor.ValueOf(reg) : m_registers[reg];
+}
+
+void Chip::Write(std::uint8_t reg, std::uint8_t value) {
+    if (IsReadOnly(reg)) {
+        return;
+    }
+    switch (reg) {
+    case chipreg::Config1:
+        WriteConfig1(value);
+        return;
+    case chipreg::Config3:
+        WriteConfig3(value);
+        return;
+    case chipreg::Status4:
+        DriveLine(ThermLine, (value & chipbit::GPIO16Level) != 0);
+        return;
+    case chipreg::Status5:
+        DriveFrom(0, value);
+        return;
+    case chipreg::Status6:
+        DriveFrom(LinesPerRegister, value);
+        return;
+    default:
+        m_registers[reg] = value;
+    }
+}
+
+std::uint8_t Chip::ReadEEPROM(std::uint16_t address) {
+    return m_eeprom.Read(address);
+}
+
+void Chip::WriteEEPROM(std::uint16_t address, std::uint8_t value) {
+    m_eeprom.Write(address, value, EEPROMModeOf(m_registers[chipreg::EEPROMMode]));
+}
+
+void Chip::ChassisOpen(bool open) {
+    m_chassisOpen = open;
+    m_intrusion = m_intrusion || open;
+}
+
+void Chip::GPIOLevel(int line, bool level) {
+    m_lines.SetOutside(line, level);
+}
+
+bool Chip::GPIOLevel(int line) const {
+    return m_lines.Level(line, SetupOf(line));
+}
+
+bool Chip::IsGPIO(int line) const {
+    if (line < FanLines) {
+        return (m_registers[chipreg::Config2] >> line & 1) != 0;
+    }
+    return line != ThermLine || (m_registers[chipreg::Config3] & chipbit::GPIO16NotTherm) != 0;
+}
+
+GPIOSetup Chip::SetupOf(int line) const {
+    if (line == ThermLine) {
+        const std::uint8_t config = m_registers[chipreg::Config3];
+        return {(config & chipbit::GPIO16Output) != 0, (config & chipbit::GPIO16ActiveHigh) != 0};
+    }
+    const int pair =
+        m_registers.at(chipreg::GPIOConfig + static_cast<std::size_t>(line / 4)) >> line % 4 * 2;
+    return {(pair & 1) != 0, (pair & 2) != 0};
+}
+
+/// The levels of eight lines; a pin that is no GPIO at present reads 0.
+std::uint8_t Chip::LevelsFrom(int firstLine) const {
+    int levels = 0;
+    for (int i = 0; i < LinesPerRegister; ++i) {
+        if (IsGPIO(firstLine + i) && GPIOLevel(firstLine + i)) {
+            levels |= 1 << i;
+        }
+    }
+    return static_cast<std::uint8_t>(levels);
+}
+
+void Chip::DriveFrom(int firstLine, std::uint8_t levels) {
+    for (int i = 0; i < LinesPerRegister; ++i) {
+        DriveLine(firstLine + i, (levels >> i & 1) != 0);
+    }
+}
+
+/// A pin with another function at present keeps what its line was told.
+void Chip::DriveLine(int line, bool level) {
+    if (IsGPIO(line)) {
+        m_lines.Drive(line, SetupOf(line), level);
+    }
+}
+
+std::uint8_t Chip::ReadStatus4() const {
+    std::uint8_t status = m_monitor.StatusOf(chipreg::Status4);
+    const bool overTherm = m_monitor.OverTherm();
+    if (overTherm && !IsGPIO(ThermLine)) {
+        status |= chipbit::ThermStatus;
+    }
+    if (overTherm && (m_registers[chipreg::Config1] & chipbit::AutomaticFans) != 0) {
+        status |= chipbit::FanControlStatus;
+    }
+    if (m_intrusion) {
+        status |= chipbit::IntrusionStatus;
+    }
+    if (IsGPIO(ThermLine) && GPIOLevel(ThermLine)) {
+        status |= chipbit::GPIO16Level;
+    }
+    return status;
+}
+
+void Chip::WriteConfig1(std::uint8_t value) {
+    const std::uint8_t before = m_registers[chipreg::Config1];
+    if ((before & ~value & chipbit::Monitor) != 0) {
+        m_monitor.Hold();
+    }
+    m_registers[chipreg::Config1] = value;
+}
+
+void Chip::WriteConfig3(std::uint8_t value) {
+    m_registers[chipreg::Config3] = value;
+    if ((value & chipbit::ClearIntrusion) != 0 && !m_chassisOpen) {
+        m_intrusion = false;
+    }
+}
+
+} // namespace tqx

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "simulated/chip_memory.h"
+#include "simulated/chip_registers.h"
+#include "simulated/eeprom.h"
+#include "simulated/gpio_lines.h"
+#include "simulated/input_monitor.h"
+#include "simulated/plant.h"
+
+#include <chrono>
+#include <cstdint>
+
+namespace tqx {
+
+/// The TQX7716 as a pure model: registers, measured inputs with limits and status, GPIO lines,
+/// chassis intrusion and EEPROM. It knows no bus and no clock; time comes in through SetTime.
+///
+/// A register without a function of its own stores what is written to it.
+class Chip : public ChipMemory {
+public:
+    explicit Chip(std::uint32_t seed = 1);
+
+    Chip(const Chip&) = delete;
+    Chip& operator=(const Chip&) = delete;
+
+    /// Time since power came on.
+    void SetTime(std::chrono::nanoseconds time);
+
+    /// Power has gone and come back: registers as at power on. The EEPROM keeps its content, and
+    /// an open chassis its alarm.
+    void Reset();
+
+    std::uint8_t Read(std::uint8_t reg) override;
+    void Write(std::uint8_t reg, std::uint8_t value) override;
+    std::uint8_t ReadEEPROM(std::uint16_t address) override;
+    void WriteEEPROM(std::uint16_t address, std::uint8_t value) override;
+
+    /// Where a measured input is forced to a value, and released.
+    Plant& ThePlant() { return m_plant; }
+
+    /// The chassis switch. Opening it latches the alarm, which the host clears through Config3
+    /// while the chassis is closed.
+    void ChassisOpen(bool open);
+
+    /// Puts a level on GPIO line 0 to 16 from outside, which shows while the line is an input.
+    void GPIOLevel(int line, bool level);
+    /// The level on the line, driven by the chip or from outside.
+    bool GPIOLevel(int line) const;
+
+private:
+    bool IsGPIO(int line) const;
+    GPIOSetup SetupOf(int line) const;
+    std::uint8_t LevelsFrom(int firstLine) const;
+    void DriveFrom(int firstLine, std::uint8_t levels);
+    void DriveLine(int line, bool level);
+    std::uint8_t ReadStatus4() const;
+    void WriteConfig1(std::uint8_t value);
+    void WriteConfig3(std::uint8_t value);
+
+    RegisterBytes m_registers = PowerOnRegisters();
+    Plant m_plant;
+    InputMonitor m_monitor{m_plant, m_registers};
+    EEPROM m_eeprom;
+    GPIOLines m_lines;
+    bool m_chassisOpen = false;
+    bool m_intrusion = false;
+};
+
+} // namespace tqx
