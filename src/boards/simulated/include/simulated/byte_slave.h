@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+
+namespace tqx {
+
+/// A slave on the bus, byte by byte. Both media of the simulated board speak to one chain of
+/// these: the chip at its end, and before it whatever listens to or disturbs the transfers.
+class ByteSlave {
+public:
+    virtual ~ByteSlave() = default;
+
+    /// A start condition, or a repeated one, with the address byte that follows it: bit 0 set
+    /// means that the master reads. True acknowledges.
+    virtual bool Start(std::uint8_t address) = 0;
+    /// One byte from the master. True acknowledges.
+    virtual bool Write(std::uint8_t value) = 0;
+    /// The next byte to the master.
+    virtual std::uint8_t Read() = 0;
+    virtual void Stop() = 0;
+};
+
+/// A slave that hands everything on to the next one; what stands between overrides its part.
+class ForwardingSlave : public ByteSlave {
+public:
+    /// The next slave must outlive this one.
+    explicit ForwardingSlave(ByteSlave& next)
+        : m_next(next) {}
+
+    bool Start(std::uint8_t address) override { return m_next.Start(address); }
+
+    bool Write(std::uint8_t value) override { return m_next.Write(value); }
+
+    std::uint8_t Read() override { return m_next.Read(); }
+
+    void Stop() override { m_next.Stop(); }
+
+private:
+    ByteSlave& m_next;
+};
+
+/// The bit of an address byte that says that the master reads.
+inline constexpr std::uint8_t ReadBit = 0x01;
+
+/// What the master reads where no slave answers.
+inline constexpr std::uint8_t IdleBus = 0xFF;
+
+} // namespace tqx

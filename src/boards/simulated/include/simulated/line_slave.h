@@ -1,0 +1,64 @@
+#pragma once
+
+#include "simulated/byte_slave.h"
+
+#include <cstdint>
+
+namespace tqx {
+
+/// The levels of the two bus lines as one side drives them: true lets the line go high.
+struct LineLevels {
+    bool Data = true;
+    bool Clock = true;
+};
+
+/// A bus slave on the two lines. It sees the lines change write by write and drives the data line.
+///
+/// The data line is the wired AND of both sides. One write of the master can change both lines:
+/// with the clock rising, the data line counts as changed before it; with the clock falling, after
+/// it. Data falling under a high clock is a start and data rising a stop, at any moment. The slave
+/// itself changes the data line only after the clock has fallen.
+class LineSlave {
+public:
+    /// The slave behind the lines must outlive this one.
+    explicit LineSlave(ByteSlave& slave);
+
+    /// The master drives the lines like this from now on.
+    void Drive(LineLevels master);
+
+    /// The level on the data line.
+    bool DataLine() const { return m_line; }
+
+    /// Bit times since the last call: one for each clock pulse, each start on a free bus, and the
+    /// stop, which has a clock pulse of its own. A register read has 39.
+    int TakeBitTimes();
+
+private:
+    /// Who sends the next bit, and which.
+    enum class Phase : std::uint8_t { Idle, Receive, AckOut, Send, AckIn };
+
+    void ClockRose();
+    void ClockFell();
+    void Started();
+    void Stopped();
+    void TakeByte();
+    void AfterAckOut();
+    void BeginByteOut();
+    void PutNextBit();
+    void Release(Phase next);
+
+    ByteSlave& m_slave;
+    LineLevels m_master;
+    bool m_drive = true; // what this side drives onto the data line
+    bool m_line = true;  // the wired AND
+    Phase m_phase = Phase::Idle;
+    bool m_addressNext = false;
+    bool m_reading = false;
+    bool m_masterAck = false;
+    int m_bits = 0; // of the byte at hand, that have been clocked
+    std::uint8_t m_byte = 0;
+    bool m_busFree = true;
+    int m_bitTimes = 0;
+};
+
+} // namespace tqx

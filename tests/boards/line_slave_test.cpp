@@ -1,0 +1,145 @@
+#include <simulated/line_slave.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+
+/// Writes down what it hears, acknowledges everything and gives out A5h.
+class Listener : public ByteSlave {
+public:
+    bool Start(std::uint8_t address) override {
+        Heard.push_back("S" + std::to_string(address));
+        return Answers;
+    }
+
+    bool Write(std::uint8_t value) override {
+        Heard.push_back(std::to_string(value));
+        return true;
+    }
+
+    std::uint8_t Read() override { return 0xA5; }
+
+    void Stop() override { Heard.emplace_back("P"); }
+
+    bool Answers = true;
+    std::vector<std::string> Heard;
+};
+
+class LineSlaveTest : public testing::Test {
+protected:
+    void Put(bool data, bool clock) { Lines.Drive({data, clock}); }
+
+    void Start() {
+        Put(true, true);
+        Put(false, true);
+        Put(false, false);
+    }
+
+    void Stop() {
+        Put(false, false);
+        Put(false, true);
+        Put(true, true);
+    }
+
+    /// Changes data and clock in one write, both ways.
+    void Bit(bool level) {
+        Put(level, true);
+        Put(!level, false);
+    }
+
+    void Byte(int value) {
+        for (int bit = 7; bit >= 0; --bit) {
+            Bit((value >> bit & 1) != 0);
+        }
+    }
+
+    /// The level of the data line in one clock, with the master's side as given.
+    bool Clock(bool master = true) {
+        Put(master, false);
+        Put(master, true);
+        const bool level = Lines.DataLine();
+        Put(master, false);
+        return level;
+    }
+
+    Listener Heard;
+    LineSlave Lines{Heard};
+};
+
+TEST_F(LineSlaveTest, TakesBytesAndAcknowledgesThem) {
+    Start();
+    Byte(0x58);
+    EXPECT_FALSE(Clock());
+    Byte(0xC3);
+    EXPECT_FALSE(Clock());
+    EXPECT_TRUE(Lines.DataLine()); // let go once the clock has fallen
+    Stop();
+    EXPECT_THAT(Heard.Heard, ElementsAre("S88", "195", "P"));
+    EXPECT_EQ(Lines.TakeBitTimes(), 20);
+}
+
+TEST_F(LineSlaveTest, SendsBytesForAsLongAsTheMasterAcknowledges) {
+    Start();
+    Byte(0x59);
+    Clock();
+    for (const bool wanted : {false, true}) {
+        int value = 0;
+        for (int bit = 0; bit < 8; ++bit) {
+            value = value << 1 | (Clock() ? 1 : 0);
+        }
+        EXPECT_EQ(value, 0xA5);
+        Clock(wanted);
+    }
+    EXPECT_TRUE(Clock()); // A5h would go on with a 1, then a 0
+    EXPECT_TRUE(Clock());
+}
+
+TEST_F(LineSlaveTest, DataLineIsTheWiredAnd) {
+    Start();
+    Byte(0x59);
+    Clock();
+    EXPECT_FALSE(Clock(false)); // the slave sends 1, the master holds the line
+    EXPECT_FALSE(Clock());      // and the other way round
+}
+
+TEST_F(LineSlaveTest, StartInTheMiddleOfAByteBeginsAnew) {
+    Start();
+    Byte(0x58);
+    Clock();
+    Bit(true);
+    Bit(false);
+    Bit(true);
+    Start();
+    Byte(0x59);
+    EXPECT_FALSE(Clock());
+    EXPECT_THAT(Heard.Heard, ElementsAre("S88", "S89"));
+}
+
+TEST_F(LineSlaveTest, StopInTheMiddleOfAByteEndsTheTransfer) {
+    Start();
+    Byte(0x58);
+    Clock();
+    Bit(true);
+    Stop();
+    Byte(0x00);
+    EXPECT_THAT(Heard.Heard, ElementsAre("S88", "P"));
+}
+
+TEST_F(LineSlaveTest, UnansweredAddressLeavesTheLineAlone) {
+    Heard.Answers = false;
+    Start();
+    Byte(0x5A);
+    EXPECT_TRUE(Clock());
+    Byte(0x16);
+    EXPECT_TRUE(Clock());
+    EXPECT_THAT(Heard.Heard, ElementsAre("S90"));
+}
+
+} // namespace
+} // namespace tqx
