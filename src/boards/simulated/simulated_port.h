@@ -1,0 +1,40 @@
+#pragma once
+
+#include "simulated/bus_pacer.h"
+#include "simulated/line_slave.h"
+
+#include <link/board_wiring.h>
+#include <link/parallel_port.h>
+
+#include <chrono>
+#include <cstdint>
+
+namespace tqx {
+
+/// A printer port at 378h with a board on it, whose lines lead to a bus slave.
+///
+/// A bit time is a clock pulse: Delay takes none of its own, so that a transfer takes the same time
+/// however its sender slices it.
+class SimulatedPort : public ParallelPort {
+public:
+    static constexpr std::uint16_t Base = 0x378;
+
+    /// Slave and pacer must outlive the port.
+    SimulatedPort(ByteSlave& slave, const BoardWiring& wiring, BusPacer& pacer);
+
+    std::uint16_t BaseAddress() override { return Base; }
+
+    void WriteData(std::uint8_t value) override;
+    std::uint8_t ReadStatus() override;
+
+    void Hold(bool) override {}
+
+    void Delay(std::chrono::nanoseconds) override {}
+
+private:
+    LineSlave m_lines;
+    BoardWiring m_wiring;
+    BusPacer& m_pacer;
+};
+
+} // namespace tqx

@@ -1,0 +1,127 @@
+#include "board_fixture.h"
+
+#include <link/link_error.h>
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <vector>
+
+namespace tqx {
+namespace {
+
+using testing::Each;
+
+constexpr std::uint8_t CompanyID = 0x16;
+constexpr std::uint8_t Mode = 0x13;
+constexpr std::uint8_t Scratch = 0x70;
+
+/// Both wirings, so that no fault is right in one of them only.
+class FaultsTest : public BoardTest, public testing::WithParamInterface<bool> {
+protected:
+    FaultsTest()
+        : BoardTest(GetParam()) {}
+
+    /// After the fault is gone the board must work as if nothing had been.
+    void TearDown() override {
+        Board.TheFaults().AllOff();
+        EXPECT_EQ(Read(CompanyID), 0x41);
+        EXPECT_EQ(SMBus().ReadByte(0x2C, CompanyID), 0x41);
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(BothWirings, FaultsTest, testing::Bool());
+
+TEST_P(FaultsTest, NoAnswerLeavesAnIdleBus) {
+    Board.TheFaults().Every(Fault::NoAnswer, 2);
+    for (const int expected : {0x41, 0xFF, 0x41, 0xFF}) {
+        EXPECT_EQ(Read(CompanyID), expected);
+    }
+    for (const int expected : {0x41, 0xFF}) {
+        EXPECT_EQ(SMBus().ReadByte(0x2C, CompanyID), expected);
+    }
+}
+
+TEST_P(FaultsTest, StuckLinesGiveOneByteOnThePortAndATimeOutOnTheSMBus) {
+    struct Case {
+        Fault Stuck;
+        std::uint8_t Byte;
+        bool TimesOut;
+    };
+
+    for (const Case& test :
+         {Case{Fault::DataStuckLow, 0x00, true}, Case{Fault::DataStuckHigh, 0xFF, false},
+          Case{Fault::ClockStuckLow, 0xFF, true}}) {
+        Board.TheFaults().Always(test.Stuck);
+        EXPECT_EQ(Read(CompanyID), test.Byte);
+        Write(Scratch, 0x99);
+        if (test.TimesOut) {
+            EXPECT_THROW(SMBus().ReadByte(0x2C, CompanyID), LinkError);
+        } else {
+            EXPECT_EQ(SMBus().ReadByte(0x2C, CompanyID), 0xFF);
+        }
+        Board.TheFaults().Off(test.Stuck);
+        EXPECT_EQ(Read(Scratch), 0x00);
+    }
+}
+
+TEST_P(FaultsTest, WrongPECFailsABlockReadAndABlockWriteStoresNothing) {
+    Board.TheFaults().Always(Fault::WrongPEC);
+    Write(Scratch, 0);
+    EXPECT_FALSE(WriteBlock());
+    EXPECT_EQ(Read(Scratch), 0);
+    ReadBlock();
+    EXPECT_FALSE(Bus().PECOK());
+    Board.TheFaults().Off(Fault::WrongPEC);
+    Write(Scratch, 0);
+    EXPECT_TRUE(WriteBlock());
+    ReadBlock();
+    EXPECT_TRUE(Bus().PECOK());
+}
+
+TEST_P(FaultsTest, ShortCountEndsABlockReadWithANotice) {
+    Board.TheFaults().Always(Fault::ShortCount);
+    ReadBlock();
+    EXPECT_EQ(Notices, 1);
+    EXPECT_EQ(Read(CompanyID), 0x41); // the bus was left in mid-transfer
+}
+
+TEST_P(FaultsTest, LostEEPROMWriteLeavesTheByteAlone) {
+    Board.TheFaults().Always(Fault::LostEEPROMWrite);
+    Write(Mode, 0x02);
+    EEPROMBus().WriteEEPROM(0x90, 0x05, 0x11);
+    EEPROMBus().ReadEEPROM(0x90, 0x05);
+    EXPECT_TRUE(WriteBlock()); // the chip has taken it, all the same
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x90, 0x05), 0xFF);
+    Write(Scratch, 0x22);
+    EXPECT_EQ(Read(Scratch), 0x22);
+}
+
+TEST_P(FaultsTest, FailedCallRaisesAndTheNextTransferIsGood) {
+    Board.TheFaults().Every(Fault::LinkFails, 100);
+    EXPECT_THROW(Read(CompanyID), LinkError);
+    Board.TheFaults().Off(Fault::LinkFails);
+    EXPECT_EQ(Read(CompanyID), 0x41);
+    Board.TheFaults().Every(Fault::LinkFails, 2);
+    EXPECT_EQ(SMBus().ReadByte(0x2C, CompanyID), 0x41);
+    EXPECT_THROW(SMBus().WriteByte(0x2C, Scratch, 1), LinkError);
+}
+
+TEST(Faults, StrikeByTheSeed) {
+    const auto strikes = [](std::uint32_t seed) {
+        Faults faults(seed);
+        faults.Chance(Fault::NoAnswer, 0.3);
+        std::vector<bool> struck;
+        for (int i = 0; i < 1000; ++i) {
+            struck.push_back(faults.Strikes(Fault::NoAnswer));
+        }
+        return struck;
+    };
+    const auto first = strikes(1);
+    EXPECT_EQ(first, strikes(1));
+    EXPECT_NE(first, strikes(2));
+    EXPECT_NEAR(static_cast<double>(std::count(first.begin(), first.end(), true)), 300, 60);
+    EXPECT_FALSE(Faults(1).Strikes(Fault::NoAnswer));
+}
+
+} // namespace
+} // namespace tqx

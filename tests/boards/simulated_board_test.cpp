@@ -1,0 +1,152 @@
+#include "board_fixture.h"
+
+#include <link/board_wiring.h>
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <span>
+
+namespace tqx {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::Each;
+using testing::ElementsAre;
+
+constexpr std::uint8_t CompanyID = 0x16;
+constexpr std::uint8_t Mode = 0x13;
+
+/// A block starts at an unnamed register that stores what it is given.
+constexpr std::uint8_t Scratch = 0x70;
+
+using SimulatedBoardTest = BoardTest;
+
+TEST(SimulatedBoard, AnswersAtItsAddressAndInItsBoardModeOnly) {
+    for (const bool boardMode : {false, true}) {
+        for (const int address : {0x58, 0x5A, 0x5C}) {
+            SimulatedBoard board(
+                {.BoardMode = boardMode, .SlaveAddress = static_cast<std::uint8_t>(address)});
+            LinkRoot link(board.Factory());
+            BoardBus& bus = link->PrinterPortLink().BoardBus();
+            for (const bool mode : {false, true}) {
+                for (const int asked : {0x00, 0x58, 0x5A, 0x5C}) {
+                    bus.BoardMode(mode);
+                    const auto asked8 = static_cast<std::uint8_t>(asked);
+                    const bool here = mode == boardMode && asked == address;
+                    EXPECT_EQ(bus.ReadByte(asked8, CompanyID) == 0x41, here) << asked << mode;
+                    const bool onSMBus = asked == address;
+                    EXPECT_EQ(link->SMBusLink().ReadByte(asked8 / 2, CompanyID),
+                              onSMBus ? 0x41 : 0xFF);
+                }
+            }
+        }
+    }
+}
+
+TEST_F(SimulatedBoardTest, StandsAtTheFirstPrinterPortAndOnAnSMBusOfASystemThatReachesIt) {
+    EXPECT_EQ(Link->PrinterPortLink().PortCount(), 1);
+    EXPECT_EQ(Link->PrinterPortLink().PortAddress(), 0x378);
+    EXPECT_EQ(SMBus().BaseAddress(), 0x5000U);
+    EXPECT_EQ(SimulatedBoard::OSVersionInfoFactory()()->BuildNumber(), "2222");
+}
+
+TEST_F(SimulatedBoardTest, GivesTheSameDivisorsAtAddress0AndAtTheChip) {
+    for (const std::uint8_t reg : {0x02, 0x03}) {
+        EXPECT_EQ(SMBus().ReadByte(0, reg), 0xFF);
+        EXPECT_EQ(SMBus().ReadByte(0x2C, reg), 0xFF);
+    }
+}
+
+TEST_F(SimulatedBoardTest, IsOneChipOnBothMedia) {
+    Write(0x45, 0xA5);
+    EXPECT_EQ(SMBus().ReadByte(0x2C, 0x45), 0xA5);
+    SMBus().WriteByte(0x2C, 0x45, 0x5A);
+    EXPECT_EQ(Read(0x45), 0x5A);
+}
+
+TEST_F(SimulatedBoardTest, TransfersToAnotherAddressRunToTheirEndAndChangeNothing) {
+    Write(Scratch, 0x77);
+    for (int value = 0; value < 256; ++value) {
+        Bus().WriteByte(0x5A, Scratch, static_cast<std::uint8_t>(value));
+        EXPECT_EQ(Bus().ReadByte(0x5A, Scratch), 0xFF);
+    }
+    EXPECT_EQ(Read(Scratch), 0x77);
+}
+
+TEST_F(SimulatedBoardTest, EEPROMIsErasedByPageAndProgrammedByByte) {
+    Write(Mode, 0x02);
+    EEPROMBus().WriteEEPROM(0x81, 0x3F, 0x0F);
+    EEPROMBus().WriteEEPROM(0x81, 0x40, 0x0F);
+    EEPROMBus().WriteEEPROM(0x81, 0x40, 0xF5); // programming only clears bits
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x81, 0x40), 0x05);
+    Write(Mode, 0x04);
+    EEPROMBus().ErasePage(0x81, 0x41, 0);
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x81, 0x40), 0xFF);
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x81, 0x3F), 0x0F);
+}
+
+TEST_F(SimulatedBoardTest, BlocksMoveRegistersFromThePointerOn) {
+    Write(Scratch, 0);
+    EXPECT_TRUE(WriteBlock());
+    Write(Scratch, 0x11);
+    const FrameBytes frame = ReadBlock();
+    EXPECT_TRUE(Bus().PECOK());
+    EXPECT_EQ(Notices, 0);
+    EXPECT_THAT(std::span(frame).first(5), ElementsAre(0x59, 32, 0x11, 0x22, 0x33));
+    EXPECT_EQ(Read(Scratch + 2), 0x33);
+}
+
+TEST_F(SimulatedBoardTest, BlocksMoveEEPROMBytesAsTheModeRegisterSays) {
+    Write(Mode, 0x82);
+    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
+    EXPECT_TRUE(WriteBlock()); // the third byte goes to the first address
+    Write(Mode, 0x81);
+    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
+    EXPECT_TRUE(WriteBlock()); // read mode: nothing is programmed, the pointer moves on
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x80, 0x01), 'Q');
+    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
+    const FrameBytes frame = ReadBlock();
+    EXPECT_TRUE(Bus().PECOK());
+    EXPECT_THAT(std::span(frame).subspan(2, 3), ElementsAre(0x11, 0x22, 'T' & 0x33));
+}
+
+TEST_F(SimulatedBoardTest, BlockWithoutPECIsStoredAtTheStop) {
+    Write(Scratch, 0);
+    Bus().UsePEC(false);
+    Bus().BlockWrite(2, {0, 0, 0, 0x44, 0x55});
+    EXPECT_EQ(Read(Scratch + 1), 0x55);
+}
+
+TEST_F(SimulatedBoardTest, PulledPlugAndPowerSilenceTheChipOnBothMedia) {
+    const auto silent = [this] {
+        return Read(CompanyID) == 0xFF && SMBus().ReadByte(0x2C, CompanyID) == 0xFF;
+    };
+    Write(Scratch, 0x12);
+    Write(Mode, 0x02);
+    EEPROMBus().WriteEEPROM(0x90, 0, 0x34);
+
+    Board.Plugged(false);
+    EXPECT_TRUE(silent());
+    Board.Plugged(true);
+    EXPECT_EQ(Read(Scratch), 0x12);
+
+    Board.Powered(false);
+    EXPECT_TRUE(silent());
+    Board.Powered(true);
+    EXPECT_EQ(Read(Scratch), 0x00);
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x90, 0), 0x34);
+}
+
+TEST_F(SimulatedBoardTest, TimeComesFromTheClockThatItWasGiven) {
+    EXPECT_EQ(Read(0x38), 0xFF); // the fan stands at power on
+    Time = 20s;
+    const int count = Read(0x38);
+    EXPECT_NEAR(1350000 / (8 * count), 3000, 120);
+    Time = 40s;
+    Board.Powered(false);
+    Board.Powered(true);
+    EXPECT_EQ(Read(0x38), 0xFF);
+}
+
+} // namespace
+} // namespace tqx
