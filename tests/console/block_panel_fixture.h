@@ -1,0 +1,95 @@
+#pragma once
+
+#include <console/block_panel.h>
+#include <controls/number_entry.h>
+#include <device/bench.h>
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+namespace tqx {
+
+/// A block panel on view, and what a test does with its hands. The message box writes down what it
+/// is told.
+class BlockPanelUnderTest {
+public:
+    explicit BlockPanelUnderTest(Bench& bench)
+        : Panel(bench, [this](const QString& title, const QString& message, std::uint8_t okOnly) {
+            Messages.push_back((title + "|" + message).toStdString() + "|" +
+                               std::to_string(okOnly));
+            return std::uint8_t{1};
+        }) {
+        Panel.Load();
+        Panel.Enter();
+        Panel.resize(1006, 610);
+        Panel.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&Panel));
+    }
+
+    template <class Widget = QWidget>
+    Widget& Find(const QString& name) {
+        auto* widget = Panel.findChild<Widget*>(name);
+        EXPECT_NE(widget, nullptr) << name.toStdString();
+        return *widget;
+    }
+
+    QWidget& Member(const char* array, int column) {
+        return Find(QString("%1(%2)").arg(array).arg(column));
+    }
+
+    NumberEntry& WriteBox(int column) {
+        return Find<NumberEntry>(QString("BlockWriteTXT(%1)").arg(column));
+    }
+
+    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
+
+    /// The texts of columns `first` to `last` of a row of the grid, parted by blanks.
+    std::string Row(const char* array, int first, int last) {
+        std::string row;
+        for (int column = first; column <= last; ++column) {
+            const auto* label = qobject_cast<QLabel*>(&Member(array, column));
+            const QString text = label != nullptr ? label->text() : WriteBox(column).Text();
+            row += (column == first ? "" : " ") + text.toStdString();
+        }
+        return row;
+    }
+
+    void Click(const char* button) {
+        QTest::mouseClick(&Find(button), Qt::LeftButton, {}, {10, Find(button).height() / 2});
+    }
+
+    /// Types over what stands in a box; `confirm` presses Enter.
+    void Type(const QString& box, const QString& keys, bool confirm = true) {
+        auto& entry = Find<NumberEntry>(box);
+        entry.selectAll();
+        QTest::keyClick(&entry, Qt::Key_Backspace);
+        QTest::keyClicks(&entry, keys);
+        if (confirm) {
+            QTest::keyClick(&entry, Qt::Key_Return);
+        }
+    }
+
+    /// Address, command, count and final PEC as the side of the panel shows them.
+    std::string PECReadOuts() {
+        return Text("DeviceAddressFcsLBL") + " " + Text("AddrPtrFcsLBL") + " " +
+               Text("ByteCountFcsLBL") + " " + Text("FinalPECLBL");
+    }
+
+    QColor MarkColour() { return Find("PECOKShape").property("FillColor").value<QColor>(); }
+
+    bool ButtonsUsable() {
+        return Find("BlockReadCMD").isEnabled() && Find("BlockWriteCMD").isEnabled();
+    }
+
+    std::vector<std::string> Messages;
+    BlockPanel Panel;
+};
+
+} // namespace tqx

@@ -1,0 +1,206 @@
+#include "console/block_panel_fixture.h"
+#include "support/recorded_bench.h"
+
+#include <QColor>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class BlockPanelTransfers : public testing::Test {
+protected:
+    test::RecordedBench recorded;
+    test::RecordingLink& link = recorded.Link;
+    BlockPanelUnderTest panel{recorded.Bench};
+
+    void SetUp() override {
+        link.SlaveAddress(0x58);
+        link.Registers[0x20] = 0x77;
+        for (std::size_t i = 0; i < link.ReadFrame.size(); ++i) {
+            link.ReadFrame[i] = static_cast<std::uint8_t>(i);
+            link.Trace[i] = static_cast<std::uint8_t>(0xC0 + i);
+        }
+        link.PEC = 0x9;
+        link.Take();
+    }
+
+    void UsePEC() {
+        panel.Click("UsePECCHK");
+        link.Take();
+    }
+
+    void StartAt(const char* high, const char* low) {
+        panel.Click("AccessEEPROMCHK");
+        panel.Find<QComboBox>("EEPROMHighByteCOMBO").setCurrentText(high);
+        panel.Type("LowByteTXT", low);
+    }
+};
+
+TEST_F(BlockPanelTransfers, AReadOfRegistersWithoutPEC) {
+    panel.Type("LowByteTXT", "20");
+    panel.Click("BlockReadCMD");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("PrinterPortLink.BurstMode 1", "BoardBus.ReadByte 58 20",
+                            "BoardBus.WriteByte 58 20 77", "BoardBus.ClearPointerFlag 0",
+                            "BoardBus.UsePEC 0", "BoardBus.BlockRead AA A",
+                            "BoardBus.ByteDelay us 0", "PrinterPortLink.BurstMode 0"));
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 4), "2 3 4 5");
+    EXPECT_EQ(panel.Row("ReadDataLBL", 31, 32), "20 21");
+    EXPECT_EQ(panel.Row("FcsLBL", 1, 2), "--- ---");
+    EXPECT_EQ(panel.PECReadOuts(), "--- --- --- ---");
+    EXPECT_EQ(panel.MarkColour(), QColor(128, 128, 128));
+    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").Text(), "A1");
+    EXPECT_TRUE(panel.ButtonsUsable());
+}
+
+TEST_F(BlockPanelTransfers, AReadOfTheEEPROMWithPEC) {
+    UsePEC();
+    StartAt("9F", "a0");
+    panel.Click("BlockReadCMD");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("PrinterPortLink.BurstMode 1", "BoardBus.WriteByte 58 13 81",
+                            "EEPROMLink.ReadEEPROM 9F A0", "BoardBus.ClearPointerFlag 0",
+                            "BoardBus.UsePEC 1", "BoardBus.BlockRead AA A",
+                            "BoardBus.ByteDelay us 0", "PrinterPortLink.BurstMode 0"));
+    EXPECT_EQ(panel.Row("FcsLBL", 1, 2), "C2 C3");
+    EXPECT_EQ(panel.Row("FcsLBL", 32, 32), "E1");
+    EXPECT_EQ(panel.PECReadOuts(), "C0 --- C1 9");
+    EXPECT_EQ(panel.Text("PECStatusLBL"), "PEC was OK");
+    EXPECT_EQ(panel.MarkColour(), QColor(0, 192, 0));
+}
+
+TEST_F(BlockPanelTransfers, AWriteOfFiveBytesToTheEEPROMWithPEC) {
+    UsePEC();
+    StartAt("81", "40");
+    panel.Type("ByteCountTXT", "5");
+    panel.Click("RandDataFillCMD");
+    panel.Type("BlockWriteTXT(1)", "11");
+    link.PECGood = false;
+    panel.Click("BlockWriteCMD");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("BoardBus.ByteDelay us 3E8", "BoardBus.UsePEC 1",
+                            "BoardBus.EEPROMTarget 1", "BoardBus.ReadByte 58 13",
+                            "BoardBus.ReadByte 58 13", "BoardBus.WriteByte 58 13 82",
+                            "EEPROMLink.ReadEEPROM 81 40", "BoardBus.ClearPointerFlag 0",
+                            "BoardBus.BlockWrite 5 11 22 E6 D4 20", "BoardBus.WriteByte 58 13 81",
+                            "BoardBus.ByteDelay us 0", "BoardBus.EEPROMTarget 0"));
+    EXPECT_EQ(panel.Row("FcsLBL", 1, 6), "C3 C4 C5 C6 C7 ---");
+    EXPECT_EQ(panel.PECReadOuts(), "C0 C1 C2 9");
+    EXPECT_EQ(panel.Text("PECStatusLBL"), "PEC Failed");
+    EXPECT_EQ(panel.MarkColour(), QColor(192, 0, 0));
+    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").Text(), "A0");
+    EXPECT_TRUE(panel.Member("ReadDataLBL", 5).isEnabled());
+    EXPECT_FALSE(panel.Member("ReadDataLBL", 6).isEnabled());
+
+    panel.Click("BlockReadCMD");
+    EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), "20");
+    EXPECT_TRUE(panel.Member("ReadDataLBL", 32).isEnabled());
+}
+
+TEST_F(BlockPanelTransfers, AWriteToRegistersLeavesTheWriteMode) {
+    panel.Type("ByteCountTXT", "2");
+    panel.Type("LowByteTXT", "20");
+    panel.Click("BlockWriteCMD");
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ByteDelay us 3E8", "BoardBus.UsePEC 0",
+                                         "BoardBus.EEPROMTarget 0", "BoardBus.ReadByte 58 13",
+                                         "BoardBus.ReadByte 58 13", "BoardBus.WriteByte 58 13 82",
+                                         "BoardBus.ReadByte 58 20", "BoardBus.WriteByte 58 20 77",
+                                         "BoardBus.ClearPointerFlag 0", "BoardBus.BlockWrite 2 0 0",
+                                         "BoardBus.ByteDelay us 0", "BoardBus.EEPROMTarget 0"));
+    EXPECT_EQ(link.Registers[0x13], 0x82);
+    EXPECT_EQ(panel.PECReadOuts(), "--- --- --- ---");
+    EXPECT_EQ(panel.MarkColour(), QColor(128, 128, 128));
+}
+
+TEST_F(BlockPanelTransfers, TheWriteProtectBitRefusesAWriteToEitherSpace) {
+    UsePEC();
+    link.Registers[0x13] = 0x08;
+    panel.Click("BlockWriteCMD");
+    EXPECT_THAT(panel.Messages, ElementsAre("Error|The EEPROM write protect bit is set, the EEPROM "
+                                            "cannot be written to.|1"));
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ByteDelay us 3E8", "BoardBus.UsePEC 1",
+                                         "BoardBus.EEPROMTarget 0", "BoardBus.ReadByte 58 13",
+                                         "BoardBus.ReadByte 58 13", "BoardBus.ByteDelay us 0",
+                                         "BoardBus.EEPROMTarget 0"));
+    EXPECT_EQ(panel.Text("PECStatusLBL"), "Please Wait....");
+    EXPECT_TRUE(panel.ButtonsUsable());
+
+    panel.Click("AccessEEPROMCHK");
+    panel.Click("BlockWriteCMD");
+    EXPECT_EQ(panel.Messages.size(), 2U);
+    EXPECT_THAT(link.Take(),
+                testing::Not(testing::Contains(testing::StartsWith("BoardBus.BlockWrite"))));
+}
+
+TEST_F(BlockPanelTransfers, AByteCountIsKeptToABlock) {
+    struct {
+        const char* Typed;
+        bool Confirmed;
+        const char* After; // the entry
+        const char* Sent;  // the count that a write sends
+    } const table[] = {
+        {"20", true, "20", "20"},  {"21", true, "20", "20"},  {"FF", true, "20", "20"},
+        {"1", true, "1", "1"},     {"0", true, "0", "1"},     {"", true, "", "1"},
+        {"21", false, "21", "20"}, {"FF", false, "FF", "20"}, {"0", false, "0", "1"},
+    };
+
+    for (const auto& row : table) {
+        panel.Type("ByteCountTXT", row.Typed, row.Confirmed);
+        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), row.After);
+        panel.Click("BlockWriteCMD");
+        EXPECT_THAT(link.Take(), testing::Contains(testing::StartsWith(
+                                     std::string("BoardBus.BlockWrite ") + row.Sent + " ")))
+            << row.Typed;
+        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), row.Sent);
+    }
+    panel.Type("ByteCountTXT", "3");
+    EXPECT_TRUE(panel.Member("ReadDataLBL", 3).isEnabled());
+    EXPECT_FALSE(panel.Member("ReadDataLBL", 4).isEnabled());
+    EXPECT_TRUE(panel.Member("BlockWriteTXT", 4).isEnabled());
+}
+
+TEST_F(BlockPanelTransfers, ALinkErrorPassesAndThePanelCanBeUsedAgain) {
+    UsePEC();
+    panel.Click("AccessEEPROMCHK");
+    for (const char* button : {"BlockReadCMD", "BlockWriteCMD"}) {
+        panel.Click(button);
+        const std::vector<std::string> whole = link.Take();
+        for (std::size_t failing = 0; failing < whole.size(); ++failing) {
+            link.FailOn = whole[failing];
+            EXPECT_THROW(panel.Click(button), LinkError) << whole[failing];
+            link.FailOn.clear();
+            panel.Panel.Recover();
+            EXPECT_TRUE(panel.ButtonsUsable()) << whole[failing];
+            EXPECT_NE(panel.Text("PECStatusLBL"), "Please Wait....") << whole[failing];
+            link.Take();
+            panel.Click(button);
+            EXPECT_EQ(link.Take(), whole);
+        }
+    }
+    link.FailOn = "BoardBus.BlockWrite";
+    EXPECT_THROW(panel.Click("BlockWriteCMD"), LinkError);
+    EXPECT_FALSE(panel.ButtonsUsable()) << "until the user was told";
+    panel.Panel.Enter();
+    EXPECT_FALSE(panel.ButtonsUsable()) << "coming back to the panel changes nothing";
+}
+
+TEST_F(BlockPanelTransfers, TheButtonPressedByKeyKeepsTheFocus) {
+    for (const char* name : {"BlockReadCMD", "BlockWriteCMD"}) {
+        auto& button = panel.Find(name);
+        button.setFocus();
+        QTest::keyClick(&button, Qt::Key_Space);
+        EXPECT_TRUE(button.hasFocus()) << name;
+    }
+}
+
+TEST_F(BlockPanelTransfers, TheBoardsBusIsUsedWhateverTheMedium) {
+    recorded.Bench.Bus.BusCell.ComsMedium = ComsSMBus;
+    StartAt("80", "0");
+    panel.Click("BlockReadCMD");
+    EXPECT_THAT(link.Take(), testing::Contains("BoardBus.BlockRead AA A"));
+}
+
+} // namespace
+} // namespace tqx
