@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <span>
+#include <string_view>
 #include <utility>
 
 namespace tqx {
@@ -37,6 +38,33 @@ constexpr std::size_t ReadHead = 2;
 std::span<const std::uint8_t> Data(const FrameBytes& frame, std::size_t head, unsigned count) {
     return std::span(frame).subspan(head, count);
 }
+
+/// Hears for as long as a scope lasts whether the link gives a notice, and passes it on.
+class NoticeWatch {
+public:
+    explicit NoticeWatch(LinkSetup& setup)
+        : m_setup(setup)
+        , m_door(std::move(setup.Notice)) {
+        m_setup.Notice = [this](std::string_view title, std::string_view message) {
+            m_heard = true;
+            if (m_door) {
+                m_door(title, message);
+            }
+        };
+    }
+
+    ~NoticeWatch() { m_setup.Notice = std::move(m_door); }
+
+    NoticeWatch(const NoticeWatch&) = delete;
+    NoticeWatch& operator=(const NoticeWatch&) = delete;
+
+    bool Heard() const { return m_heard; }
+
+private:
+    LinkSetup& m_setup;
+    NoticeDoor m_door;
+    bool m_heard = false;
+};
 
 } // namespace
 
@@ -64,15 +92,23 @@ void BlockTransfer::Read() {
     }
     SetBlockStart();
     Bus().UsePEC(m_panel.Frame.UsePEC());
-    std::uint8_t dropped = 0;
-    Bus().BlockRead(0xAA, 0x0A, dropped);
-    m_panel.Grid.ShowReading(Data(Bus().BlockData(), ReadHead, m_panel.Frame.ByteCount()));
+    const bool whole = ReceiveBlock();
+    if (whole) {
+        m_panel.Grid.ShowReading(Data(Bus().BlockData(), ReadHead, m_panel.Frame.ByteCount()));
+    }
     if (m_panel.Frame.UsePEC()) {
-        ShowReadPEC();
+        whole ? ShowReadPEC() : m_panel.Results.Show(false);
     }
     Bus().ByteDelay(0);
     m_panel.BlockReadCMD.setEnabled(true);
     m_bench.Link->PrinterPortLink().BurstMode(false);
+}
+
+bool BlockTransfer::ReceiveBlock() {
+    const NoticeWatch watch(m_bench.Link.Setup);
+    std::uint8_t dropped = 0;
+    Bus().BlockRead(0xAA, 0x0A, dropped);
+    return !watch.Heard();
 }
 
 void BlockTransfer::ShowReadPEC() {

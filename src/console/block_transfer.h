@@ -49,6 +49,9 @@ public:
 private:
     /// Moves the chip's address pointer to the start of the block.
     void SetBlockStart();
+    /// False when the link broke the read off with a notice: it then still holds the block and the
+    /// PEC of an earlier one, which must not be shown as this one's.
+    bool ReceiveBlock();
     void WriteEEPROMMode(std::uint8_t mode);
     bool WriteProtected();
     void KeepByteCountInBlock();

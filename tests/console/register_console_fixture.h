@@ -15,20 +15,17 @@
 
 namespace tqx {
 
-/// A register console on view, on a recorded link with a chip at 58h on the printer port.
-class RegisterConsoleTest : public testing::Test {
+/// A register console on view, and what a test does with its hands.
+class RegisterConsoleHands {
 protected:
-    test::RecordedBench recorded;
-    Bench& bench = recorded.Bench;
-    test::RecordingLink& link = recorded.Link;
-    RegisterConsole console{bench};
-
-    void SetUp() override {
-        bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
+    explicit RegisterConsoleHands(Bench& bench)
+        : console(bench) {
         console.resize(1000, 620);
         console.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&console));
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&console));
     }
+
+    RegisterConsole console;
 
     template <class Widget = QWidget>
     Widget& Find(const QString& name) {
@@ -74,6 +71,24 @@ protected:
         QTest::keyClicks(&entry, keys);
         QTest::keyClick(&entry, Qt::Key_Return);
     }
+};
+
+struct OnRecordedBench {
+    test::RecordedBench recorded;
+};
+
+/// On a recorded link, with a chip at 58h on the printer port.
+class RegisterConsoleTest : public testing::Test,
+                            protected OnRecordedBench,
+                            protected RegisterConsoleHands {
+protected:
+    RegisterConsoleTest()
+        : RegisterConsoleHands(recorded.Bench) {
+        bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
+    }
+
+    Bench& bench = recorded.Bench;
+    test::RecordingLink& link = recorded.Link;
 };
 
 } // namespace tqx

@@ -131,27 +131,5 @@ TEST_F(RegisterConsoleRows, TabLeadsToOneRowOfAPageAndThenOn) {
     EXPECT_EQ(QApplication::focusWidget(), &Row(0x31));
 }
 
-TEST_F(RegisterConsoleRows, EveryRowShowsItsNameItsLegendsAndItsEntryFlag) {
-    for (const RegisterEntry& entry : RegisterMap) {
-        const int address = entry.Address;
-        link.Registers[entry.Address] = static_cast<std::uint8_t>(3 * address + 7);
-        ClickRow(address);
-        const unsigned value = link.Registers[entry.Address];
-        EXPECT_EQ(Text("current_reg_type_label"), entry.TypeLabel);
-        EXPECT_EQ(Text("current_reg_address_label"),
-                  QString::number(address, 16).toUpper().toStdString());
-        EXPECT_EQ(Text("p_Value_read_hex_label"),
-                  QString::number(value, 16).toUpper().toStdString());
-        EXPECT_EQ(Text("p_Value_read_dec_label"), std::to_string(value));
-        EXPECT_EQ(Bits(), QString::number(0x100 + value, 2).mid(1).toStdString());
-        for (std::size_t bit = 0; bit < 8; ++bit) {
-            EXPECT_EQ(Text(QString("bitname(%1)").arg(bit)), entry.Legends[bit]) << address;
-        }
-        for (const char* control : {"Text6", "Text7", "Command4", "Command5"}) {
-            EXPECT_EQ(Find(control).isEnabled(), entry.Entry) << address << control;
-        }
-    }
-}
-
 } // namespace
 } // namespace tqx

@@ -1,0 +1,184 @@
+#include "console/block_panel_fixture.h"
+#include "console/simulated_bench.h"
+
+#include <device/register_addresses.h>
+#include <link/link_error.h>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// From the panel's buttons down to the lines of the bus.
+class BlockPanelOnTheBoard : public testing::Test {
+protected:
+    test::SimulatedBench simulated;
+    BlockPanelUnderTest panel{simulated.Bench};
+    std::vector<std::string> notices;
+
+    void SetUp() override {
+        simulated.Bench.Link.Setup.Notice = [this](std::string_view, std::string_view message) {
+            notices.emplace_back(message);
+        };
+        panel.Click("UsePECCHK");
+    }
+
+    Faults& TheFaults() { return simulated.Board.TheFaults(); }
+
+    void StartInEEPROM(const char* high, const char* low) {
+        panel.Click("AccessEEPROMCHK");
+        panel.Find<QComboBox>("EEPROMHighByteCOMBO").setCurrentText(high);
+        panel.Type("LowByteTXT", low);
+    }
+
+    void ErasePage(std::uint8_t high, std::uint8_t low) {
+        constexpr std::uint8_t eraseMode = 0x84;
+        simulated.Bus().WriteByte(0x58, reg::EEPROM3, eraseMode);
+        simulated.Bench.Link->PrinterPortLink().EEPROMLink().ErasePage(high, low, 0);
+    }
+
+    void ExpectPEC(const char* status, const QColor& colour) {
+        EXPECT_EQ(panel.Text("PECStatusLBL"), status);
+        EXPECT_EQ(panel.MarkColour(), colour);
+    }
+
+    const QColor green{0, 192, 0};
+    const QColor red{192, 0, 0};
+};
+
+TEST_F(BlockPanelOnTheBoard, ABlockWrittenToErasedEEPROMReadsBackWithAGoodPEC) {
+    ErasePage(0x84, 0x40);
+    StartInEEPROM("84", "40");
+    panel.Click("RandDataFillCMD");
+    panel.Click("BlockWriteCMD");
+    ExpectPEC("PEC was OK", green);
+    EXPECT_EQ(panel.Text("DeviceAddressFcsLBL"), "8F");
+    EXPECT_EQ(panel.Text("AddrPtrFcsLBL"), "CD");
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC was OK", green);
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 32), panel.Row("BlockWriteTXT", 1, 32));
+    EXPECT_EQ(panel.Row("FcsLBL", 32, 32), panel.Text("FinalPECLBL"))
+        << "the PEC after the last byte is the PEC";
+    EXPECT_THAT(notices, IsEmpty());
+}
+
+TEST_F(BlockPanelOnTheBoard, AShortBlockTouchesNothingBehindIt) {
+    ErasePage(0x80, 0x00);
+    StartInEEPROM("80", "0");
+    panel.Click("RandDataFillCMD");
+    panel.Type("ByteCountTXT", "5");
+    panel.Click("BlockWriteCMD");
+    panel.Click("BlockReadCMD");
+    EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), "20");
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 5), panel.Row("BlockWriteTXT", 1, 5));
+    EXPECT_EQ(panel.Row("ReadDataLBL", 6, 8), "FF FF FF");
+}
+
+TEST_F(BlockPanelOnTheBoard, RegistersTakeABlockFromTheStartPosition) {
+    panel.Type("LowByteTXT", "60");
+    panel.Type("ByteCountTXT", "3");
+    panel.WriteBox(1).Value(0x10);
+    panel.WriteBox(2).Value(0x20);
+    panel.WriteBox(3).Value(0x30);
+    panel.Click("BlockWriteCMD");
+    ExpectPEC("PEC was OK", green);
+    Chip& chip = simulated.Board.TheChip();
+    EXPECT_THAT((std::vector<int>{chip.Read(0x60), chip.Read(0x61), chip.Read(0x62)}),
+                ElementsAre(0x10, 0x20, 0x30));
+    panel.Click("BlockReadCMD");
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 3), "10 20 30");
+    ExpectPEC("PEC was OK", green);
+}
+
+TEST_F(BlockPanelOnTheBoard, ADamagedPECIsToldAndStoresNothing) {
+    panel.Type("LowByteTXT", "60");
+    panel.Click("BlockReadCMD");
+    const std::string before = panel.Row("ReadDataLBL", 1, 8);
+    TheFaults().Always(Fault::WrongPEC);
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC Failed", red);
+    panel.Type("ByteCountTXT", "8");
+    panel.Click("RandDataFillCMD");
+    panel.Click("BlockWriteCMD");
+    ExpectPEC("PEC Failed", red);
+    EXPECT_TRUE(panel.ButtonsUsable());
+    TheFaults().AllOff();
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC was OK", green);
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 8), before);
+}
+
+TEST_F(BlockPanelOnTheBoard, TheWriteProtectBitRefusesWithoutATransfer) {
+    simulated.Bus().WriteByte(0x58, reg::EEPROM3, 0x08);
+    panel.Type("LowByteTXT", "60");
+    const std::uint8_t before = simulated.Board.TheChip().Read(0x60);
+    panel.WriteBox(1).Value(before ^ 0xFFU);
+    panel.Click("BlockWriteCMD");
+    EXPECT_EQ(panel.Messages.size(), 1U);
+    EXPECT_EQ(simulated.Board.TheChip().Read(0x60), before);
+    EXPECT_EQ(simulated.Board.TheChip().Read(reg::EEPROM3), 0x08);
+}
+
+TEST_F(BlockPanelOnTheBoard, ACountOtherThan32IsToldAndShowsNoEarlierBlock) {
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC was OK", green);
+    TheFaults().Always(Fault::ShortCount);
+    panel.Click("BlockReadCMD");
+    EXPECT_THAT(notices, ElementsAre("The byte count read did not equal 32"));
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 2), "--- ---");
+    EXPECT_EQ(panel.PECReadOuts(), "--- --- --- ---");
+    ExpectPEC("PEC Failed", red);
+    EXPECT_TRUE(panel.ButtonsUsable());
+    TheFaults().AllOff();
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC was OK", green);
+    EXPECT_EQ(notices.size(), 1U);
+}
+
+TEST_F(BlockPanelOnTheBoard, AChipThatIsGoneIsNeverTakenForAGoodTransfer) {
+    simulated.Board.Plugged(false);
+    panel.Click("BlockWriteCMD");
+    EXPECT_EQ(panel.Messages.size(), 1U) << "FFh has the write-protect bit set";
+    panel.Click("BlockReadCMD");
+    EXPECT_EQ(notices.size(), 1U);
+    ExpectPEC("PEC Failed", red);
+    simulated.Board.Plugged(true);
+    panel.Click("BlockReadCMD");
+    ExpectPEC("PEC was OK", green);
+}
+
+TEST_F(BlockPanelOnTheBoard, AChipThatFallsSilentInTheMiddleOfABlockFailsThePEC) {
+    panel.Type("LowByteTXT", "60");
+    panel.Click("BlockReadCMD");
+    const std::string whole = panel.Row("ReadDataLBL", 1, 8);
+    simulated.Port->FallSilentAfter(150);
+    panel.Click("BlockReadCMD");
+    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 8), whole);
+    EXPECT_EQ(panel.Row("ReadDataLBL", 31, 32), "FF FF");
+    ExpectPEC("PEC Failed", red);
+
+    simulated.Port->FallSilentAfter(55);
+    panel.Click("BlockWriteCMD");
+    EXPECT_THAT(panel.Messages, IsEmpty()) << "it was still there when the block began";
+    ExpectPEC("PEC Failed", red);
+    EXPECT_TRUE(panel.ButtonsUsable());
+}
+
+TEST_F(BlockPanelOnTheBoard, ALinkThatFailsInTheMiddleOfABlockLeavesThePanelUsable) {
+    StartInEEPROM("80", "0");
+    for (const char* button : {"BlockReadCMD", "BlockWriteCMD"}) {
+        for (const unsigned access : {1U, 200U, 900U, 1500U}) {
+            TheFaults().Every(Fault::LinkFails, access);
+            EXPECT_THROW(panel.Click(button), LinkError) << button << access;
+            TheFaults().AllOff();
+            panel.Panel.Recover();
+            EXPECT_TRUE(panel.ButtonsUsable());
+            panel.Click("BlockReadCMD");
+            ExpectPEC("PEC was OK", green);
+        }
+    }
+}
+
+} // namespace
+} // namespace tqx
