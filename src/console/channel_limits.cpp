@@ -1,0 +1,83 @@
+#include "console/channel_limits.h"
+
+#include "console/limit_handles.h"
+#include "console/monitor_rows.h"
+#include "console/size_strip_bar.h"
+#include "gauge_pointers.h"
+
+#include <device/bench.h>
+
+#include <QString>
+
+#include <cstdint>
+#include <string_view>
+
+namespace tqx {
+namespace {
+
+/// The suffix of the caption without its blank.
+QString UnitOfRow(int row) {
+    const std::string_view suffix = MonitorRows.at(static_cast<std::size_t>(row)).Suffix;
+    return QString::fromLatin1(suffix.data(), static_cast<qsizetype>(suffix.size())).trimmed();
+}
+
+} // namespace
+
+ChannelLimits::ChannelLimits(Bench& bench, LinearGauge& gauge, SizeStripBar& sizes,
+                             LimitHandles& handles, MonitorState& state)
+    : m_bench(bench)
+    , m_gauge(gauge)
+    , m_sizes(sizes)
+    , m_handles(handles)
+    , m_state(state) {}
+
+void ChannelLimits::LoadChannelLimits(int row) {
+    if (IsHeadingRow(row)) {
+        m_state.StripGroup = static_cast<std::int16_t>(row);
+        m_sizes.SizeStrip(row);
+    } else {
+        PutOnGauge(row);
+    }
+    if (!IsFanRow(m_state.SelectedChannel)) {
+        m_handles.AdjustBargraphHandlesETC();
+    }
+}
+
+void ChannelLimits::PutOnGauge(int row) {
+    m_state.SelectedChannel = static_cast<std::int16_t>(row);
+    m_sizes.SizeGauge(row);
+    m_gauge.Unit(UnitOfRow(row));
+    try {
+        ReadLimits(row);
+    } catch (...) {
+        // The handles still stand where another channel had them: none may be written to this one.
+        m_state.SelectedChannel = 0;
+        throw;
+    }
+}
+
+void ChannelLimits::ReadLimits(int row) {
+    switch (KindOfRow(row)) {
+    case RowKind::Temperature:
+        ShowTemperatureLimits(row);
+        break;
+    case RowKind::Fan:
+        SetHandle(m_gauge, LowHandle, m_bench.Channels.FanOfRow(row).Limit());
+        break;
+    case RowKind::Voltage:
+        SetHandle(m_gauge, LowHandle, m_bench.Channels.VoltageOfRow(row).LowLimit());
+        SetHandle(m_gauge, HighHandle, m_bench.Channels.VoltageOfRow(row).HighLimit());
+        break;
+    case RowKind::Heading:
+    case RowKind::None:
+        break;
+    }
+}
+
+void ChannelLimits::ShowTemperatureLimits(int row) {
+    Temperature& temperature = m_bench.Channels.TemperatureOfRow(row);
+    SetHandle(m_gauge, LowHandle, temperature.MinLimit());
+    SetHandle(m_gauge, HighHandle, temperature.MaxLimit());
+}
+
+} // namespace tqx
