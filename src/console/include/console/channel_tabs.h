@@ -1,0 +1,31 @@
+#pragma once
+
+#include "console/monitor_rows.h"
+
+#include <QTabWidget>
+
+namespace tqx {
+
+class ChannelRows;
+class StatusLamps;
+
+/// `BargraphTab`: the channel rows on three tabs, each with its lamp beside it, and the chassis
+/// alarm under the voltages.
+class ChannelTabs : public QTabWidget {
+    Q_OBJECT
+
+public:
+    /// Takes the rows and the lamps onto its pages.
+    ChannelTabs(const ChannelRows& rows, const StatusLamps& lamps, QWidget* parent = nullptr);
+
+    MonitorTab TabOnView() const { return static_cast<MonitorTab>(currentIndex()); }
+
+Q_SIGNALS:
+    /// A click on `CITXT` or its lamp.
+    void ChassisClicked();
+
+private:
+    QWidget* NewPage(MonitorTab tab, const ChannelRows& rows, const StatusLamps& lamps);
+};
+
+} // namespace tqx
