@@ -1,0 +1,132 @@
+#pragma once
+
+#include "support/recording_link.h"
+
+#include <console/control_centre.h>
+#include <controls/alarm_lamp.h>
+#include <controls/linear_gauge.h>
+#include <controls/row_label.h>
+#include <controls/strip_chart.h>
+#include <device/bench.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace tqx::test {
+
+/// The control centre on view, with the chip on the printer port behind a link that records.
+class ControlCentreTest : public testing::Test {
+protected:
+    RecordingLink* link = new RecordingLink;
+    Bench bench{[this](const LinkSetup&) { return std::unique_ptr<LinkServer>(link); }};
+    std::unique_ptr<ControlCentre> panel;
+
+    void SetUp() override {
+        bench.Channels.ConfigureChannels();
+        ChoosePrinterPort();
+        panel = std::make_unique<ControlCentre>(bench);
+        panel->resize(1120, 620);
+        panel->show();
+        QApplication::setActiveWindow(panel.get());
+        link->Take();
+    }
+
+    void ChoosePrinterPort() {
+        bench.Bus.BusCell.ComsMedium = ComsPrinterPort;
+        bench.Bus.BusCell.SlaveAddress = 0x58;
+        bench.Bus.BusCell.PortAddress = 0x378;
+    }
+
+    void ChooseSMBus() {
+        bench.Bus.BusCell.ComsMedium = ComsSMBus;
+        bench.Bus.BusCell.SlaveAddress = 0x2C;
+    }
+
+    /// As the panel stands after its first entry, with the monitor stopped.
+    void EnterAndStop() {
+        panel->SetUpControlCentre();
+        panel->ControlCentreReady = true;
+        panel->StopMonitorTimers();
+        link->Take();
+    }
+
+    /// The bus since the last call: "R1F" a read of 1Fh, "W0=3" a write, "burst 1" burst mode.
+    std::string Traffic() {
+        std::string traffic;
+        for (const std::string& call : link->Take()) {
+            traffic += (traffic.empty() || Short(call).empty() ? "" : " ") + Short(call);
+        }
+        return traffic;
+    }
+
+    RowLabel& Row(int row) { return Child<RowLabel>("visualdisplaytext(%1)", row); }
+
+    AlarmLamp& Lamp(int lamp) { return Child<AlarmLamp>("SSPanel11(%1)", lamp); }
+
+    QLabel& GPIO(int label) { return Child<QLabel>("GPIO(%1)", label); }
+
+    LinearGauge& Gauge() { return Child<LinearGauge>("limits_gauge"); }
+
+    StripChart& Chart() { return Child<StripChart>("MainStripChart"); }
+
+    QTabWidget& Tabs() { return Child<QTabWidget>("BargraphTab"); }
+
+    QAbstractButton& VisStart() { return Child<QAbstractButton>("VisStartCHK"); }
+
+    QTimer& Timer(const char* name) { return *panel->findChild<QTimer*>(QLatin1String(name)); }
+
+    bool MonitorRuns() {
+        const bool runs = Timer("BargraphTimer").isActive();
+        EXPECT_EQ(Timer("GPIOTimer").isActive(), runs);
+        EXPECT_EQ(Timer("InterruptTimer").isActive(), runs);
+        EXPECT_EQ(VisStart().isChecked(), runs);
+        EXPECT_EQ(VisStart().text(), runs ? "Stop" : "Start");
+        return runs;
+    }
+
+    static void Click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+
+    template <class T>
+    T& Child(const char* name, int index = 0) {
+        QString full = QString::fromLatin1(name);
+        if (full.contains(QLatin1String("%1"))) {
+            full = full.arg(index);
+        }
+        T* const child = panel->findChild<T*>(full);
+        if (child == nullptr) {
+            throw std::runtime_error("no control " + full.toStdString());
+        }
+        return *child;
+    }
+
+private:
+    static std::string Short(const std::string& call) {
+        unsigned address = 0;
+        unsigned reg = 0;
+        unsigned value = 0;
+        char text[16];
+        if (std::sscanf(call.c_str(), "%*[A-Za-z].ReadByte %X %X", &address, &reg) == 2) {
+            std::snprintf(text, sizeof text, "R%X", reg);
+        } else if (std::sscanf(call.c_str(), "%*[A-Za-z].WriteByte %X %X %X", &address, &reg,
+                               &value) == 3) {
+            std::snprintf(text, sizeof text, "W%X=%X", reg, value);
+        } else if (call.rfind("PrinterPortLink.BurstMode", 0) == 0) {
+            std::snprintf(text, sizeof text, "burst %c", call.back());
+        } else {
+            return call.rfind("BoardBus.PortAddress", 0) == 0 ? std::string() : call;
+        }
+        return text;
+    }
+};
+
+} // namespace tqx::test

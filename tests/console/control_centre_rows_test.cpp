@@ -1,0 +1,177 @@
+#include "console/control_centre_fixture.h"
+
+#include <link/link_error.h>
+
+#include <device/display_rows.h>
+
+#include <vector>
+
+namespace tqx {
+namespace {
+
+class ControlCentreRows : public test::ControlCentreTest {
+protected:
+    void Point(int row) { QTest::mouseMove(&Row(row), Row(row).rect().center()); }
+
+    std::vector<int> VisibleRows(int first, int last) {
+        std::vector<int> rows;
+        for (int row = first; row <= last; ++row) {
+            if (!Row(row).isHidden()) {
+                rows.push_back(row);
+            }
+        }
+        return rows;
+    }
+
+    QString LegendOf(int variable) {
+        Chart().CaptionIndex(2 + variable);
+        return Chart().Caption();
+    }
+};
+
+TEST_F(ControlCentreRows, StandOnTheirTabsWithTheirLamps) {
+    for (int row = 3; row < RowCount; ++row) {
+        const int tab = row < 7 ? 0 : row < 15 ? 1 : 2;
+        EXPECT_TRUE(Tabs().widget(tab)->isAncestorOf(&Row(row))) << row;
+        EXPECT_EQ(Row(row).Caption().toStdString(), CaptionOfRow(row));
+    }
+    Tabs().setCurrentIndex(2);
+    QCoreApplication::processEvents();
+    EXPECT_NEAR(Lamp(27).geometry().center().y(), Row(30).geometry().center().y(), 1);
+    EXPECT_NEAR(Lamp(5).geometry().center().y(), Row(15).geometry().center().y(), 1);
+    EXPECT_TRUE(Row(6).isHidden());
+    EXPECT_FALSE(Row(6).isEnabled());
+    EXPECT_TRUE(Lamp(4).isHidden());
+}
+
+TEST_F(ControlCentreRows, TakeTheColoursOfPointerAndPick) {
+    Point(3);
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::Hovered);
+    Click(Row(3));
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::Selected);
+    Point(0);
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
+    EXPECT_EQ(Row(0).ForeColor(), RowColour::Hovered);
+    Click(Row(0));
+    EXPECT_EQ(Row(0).ForeColor(), RowColour::Selected) << "the headings are a group of their own";
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
+    Click(Row(4));
+    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected);
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::Plain);
+    EXPECT_EQ(Row(0).ForeColor(), RowColour::SelectedAway);
+    Click(Row(4));
+    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected) << "a second click unpicks nothing";
+    EXPECT_EQ(panel->HoverRow, 4);
+}
+
+TEST_F(ControlCentreRows, ArePickedWithTheKeyboardToo) {
+    Tabs().setCurrentIndex(1);
+    Row(7).setFocus();
+    QTest::keyClick(&Row(7), Qt::Key_Down);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(panel->SelectedChannel, 8);
+    EXPECT_EQ(Row(8).ForeColor(), RowColour::Selected);
+    EXPECT_EQ(Traffic(), "R61");
+}
+
+TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
+    link->Registers[0x4F] = 0x1A;
+    link->Registers[0x47] = 0xE5;
+    Tabs().setCurrentIndex(2);
+    Click(Row(17));
+    EXPECT_EQ(Traffic(), "R4F R47");
+    EXPECT_TRUE(MonitorRuns());
+    EXPECT_EQ(panel->SelectedChannel, 17);
+    Gauge().PointerIndex(2);
+    EXPECT_NEAR(Gauge().PointerValue(), -14.049, 0.001);
+    Gauge().PointerIndex(3);
+    EXPECT_NEAR(Gauge().PointerValue(), 0.557, 0.001);
+    Gauge().PointerIndex(1);
+    EXPECT_NEAR(Gauge().PointerFrom(), -14.049, 0.001) << "the bands span the limits";
+    EXPECT_NEAR(Gauge().PointerTo(), 0.557, 0.001);
+
+    Click(Row(2));
+    EXPECT_EQ(Traffic(), "");
+    EXPECT_EQ(panel->StripGroup, 2);
+    EXPECT_EQ(panel->SelectedChannel, 17);
+    Chart().CaptionIndex(0);
+    EXPECT_EQ(Chart().Caption(), "RPM");
+}
+
+TEST_F(ControlCentreRows, AClickWhoseReadFailsPutsNoChannelOnTheGaugeAndCanBeRepeated) {
+    Click(Row(3));
+    panel->StopMonitorTimers();
+    link->FailOn = "BoardBus.ReadByte 58 40";
+    EXPECT_THROW(Click(Row(4)), LinkError);
+    EXPECT_FALSE(MonitorRuns());
+    EXPECT_EQ(panel->SelectedChannel, 0) << "no handle of another channel may reach this one";
+    link->FailOn.clear();
+    Click(Row(4));
+    EXPECT_TRUE(MonitorRuns());
+    EXPECT_EQ(panel->SelectedChannel, 4);
+    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected);
+}
+
+TEST_F(ControlCentreRows, FollowThePinConfiguration) {
+    link->Registers[0x01] = 0b1000'0101;
+    link->Registers[0x00] = 0x08;
+    link->Registers[0x07] = 0x01;
+    panel->StripGroup = 1;
+    panel->SetUpDisplay();
+    EXPECT_EQ(Traffic(), "R1 R0 R7");
+    EXPECT_EQ(VisibleRows(7, 14), (std::vector<int>{8, 10, 11, 12, 13}));
+    EXPECT_EQ(VisibleRows(3, 6), (std::vector<int>{3, 4}));
+    EXPECT_EQ(VisibleRows(28, 29), (std::vector<int>{28, 29}));
+    EXPECT_TRUE(Lamp(20).isHidden());
+    EXPECT_FALSE(Lamp(1).isHidden());
+    EXPECT_TRUE(Lamp(26).isHidden());
+    EXPECT_TRUE(Lamp(3).isHidden());
+    EXPECT_FALSE(Lamp(18).isHidden());
+    EXPECT_FALSE(GPIO(0).isHidden());
+    EXPECT_TRUE(GPIO(1).isHidden());
+    EXPECT_FALSE(GPIO(7).isHidden());
+    EXPECT_FALSE(GPIO(16).isHidden());
+    EXPECT_EQ(LegendOf(14), "Ain 9");
+
+    link->Registers[0x01] = link->Registers[0x00] = link->Registers[0x07] = 0;
+    panel->SetUpDisplay();
+    EXPECT_EQ(VisibleRows(7, 14).size(), 8U);
+    EXPECT_EQ(VisibleRows(3, 6), (std::vector<int>{3, 4, 5}));
+    EXPECT_TRUE(VisibleRows(28, 29).empty());
+    EXPECT_FALSE(Lamp(3).isHidden());
+    EXPECT_TRUE(Lamp(19).isHidden());
+    EXPECT_TRUE(GPIO(16).isHidden());
+    EXPECT_FALSE(GPIO(8).isHidden());
+    EXPECT_EQ(LegendOf(13), "");
+    EXPECT_EQ(LegendOf(14), "");
+    EXPECT_EQ(LegendOf(15), "3.3V Main") << "the legend lines do not close up";
+}
+
+TEST_F(ControlCentreRows, FirstEntrySetsUpChipGaugeChartAndMonitor) {
+    Tabs().setCurrentIndex(2);
+    link->Registers[0x68] = 90;
+    panel->SetUpControlCentre();
+    EXPECT_EQ(Traffic(), "R69 R68 W0=3 R1 R0 R7 R69 R68");
+    EXPECT_EQ(Tabs().currentIndex(), 0);
+    EXPECT_EQ(panel->SelectedChannel, 3);
+    EXPECT_EQ(panel->StripGroup, 0);
+    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
+    EXPECT_EQ(Row(0).ForeColor(), RowColour::SelectedAway);
+    EXPECT_TRUE(MonitorRuns());
+    EXPECT_EQ(Gauge().PointerIndex(), 3);
+    EXPECT_EQ(Gauge().PointerValue(), 90);
+}
+
+TEST_F(ControlCentreRows, FirstEntryThatFailsLeavesTheMonitorStandingAndCanBeRepeated) {
+    for (const char* failing : {"BoardBus.ReadByte 58 69", "BoardBus.WriteByte 58 0"}) {
+        link->FailOn = failing;
+        EXPECT_THROW(panel->SetUpControlCentre(), LinkError);
+        EXPECT_FALSE(MonitorRuns());
+    }
+    link->FailOn.clear();
+    panel->SetUpControlCentre();
+    EXPECT_TRUE(MonitorRuns());
+}
+
+} // namespace
+} // namespace tqx
