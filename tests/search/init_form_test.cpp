@@ -1,0 +1,277 @@
+#include "search/wizard_fixture.h"
+
+#include <search/result_rows.h>
+
+#include <QPaintEvent>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Counts how often a widget paints itself whole.
+class PaintCounter : public QObject {
+public:
+    explicit PaintCounter(QWidget& widget)
+        : QObject(&widget) {
+        widget.installEventFilter(this);
+    }
+
+    int Paints = 0;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const QRect whole = static_cast<QWidget*>(watched)->rect();
+        if (event->type() == QEvent::Paint && static_cast<QPaintEvent*>(event)->rect() == whole) {
+            ++Paints;
+        }
+        return false;
+    }
+};
+
+class InitFormSearch : public test::WizardTest {
+protected:
+    /// State and pointer of the wizard while the main window loads.
+    std::string stateAtLoad;
+    Qt::CursorShape pointerAtLoad = Qt::ArrowCursor;
+    /// What the progress bar has shown.
+    std::vector<int> progress;
+
+    void Load() override {
+        stateAtLoad = State();
+        pointerAtLoad = wizard->cursor().shape();
+        WizardTest::Load();
+    }
+
+    void WatchProgress() {
+        QObject::connect(&The<QProgressBar>("SearchProgress"), &QProgressBar::valueChanged,
+                         wizard.get(), [this](int value) { progress.push_back(value); });
+    }
+
+    /// Clicks, or double clicks, a row of the list.
+    void Pick(int row, bool twice = false) const {
+        auto& list = The<QListWidget>("SearchResultsLIST");
+        const QPoint at = list.visualItemRect(list.item(row)).center();
+        QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, at);
+        if (twice) {
+            QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, at);
+        }
+    }
+};
+
+TEST_F(InitFormSearch, AsksEveryPortInBothWiringsThenTheSMBus) {
+    ChipsAt({});
+    link.Ports = 2;
+    Search(true, true);
+    std::vector<std::string> expected{"MainForm.Load"};
+    for (const char* port : {"0", "1"}) {
+        expected.push_back(std::string("PrinterPortLink.PortIndex ") + port);
+        for (const char* mode : {"0", "1"}) {
+            expected.push_back(std::string("BoardBus.BoardMode ") + mode);
+            for (const char* address : {"58", "5A", "5C"}) {
+                expected.push_back(std::string("BoardBus.ReadByte ") + address + " 16");
+            }
+        }
+    }
+    for (const char* address : {"2C", "2D", "2E"}) {
+        expected.push_back(std::string("SMBusLink.ReadByte ") + address + " 16");
+    }
+    EXPECT_EQ(link.Take(), expected);
+    EXPECT_EQ(State(), "4 Back Cancel");
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_EQ(Label("SearchResultsLBL"),
+              "Sorry, no TQX7716s were found. Please check all connections and try again");
+    EXPECT_EQ(Label("SearchInsLBL"), "Click Back to continue...");
+}
+
+TEST_F(InitFormSearch, HoldsTheButtonsAndShowsTheHourglass) {
+    Search(true, false);
+    EXPECT_EQ(stateAtLoad, "3");
+    EXPECT_EQ(pointerAtLoad, Qt::WaitCursor);
+    EXPECT_EQ(wizard->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(InitFormSearch, ProgressStopsAtItsEndAndGoesBackToTheStart) {
+    Open();
+    WatchProgress();
+    Click("NextCMD");
+    Check("SMBusCheck", true);
+    Click("NextCMD");
+    EXPECT_EQ(The<QProgressBar>("SearchProgress").maximum(), 66);
+    EXPECT_THAT(progress, ElementsAre(8, 24, 40, 56, 0));
+    Click("BackCMD");
+    Check("PPCheck", false);
+    progress.clear();
+    Click("NextCMD");
+    EXPECT_EQ(The<QProgressBar>("SearchProgress").maximum(), 33);
+    EXPECT_THAT(progress, ElementsAre(16, 32, 33, 0));
+}
+
+/// No event is served during the search, so what is not painted at once is never seen.
+TEST_F(InitFormSearch, ThePageIsPaintedWhenItComesUpAndAtEachStep) {
+    Open();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(wizard.get()));
+    Click("NextCMD");
+    Check("SMBusCheck", true);
+    const auto* page = new PaintCounter(The<QWidget>("SearchingPanel"));
+    Click("NextCMD");
+    EXPECT_EQ(page->Paints, 5); // as it comes up, one port, three addresses
+}
+
+TEST_F(InitFormSearch, AChipInBothWiringsHasTwoRowsAheadOfTheSMBus) {
+    ChipsAt({0x58, 0x2E});
+    Search(true, true);
+    EXPECT_THAT(Rows(), ElementsAre(PrinterPortRow(0x58, 0x378, 1), PrinterPortRow(0x58, 0x378, 2),
+                                    SMBusRow(0x2E)));
+    EXPECT_EQ(State(), "4 Back Finish Cancel");
+    EXPECT_EQ(The<QListWidget>("SearchResultsLIST").currentRow(), 0);
+    EXPECT_EQ(Label("SearchResultsLBL"), "Please select one of the TQX7716s found above.");
+    EXPECT_EQ(Label("SearchInsLBL"), "Click 'Finish' to Continue");
+}
+
+TEST_F(InitFormSearch, AnotherIdentityIsNoChip) {
+    ChipsAt({0x58});
+    link.Registers[0x16] = 0x40;
+    Search(true, false);
+    EXPECT_THAT(Rows(), IsEmpty());
+}
+
+TEST_F(InitFormSearch, TheListKeepsTheTailsOutOfSight) {
+    ChipsAt({0x58});
+    Search(true, false);
+    const auto& list = The<QListWidget>("SearchResultsLIST");
+    EXPECT_EQ(list.horizontalScrollBarPolicy(), Qt::ScrollBarAlwaysOff);
+    EXPECT_LT(list.sizeHintForColumn(0),
+              list.fontMetrics().horizontalAdvance(Rows().first()) * 2 / 3);
+    EXPECT_LE(list.sizeHintForColumn(0), list.viewport()->width());
+}
+
+TEST_F(InitFormSearch, SaysWhatAMediumCouldNotGive) {
+    ChipsAt({0x2C});
+    Search(true, true);
+    EXPECT_EQ(Label("SearchNotesLBL"), "Nothing answered on the printer port.");
+    Click("BackCMD");
+    link.Ports = 0;
+    Click("NextCMD");
+    EXPECT_EQ(Label("SearchNotesLBL"), "This machine has no printer port.");
+    EXPECT_THAT(Rows(), ElementsAre(SMBusRow(0x2C)));
+    Click("BackCMD");
+    Check("PPCheck", false);
+    Click("NextCMD");
+    EXPECT_TRUE(The<QLabel>("SearchNotesLBL").isHidden());
+}
+
+TEST_F(InitFormSearch, FinishOnAPrinterPortSetsUpTheLinkThenTheCell) {
+    ChipsAt({0x5A, 0x2C});
+    link.Ports = 2;
+    Search(true, true);
+    Pick(3); // the second port in the inverted wiring
+    link.Take();
+    Click("FinishCMD");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("PrinterPortLink.PortIndex 1", "BoardBus.BoardMode 1",
+                            "SlaveAddress 5A", "LinkServer.ActiveMedium 0", "MainForm.Show"));
+    EXPECT_EQ(cell.SlaveAddress, 0x5A);
+    EXPECT_EQ(cell.PortAddress, 0x278);
+    EXPECT_EQ(cell.ComsMedium, ComsPrinterPort);
+    EXPECT_FALSE(wizard->isVisible());
+}
+
+TEST_F(InitFormSearch, FinishOnTheSMBusSetsUpTheLinkThenTheCell) {
+    ChipsAt({0x58, 0x2D});
+    Search(true, true);
+    link.Take();
+    Pick(2, true);
+    EXPECT_THAT(link.Take(),
+                ElementsAre("SlaveAddress 2D", "LinkServer.ActiveMedium 1", "MainForm.Show"));
+    EXPECT_EQ(cell.SlaveAddress, 0x2D);
+    EXPECT_EQ(cell.PortAddress, 0);
+    EXPECT_EQ(cell.ComsMedium, ComsSMBus);
+    EXPECT_FALSE(wizard->isVisible());
+}
+
+TEST_F(InitFormSearch, ASecondSearchStartsItsRowsAnew) {
+    ChipsAt({0x58});
+    Search(true, false);
+    Click("BackCMD");
+    EXPECT_EQ(State(), "2 Back Next Cancel");
+    EXPECT_THAT(Rows(), IsEmpty());
+    EXPECT_TRUE(The<QCheckBox>("PPCheck").isChecked());
+    ChipsAt({0x5C});
+    Click("NextCMD");
+    EXPECT_THAT(Rows(),
+                ElementsAre(PrinterPortRow(0x5C, 0x378, 1), PrinterPortRow(0x5C, 0x378, 2)));
+    Click("FinishCMD");
+    EXPECT_EQ(cell.SlaveAddress, 0x5C);
+}
+
+TEST_F(InitFormSearch, CancelAfterASearchUnloadsTheMainWindow) {
+    ChipsAt({0x58});
+    Search(true, false);
+    link.Take();
+    Click("CancelCMD");
+    EXPECT_THAT(link.Take(), ElementsAre("MainForm.Unload", "MainForm.EndApplication"));
+    EXPECT_EQ(cell.SlaveAddress, 0);
+}
+
+TEST_F(InitFormSearch, ALinkThatFailsLeavesTheChoiceOfTheMedium) {
+    ChipsAt({0x58, 0x2C});
+    for (const char* failure : {"MainForm.Load", "PrinterPortLink.PortIndex",
+                                "SMBusLink.ReadByte 2D", "BoardBus.ReadByte 5C"}) {
+        Open();
+        Click("NextCMD");
+        Check("SMBusCheck", true);
+        link.FailOn = failure;
+        EXPECT_THROW(ClickRaising("NextCMD"), LinkError) << failure;
+        link.FailOn.clear();
+        EXPECT_EQ(State(), "2 Back Next Cancel") << failure;
+        EXPECT_EQ(wizard->cursor().shape(), Qt::ArrowCursor);
+        EXPECT_EQ(The<QProgressBar>("SearchProgress").value(), 0);
+        Click("NextCMD");
+        EXPECT_EQ(Rows().size(), 3) << failure;
+    }
+}
+
+TEST_F(InitFormSearch, APortThatVanishesIsPassedOverStepByStep) {
+    ChipsAt({0x58});
+    for (const char* failure : {"PrinterPortLink.PortIndex", "BoardBus.BoardMode", "SlaveAddress",
+                                "LinkServer.ActiveMedium"}) {
+        Search(true, false);
+        link.Take();
+        link.FailOn = failure;
+        Click("FinishCMD");
+        link.FailOn.clear();
+        EXPECT_THAT(link.Take(),
+                    ElementsAre("PrinterPortLink.PortIndex 0", "BoardBus.BoardMode 0",
+                                "SlaveAddress 58", "LinkServer.ActiveMedium 0", "MainForm.Show"))
+            << failure;
+        EXPECT_EQ(cell.SlaveAddress, 0x58);
+        EXPECT_EQ(cell.ComsMedium, ComsPrinterPort);
+        EXPECT_EQ(cell.PortAddress, 0x378);
+        cell = {};
+    }
+}
+
+TEST_F(InitFormSearch, APortThatVanishesBeforeItsRowsAreMadeIsSaid) {
+    ChipsAt({0x58});
+    link.FailOn = "PrinterPortLink.PortIndex";
+    link.FailAfter = 1; // the scan itself gets through
+    Search(true, false);
+    EXPECT_EQ(State(), "4 Back Finish Cancel");
+    EXPECT_EQ(Rows().size(), 2);
+    EXPECT_EQ(Label("SearchNotesLBL"),
+              "A printer port could not be reached again: its address may be wrong.");
+}
+
+TEST_F(InitFormSearch, AForeignRowEndsTheApplication) {
+    ChipsAt({0x58});
+    Search(true, false);
+    The<QListWidget>("SearchResultsLIST").item(0)->setText(PrinterPortRow(0x58, 0x378, 10));
+    link.Take();
+    Click("FinishCMD");
+    EXPECT_THAT(link.Take(), ElementsAre("MainForm.EndApplication"));
+    EXPECT_EQ(cell.SlaveAddress, 0);
+}
+
+} // namespace
+} // namespace tqx

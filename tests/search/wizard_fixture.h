@@ -1,0 +1,138 @@
+#pragma once
+
+#include "support/answered_dialogs.h"
+#include "support/recorded_bench.h"
+
+#include <search/init_form.h>
+#include <search/main_form_door.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tqx::test {
+
+/// An operating system of a given build.
+class BuildInfo : public OSVersionInfo {
+public:
+    explicit BuildInfo(std::string build)
+        : m_build(std::move(build)) {}
+
+    std::string BuildNumber() override { return m_build; }
+
+private:
+    std::string m_build;
+};
+
+/// A wizard on the recording link. What it does to the main window is written down among the
+/// link's calls, so that the order of both is seen.
+class WizardTest : public testing::Test, public MainFormDoor {
+protected:
+    RecordedBench recorded;
+    RecordingLink& link = recorded.Link;
+    BusCell& cell = recorded.Bench.Bus.BusCell;
+    AnsweredDialogs dialogs;
+    std::string build = "2222";
+    std::unique_ptr<InitForm> wizard;
+
+    /// Chips at these addresses, in the form of their medium.
+    void ChipsAt(std::vector<std::uint8_t> addresses) {
+        link.Registers[0x16] = 0x41;
+        addresses.push_back(0x01); // an empty list would let every address answer
+        link.Answering = std::move(addresses);
+    }
+
+    void Make() {
+        wizard = std::make_unique<InitForm>(
+            recorded.Bench, [this] { return std::make_unique<BuildInfo>(build); }, dialogs, *this);
+    }
+
+    void Open() {
+        Make();
+        wizard->show();
+        link.Take();
+    }
+
+    template <typename Control>
+    Control& The(const char* name) const {
+        return *wizard->findChild<Control*>(name);
+    }
+
+    void Click(const char* name) const { QTest::mouseClick(&The<QWidget>(name), Qt::LeftButton); }
+
+    /// A click whose handler raises. It goes round the widgets' own event code, which Qt builds
+    /// without exceptions: an exception that crosses it leaves its locals behind as leaks.
+    void ClickRaising(const char* name) const { Q_EMIT The<QPushButton>(name).clicked(); }
+
+    void Check(const char* box, bool checked) const {
+        if (The<QCheckBox>(box).isChecked() != checked) {
+            QTest::keyClick(&The<QCheckBox>(box), Qt::Key_Space);
+        }
+    }
+
+    /// Runs the wizard from the start to the end of a search.
+    void Search(bool printerPort, bool smbus) {
+        Open();
+        Click("NextCMD");
+        Check("PPCheck", printerPort);
+        Check("SMBusCheck", smbus);
+        Click("NextCMD");
+    }
+
+    QString Label(const char* name) const { return The<QLabel>(name).text(); }
+
+    QStringList Rows() const {
+        QStringList rows;
+        const auto& list = The<QListWidget>("SearchResultsLIST");
+        for (int row = 0; row < list.count(); ++row) {
+            rows << list.item(row)->text();
+        }
+        return rows;
+    }
+
+    /// The page that is in view, and the buttons that can be pressed: "2 Back Next Cancel".
+    std::string State() const {
+        std::string state;
+        int page = 0;
+        for (const char* panel :
+             {"WelcomePanel", "SeclectComsMediumPanel", "SearchingPanel", "SearchResultsPanel"}) {
+            ++page;
+            if (!The<QWidget>(panel).isHidden()) {
+                state += std::to_string(page);
+            }
+        }
+        for (const std::string button : {"Back", "Next", "Finish", "Cancel"}) {
+            if (The<QPushButton>((button + "CMD").c_str()).isEnabled()) {
+                state += " " + button;
+            }
+        }
+        return state;
+    }
+
+    void Load() override { Note("Load"); }
+
+    void Show() override { Note("Show"); }
+
+    void Unload() override { Note("Unload"); }
+
+    void EndApplication() override { Note("EndApplication"); }
+
+private:
+    void Note(const char* step) {
+        link.Calls.push_back(std::string("MainForm.") + step);
+        if (link.FailOn == link.Calls.back()) {
+            throw LinkError("the load failed", "as asked", "");
+        }
+    }
+};
+
+} // namespace tqx::test
