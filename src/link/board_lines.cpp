@@ -6,11 +6,11 @@ BoardLines::BoardLines(std::vector<std::unique_ptr<ParallelPort>> ports, const L
     : Ports(std::move(ports))
     , Lines(Ports, DirectWiring, setup) {}
 
-/// A stop leaves both lines high and every slave idle. The error that is on its way out already
+/// Parking leaves both lines high and every slave idle. The error that is on its way out already
 /// tells the user what is wrong; a second one would add nothing.
 void BoardLines::Park() noexcept {
     try {
-        Lines.LineStop();
+        Lines.ParkLines();
     } catch (...) {
     }
 }

@@ -29,6 +29,8 @@ struct LineLayer::Sequences {
     static constexpr std::array BeforeByteIn{BothLow};
     static constexpr std::array BitIn{Delay, DataHighClockLow, BothHigh,
                                       Delay, ReadData,         DataHighClockLow};
+    static constexpr std::array ClockOn{DataHighClockLow, Delay, BothHigh, Delay, ReadData};
+    static constexpr std::array StartAndStop{DataLowClockHigh, Delay, BothHigh};
 };
 
 LineLayer::LineLayer(LinePort& port, const BoardWiring& wiring, const LinkSetup& setup)
@@ -43,6 +45,13 @@ void LineLayer::LineStart() {
 
 void LineLayer::LineStop() {
     Run(Sequences::Stop);
+}
+
+void LineLayer::ParkLines() {
+    constexpr int longestHold = 9; // clocks of a byte and its acknowledge
+    for (int clock = 0; clock < longestHold && !Run(Sequences::ClockOn); ++clock) {
+    }
+    Run(Sequences::StartAndStop);
 }
 
 void LineLayer::ReleaseLines() {

@@ -106,6 +106,20 @@ TEST_P(FaultsTest, FailedCallRaisesAndTheNextTransferIsGood) {
     EXPECT_THROW(SMBus().WriteByte(0x2C, Scratch, 1), LinkError);
 }
 
+TEST_P(FaultsTest, AFailureAtAnyPortAccessLeavesTheBusUsable) {
+    for (unsigned access = 1; access < 250; ++access) {
+        Board.TheFaults().Every(Fault::LinkFails, access);
+        try {
+            Read(CompanyID);
+            Write(Scratch, 0x12);
+        } catch (const LinkError&) {
+        }
+        Board.TheFaults().Off(Fault::LinkFails);
+        ASSERT_EQ(Read(CompanyID), 0x41) << access;
+        ASSERT_EQ(Read(0x58), 0x00) << access; // no address byte was taken for a register
+    }
+}
+
 TEST(Faults, StrikeByTheSeed) {
     const auto strikes = [](std::uint32_t seed) {
         Faults faults(seed);

@@ -36,6 +36,9 @@ public:
     /// Start condition, a repeated one as well.
     void LineStart();
     void LineStop();
+    /// Ends a transfer from any point, also where a slave holds the data line: clocks on until the
+    /// line is free, then a start and a stop, of which no slave misses the first.
+    void ParkLines();
     /// Lets both lines go high ahead of a start that follows earlier traffic.
     void ReleaseLines();
     /// Sends one byte, most significant bit first; the acknowledge is a call of its own.
