@@ -9,7 +9,6 @@
 namespace tqx {
 namespace {
 
-using testing::Each;
 using testing::ElementsAre;
 
 constexpr std::uint8_t Own = 0x58;

@@ -2,14 +2,11 @@
 
 #include <link/link_error.h>
 
-#include <functional>
-#include <gmock/gmock.h>
+#include <algorithm>
 #include <vector>
 
 namespace tqx {
 namespace {
-
-using testing::Each;
 
 constexpr std::uint8_t CompanyID = 0x16;
 constexpr std::uint8_t Mode = 0x13;
@@ -124,10 +121,9 @@ TEST(Faults, StrikeByTheSeed) {
     const auto strikes = [](std::uint32_t seed) {
         Faults faults(seed);
         faults.Chance(Fault::NoAnswer, 0.3);
-        std::vector<bool> struck;
-        for (int i = 0; i < 1000; ++i) {
-            struck.push_back(faults.Strikes(Fault::NoAnswer));
-        }
+        std::vector<bool> struck(1000);
+        std::generate(struck.begin(), struck.end(),
+                      [&faults] { return faults.Strikes(Fault::NoAnswer); });
         return struck;
     };
     const auto first = strikes(1);

@@ -14,7 +14,7 @@ using testing::ElementsAre;
 class Listener : public ByteSlave {
 public:
     bool Start(std::uint8_t address) override {
-        Heard.push_back("S" + std::to_string(address));
+        Heard.push_back(std::string("S").append(std::to_string(address)));
         return Answers;
     }
 

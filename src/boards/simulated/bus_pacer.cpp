@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 constexpr BusPacer::Nanoseconds Piece = 200us;
 
 /// The longest oversleep that is made up for; a machine that slept is not raced after.
-constexpr BusPacer::Nanoseconds MostCredit = 2ms;
+constexpr BusPacer::Nanoseconds MostCredit = 20ms;
 
 BusPacer::Nanoseconds SteadyNow() {
     return std::chrono::steady_clock::now().time_since_epoch();
