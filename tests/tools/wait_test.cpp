@@ -1,0 +1,37 @@
+#include <tools/wait.h>
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace tqx {
+namespace {
+
+TEST(WaitTest, ServesTimersForItsWholeLength) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
+    timer.start(5);
+    QElapsedTimer clock;
+    clock.start();
+    Wait(0.05F);
+    EXPECT_GE(clock.elapsed(), 50);
+    EXPECT_GE(ticks, 3);
+}
+
+TEST(WaitTest, KeepsTheOuterPauseWhenAnotherBeginsInIt) {
+    QElapsedTimer clock;
+    clock.start();
+    QTimer::singleShot(0, [] { Wait(0.04F); });
+    Wait(0.02F);
+    EXPECT_GE(clock.elapsed(), 40) << "the inner pause was cut short";
+}
+
+TEST(WaitTest, ANegativeOrZeroPauseComesBack) {
+    Wait(0);
+    Wait(-1);
+}
+
+} // namespace
+} // namespace tqx
