@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+/// How the EEPROM is laid out: 32 blocks of 256 bytes, told by the high address byte, each of four
+/// pages that are erased as a whole.
+namespace tqx::eeprom {
+
+inline constexpr int FirstHighByte = 0x80;
+inline constexpr int LastHighByte = 0x9F;
+inline constexpr int BlockCount = LastHighByte - FirstHighByte + 1;
+inline constexpr int BlockSize = 256;
+inline constexpr int PageSize = 64;
+inline constexpr int PagesInBlock = BlockSize / PageSize;
+
+/// The low address byte at which page `k` of a block begins.
+constexpr std::uint8_t PageStart(int k) {
+    return static_cast<std::uint8_t>(k * PageSize);
+}
+
+/// The pause of an EEPROM that programs a byte or clears a page, in seconds.
+inline constexpr float ProgramPause = 0.1F;
+
+} // namespace tqx::eeprom
