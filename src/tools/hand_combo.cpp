@@ -1,0 +1,11 @@
+#include "tools/hand_combo.h"
+
+#include <QWheelEvent>
+
+namespace tqx {
+
+void HandCombo::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+} // namespace tqx

@@ -1,0 +1,25 @@
+#include "tools/high_byte_combo.h"
+
+#include "tools/eeprom_pages.h"
+
+#include <console/number_text.h>
+#include <controls/look.h>
+
+namespace tqx {
+
+HighByteCombo::HighByteCombo(QWidget* parent)
+    : HandCombo(parent) {
+    setObjectName("EEPROMHighByteCOMBO");
+    setAccessibleName(tr("EEPROM high byte"));
+    setFont(look::NumbersFont());
+    for (int high = eeprom::FirstHighByte; high <= eeprom::LastHighByte; ++high) {
+        addItem(HexText(static_cast<unsigned>(high)));
+    }
+    setMaxVisibleItems(16);
+}
+
+std::uint8_t HighByteCombo::Value() const {
+    return ByteOf(currentText(), 16).value_or(eeprom::FirstHighByte);
+}
+
+} // namespace tqx
