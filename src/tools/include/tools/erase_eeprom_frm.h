@@ -1,0 +1,64 @@
+#pragma once
+
+#include "tools/eeprom_modes.h"
+#include "tools/eeprom_pages.h"
+#include "tools/tool_window.h"
+#include "tools/wait.h"
+
+#include <array>
+#include <cstdint>
+
+class QGroupBox;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace tqx {
+
+struct Bench;
+class HighByteCombo;
+
+/// The EEPROM erase window: erases any page of a block, or the whole EEPROM.
+///
+/// While Erase All runs the other erase commands cannot be used, and a close stops it after the
+/// page at hand. Errors of the link pass through and leave the window usable.
+class EraseEEPROMFRM : public ToolWindow {
+    Q_OBJECT
+
+public:
+    EraseEEPROMFRM(Bench& bench, const MessageDoor& door, Waiter wait);
+
+protected:
+    void AskToStop() override;
+
+private:
+    class EraseAllScope;
+
+    void MakeLayout();
+    QGroupBox* MakePages();
+    QGroupBox* MakeFullErase();
+
+    void ShowHighByte(const QString& highByte);
+    void ErasePage(int i);
+    void EraseAll();
+    void EraseBlock(std::uint8_t high);
+    void SetEraseAllRunning(bool running);
+
+    Bench& m_bench;
+    EEPROMModes m_modes;
+    Waiter m_wait;
+    bool m_stopRequested = false;
+
+    HighByteCombo* m_eepromHighByteCOMBO = nullptr;
+    std::array<QLabel*, eeprom::PagesInBlock> m_highByteLBL{};
+    std::array<QLabel*, eeprom::PagesInBlock> m_lowByteLBL{};
+    std::array<QPushButton*, eeprom::PagesInBlock> m_erasePageCMD{};
+    QPushButton* m_eraseAllCMD = nullptr;
+    QPushButton* m_stopEraseCMD = nullptr;
+    QProgressBar* m_totalProgress = nullptr;
+    QLabel* m_highByteVaueLBL = nullptr;
+    QLabel* m_lowByteValueLBL = nullptr;
+    QPushButton* m_closeCMD = nullptr;
+};
+
+} // namespace tqx
