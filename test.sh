@@ -3,6 +3,6 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 scripts/install-dependencies.sh test
-cmake --preset release
+cmake --preset release -DBUILD_TESTING=ON -DTQX_BENCHMARKS=ON
 cmake --build --preset release
 ctest --preset release

@@ -1,13 +1,17 @@
 #include "console/main_form.h"
 
+#include "console/block_panel.h"
+#include "console/control_centre.h"
 #include "console/msg_box_frm.h"
+#include "console/register_console.h"
 #include "console/toolbar_keys.h"
 #include "console/version.h"
 #include "console/welcome_panel.h"
 
 #include <controls/look.h>
 #include <device/bench.h>
-#include <device/register_map.h>
+#include <device/register_addresses.h>
+#include <link/cell_transfer.h>
 
 #include <QAction>
 #include <QCloseEvent>
@@ -56,6 +60,7 @@ void MainForm::MakeToolbar(const QString& boardNote) {
     for (const ToolbarKey& key : ToolbarKeys) {
         auto* action = m_toolbar->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(key.Icon)),
                                             tr(key.Name));
+        m_keys << action;
         action->setObjectName(key.Key);
         action->setToolTip(tr(key.Tooltip));
         action->setShortcut(QKeySequence(key.Shortcut));
@@ -80,10 +85,17 @@ void MainForm::MakeToolbar(const QString& boardNote) {
 }
 
 void MainForm::MakePanels() {
-    m_mainPanel = new WelcomePanel(m_toolbar->findChildren<QAction*>(Qt::FindDirectChildrenOnly));
+    m_mainPanel = new WelcomePanel(m_keys);
+    m_readWritePanel = new RegisterConsole(m_bench);
+    m_controlCentrePanel = new ControlCentre(m_bench);
+    m_blockReadCRCPanel = new BlockPanel(
+        m_bench, [this](const QString& title, const QString& message, std::uint8_t okOnly) {
+            return QVNMsgBox(title, message, okOnly);
+        });
+
     auto* centre = new QWidget;
     auto* layout = new QVBoxLayout(centre);
-    m_panels = {m_mainPanel};
+    m_panels = {m_mainPanel, m_readWritePanel, m_controlCentrePanel, m_blockReadCRCPanel};
     for (QWidget* panel : m_panels) {
         layout->addWidget(panel);
     }
@@ -92,6 +104,14 @@ void MainForm::MakePanels() {
 }
 
 void MainForm::ConnectPanels() {
+    connect(m_controlCentrePanel, &ControlCentre::GPIOPanelWanted, this,
+            [this] { m_tools.ShowGPIOConfig(*this); });
+    connect(m_blockReadCRCPanel, &BlockPanel::EraseEEPROMWanted, this,
+            [this] { m_tools.ShowEraseEEPROM(*this); });
+    connect(m_blockReadCRCPanel, &BlockPanel::EEPROMComsWanted, this,
+            [this] { OpenEEPROMCom("Register Spy"); });
+    connect(m_blockReadCRCPanel, &BlockPanel::CloseAllEEPROMWanted, this,
+            &MainForm::CloseAllEEPROMComs);
     m_bench.Link.Setup.Notice = [this](std::string_view title, std::string_view message) {
         QVNMsgBox(QString::fromUtf8(title.data(), static_cast<int>(title.size())),
                   QString::fromUtf8(message.data(), static_cast<int>(message.size())), 1);
@@ -102,6 +122,10 @@ void MainForm::Load() {
     m_mainPanel->Version(tr("Version %1").arg(VersionText));
     m_bench.Link.Setup.BitDelayCount = LoadedBitDelayCount;
     m_bench.Channels.ConfigureChannels();
+    m_blockReadCRCPanel->Load();
+    EEPROMLink& eeprom = m_bench.Link->PrinterPortLink().EEPROMLink();
+    eeprom.EEPROMWait(false);
+    eeprom.EEPROMDelay(0);
 }
 
 std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
@@ -117,11 +141,17 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
     return m_answered ? m_response : 0;
 }
 
-void MainForm::StartMonitorTimers() {}
+void MainForm::StartMonitorTimers() {
+    m_controlCentrePanel->StartMonitorTimers();
+}
 
-void MainForm::StopMonitorTimers() {}
+void MainForm::StopMonitorTimers() {
+    m_controlCentrePanel->StopMonitorTimers();
+}
 
-void MainForm::StopContinuousReading() {}
+void MainForm::StopContinuousReading() {
+    m_readWritePanel->StopContinuousReading();
+}
 
 void MainForm::StopAllTimers() {
     StopMonitorTimers();
@@ -135,6 +165,7 @@ void MainForm::LinkFailed(const LinkError& error) {
     } catch (const LinkError&) {
         // The link is down already, and the user hears of it below.
     }
+    m_blockReadCRCPanel->Recover();
     if (m_tellingOfFailure) {
         return;
     }
@@ -161,6 +192,12 @@ void MainForm::KeyPressed(const QString& key) {
         m_tools.ShowRegisterDump(*this);
     } else if (key == "Go1") {
         Go();
+    } else if (key == "ReadWrite1") {
+        ShowReadWrite();
+    } else if (key == "ControlPanel1") {
+        ShowControlPanel();
+    } else if (key == "BlockReadWrite") {
+        ShowBlockReadWrite();
     } else if (key == "GPIO") {
         m_tools.ShowGPIOConfig(*this);
     } else if (key == "RegAccess") {
@@ -174,6 +211,30 @@ void MainForm::KeyPressed(const QString& key) {
     }
 }
 
+void MainForm::ShowReadWrite() {
+    ShowOnly(m_readWritePanel);
+    StopMonitorTimers();
+}
+
+void MainForm::ShowControlPanel() {
+    StopContinuousReading();
+    m_readWritePanel->hide();
+    m_mainPanel->hide();
+    m_controlCentrePanel->SetUpDisplay();
+    m_blockReadCRCPanel->hide();
+    m_controlCentrePanel->show();
+    if (!m_controlCentrePanel->ControlCentreReady) {
+        m_controlCentrePanel->SetUpControlCentre();
+    }
+    m_controlCentrePanel->ControlCentreReady = true;
+}
+
+void MainForm::ShowBlockReadWrite() {
+    m_blockReadCRCPanel->Enter();
+    ShowOnly(m_blockReadCRCPanel);
+    StopAllTimers();
+}
+
 void MainForm::Go() {
     m_mainPanel->hide();
     if (QVNMsgBox("Information",
@@ -182,16 +243,19 @@ void MainForm::Go() {
         return;
     }
     StopContinuousReading();
-    m_bench.Bus.BusCell.RegisterPointer = reg::Config1;
-    m_bench.Bus.BusCell.WriteValue = 0x03;
-    m_bench.Bus.WriteRegister();
-    for (int fan = 0; fan < 8; ++fan) {
+    WriteAt(m_bench.Bus, reg::Config1, 0x03);
+    for (std::size_t fan = 0; fan < m_bench.Channels.Fans.size(); ++fan) {
         m_bench.Coms.WriteRegisterByte(static_cast<std::uint8_t>(reg::Fan0HighLimit + fan), 0xFF);
     }
     m_bench.Coms.WriteRegisterByte(reg::Mask6, 0xFF);
     m_bench.Coms.WriteRegisterByte(reg::GPIOConfig3, 0x55);
     m_bench.Coms.WriteRegisterByte(reg::GPIOConfig4, 0x55);
+    m_controlCentrePanel->SetUpDisplay();
+    m_controlCentrePanel->SetUpControlCentre();
     m_bench.Channels.WriteDefaultLimits();
+    m_controlCentrePanel->OfferStop();
+    ShowOnly(m_controlCentrePanel);
+    m_controlCentrePanel->ControlCentreReady = true;
 }
 
 void MainForm::OpenEEPROMCom(const QString& caption) {

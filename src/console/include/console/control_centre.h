@@ -44,6 +44,9 @@ public:
 
     void StopMonitorTimers() { m_timers.StopMonitorTimers(); }
 
+    /// VisStartCHK as it stands while the monitor runs.
+    void OfferStop() { m_timers.OfferStop(); }
+
     /// @name The ticks of the three timers
     /// @{
     void BargraphTick();

@@ -14,7 +14,10 @@ class QToolBar;
 namespace tqx {
 
 struct Bench;
+class BlockPanel;
+class ControlCentre;
 class MsgBoxFRM;
+class RegisterConsole;
 class WelcomePanel;
 
 /// The main window: the toolbar, the four panels of which one is on view, the monitor's switches
@@ -72,6 +75,9 @@ private:
 
     void ShowOnly(QWidget* panel);
     void KeyPressed(const QString& key);
+    void ShowReadWrite();
+    void ShowControlPanel();
+    void ShowBlockReadWrite();
     void Go();
     void OpenEEPROMCom(const QString& caption);
     void CloseAllEEPROMComs();
@@ -79,7 +85,12 @@ private:
     Bench& m_bench;
     ToolWindows& m_tools;
     QToolBar* m_toolbar = nullptr;
+    /// The toolbar's keys in their order on the bar.
+    QList<QAction*> m_keys;
     WelcomePanel* m_mainPanel = nullptr;
+    RegisterConsole* m_readWritePanel = nullptr;
+    ControlCentre* m_controlCentrePanel = nullptr;
+    BlockPanel* m_blockReadCRCPanel = nullptr;
 
     /// The panels, of which one is on view.
     QList<QWidget*> m_panels;

@@ -1,0 +1,17 @@
+#include "first_paint.h"
+
+#include <app/application.h>
+#include <app/console_program.h>
+#include <simulated/simulated_board.h>
+
+/// The console on the simulated board, ended at the wizard's first paint.
+int main(int argc, char** argv) {
+    tqx::SimulatedBoard board({});
+    tqx::Application application(argc, argv);
+    tqx::QuitAtFirstPaint quit;
+    application.installEventFilter(&quit);
+    tqx::DesktopDialogs dialogs;
+    tqx::ConsoleProgram program({board.Factory(), board.OSVersion(), {}}, dialogs);
+    program.Start();
+    return QApplication::exec();
+}

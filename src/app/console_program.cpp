@@ -1,0 +1,83 @@
+#include "app/console_program.h"
+
+#include "app/application.h"
+
+#include <QScopedValueRollback>
+
+#include <utility>
+
+namespace tqx {
+
+ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
+    : m_note(std::move(board.Note))
+    , m_dialogs(dialogs)
+    , m_bench(std::move(board.Link))
+    , m_tools(dialogs)
+    , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs, *this)) {}
+
+ConsoleProgram::~ConsoleProgram() = default;
+
+void ConsoleProgram::Start() {
+    m_wizard->show();
+}
+
+void ConsoleProgram::LinkFailed(const LinkError& error) {
+    if (m_main) {
+        m_main->LinkFailed(error);
+        return;
+    }
+    if (m_tellingOfFailure) {
+        return;
+    }
+    const QScopedValueRollback telling(m_tellingOfFailure, true);
+    m_dialogs.Message(
+        m_wizard.get(), SystemDialogs::Icon::Exclamation, tr("The link to the TQX7716 failed"),
+        QString::fromUtf8(error.what()) + "\n\n" + QString::fromStdString(error.Advice()));
+}
+
+void ConsoleProgram::Load() {
+    if (m_main) {
+        return;
+    }
+    m_main = std::make_unique<MainForm>(m_bench, m_tools, m_note);
+    connect(m_main.get(), &MainForm::Unloaded, this, &ConsoleProgram::EndApplication);
+}
+
+void ConsoleProgram::Show() {
+    Load();
+    m_main->show();
+    m_main->raise();
+    m_main->activateWindow();
+}
+
+void ConsoleProgram::Unload() {
+    m_tools.UnloadAll();
+    if (m_main) {
+        m_main->hide();
+        m_main.release()->deleteLater();
+    }
+}
+
+void ConsoleProgram::EndApplication() {
+    m_tools.UnloadAll();
+    if (m_wizard) {
+        m_wizard->hide();
+    }
+    if (m_main) {
+        m_main->hide();
+    }
+    Q_EMIT Ended();
+}
+
+int RunConsole(int argc, char** argv, BoardChoice board) {
+    Application application(argc, argv);
+    DesktopDialogs dialogs;
+    ConsoleProgram program(std::move(board), dialogs);
+    application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };
+    QObject::connect(&program, &ConsoleProgram::Ended, &application,
+                     [] { QCoreApplication::exit(0); });
+    program.Start();
+    return QApplication::exec();
+}
+
+} // namespace tqx

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <console/main_form.h>
+#include <console/system_dialogs.h>
+#include <device/bench.h>
+#include <link/os_version_info.h>
+#include <search/init_form.h>
+#include <search/main_form_door.h>
+#include <tools/tools.h>
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+
+namespace tqx {
+
+/// What stands behind the link in this run.
+struct BoardChoice {
+    LinkFactory Link;
+    std::function<std::unique_ptr<OSVersionInfo>()> OSVersion;
+    /// What the main window says of it; empty for real hardware.
+    QString Note;
+};
+
+/// The program put together: the bench that every window works on, the wizard, the main window and
+/// the tool windows, and the order in which they come and go.
+class ConsoleProgram : public QObject, private MainFormDoor {
+    Q_OBJECT
+
+public:
+    /// `dialogs` must outlive the program.
+    ConsoleProgram(BoardChoice board, SystemDialogs& dialogs);
+    ~ConsoleProgram() override;
+
+    /// Shows the wizard.
+    void Start();
+
+    /// A link call has failed and nothing below has dealt with it: stops what reads by itself and
+    /// tells the user once.
+    void LinkFailed(const LinkError& error);
+
+    Bench& TheBench() { return m_bench; }
+
+    /// The wizard, null once the application is ending.
+    InitForm* Wizard() { return m_wizard.get(); }
+
+    /// The main window, null until the wizard has loaded it.
+    MainForm* Main() { return m_main.get(); }
+
+Q_SIGNALS:
+    /// The last window has gone: the event loop is to end.
+    void Ended();
+
+private:
+    void Load() override;
+    void Show() override;
+    void Unload() override;
+    void EndApplication() override;
+
+    QString m_note;
+    SystemDialogs& m_dialogs;
+    Bench m_bench;
+    Tools m_tools;
+    std::unique_ptr<MainForm> m_main;
+    std::unique_ptr<InitForm> m_wizard;
+    bool m_tellingOfFailure = false;
+};
+
+/// Runs the program on `board` until its last window closes. The process's exit status.
+int RunConsole(int argc, char** argv, BoardChoice board);
+
+} // namespace tqx

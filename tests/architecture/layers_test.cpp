@@ -1,0 +1,105 @@
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <map>
+#include <regex>
+#include <set>
+#include <sstream>
+#include <string>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using Edges = std::map<std::string, std::set<std::string>>;
+
+const fs::path Root = TQX_SOURCE_DIR;
+
+/// The arrows of the drawing in docs/architecture.md, between ```layers and ```.
+Edges DrawnEdges() {
+    Edges edges;
+    std::ifstream page(Root / "docs" / "architecture.md");
+    bool inside = false;
+    for (std::string line; std::getline(page, line);) {
+        if (line == "```layers") {
+            inside = true;
+        } else if (line == "```") {
+            inside = false;
+        } else if (inside) {
+            std::string arrow, from, to;
+            std::istringstream words(line);
+            words >> from >> arrow;
+            edges[from];
+            while (words >> to) {
+                if (to.back() == ',') {
+                    to.pop_back();
+                }
+                edges[from].insert(to);
+            }
+        }
+    }
+    return edges;
+}
+
+/// The library that a source belongs to: its folder, or its board under boards/.
+std::string LibraryOf(const fs::path& file) {
+    auto part = fs::relative(file, Root / "src").begin();
+    return *part == "boards" ? std::next(part)->string() : part->string();
+}
+
+/// The arrows that the sources need, with a file for each; includes of no known library are left
+/// out.
+std::map<std::pair<std::string, std::string>, std::string> UsedEdges(const Edges& known) {
+    static const std::regex include(R"(^\s*#include\s*["<]([a-z_]+)/)");
+    std::map<std::pair<std::string, std::string>, std::string> used;
+    for (const auto& entry : fs::recursive_directory_iterator(Root / "src")) {
+        const std::string ending = entry.path().extension();
+        if (ending != ".h" && ending != ".cpp") {
+            continue;
+        }
+        const std::string from = LibraryOf(entry.path());
+        std::ifstream source(entry.path());
+        for (std::string line; std::getline(source, line);) {
+            std::smatch match;
+            if (std::regex_search(line, match, include) && known.contains(match[1]) &&
+                match[1] != from) {
+                used[{from, match[1]}] = entry.path().string();
+            }
+        }
+    }
+    return used;
+}
+
+TEST(Layers, EveryIncludeFollowsAnArrowOfTheDrawing) {
+    const Edges drawn = DrawnEdges();
+    ASSERT_GE(drawn.size(), 8U) << "the drawing was not found";
+    for (const auto& [edge, file] : UsedEdges(drawn)) {
+        ASSERT_TRUE(drawn.contains(edge.first)) << edge.first << " is not in the drawing";
+        EXPECT_TRUE(drawn.at(edge.first).contains(edge.second))
+            << file << " includes " << edge.second << ", which " << edge.first << " may not";
+    }
+}
+
+TEST(Layers, EveryArrowOfTheDrawingIsNeeded) {
+    const Edges drawn = DrawnEdges();
+    const auto used = UsedEdges(drawn);
+    for (const auto& [from, targets] : drawn) {
+        for (const std::string& to : targets) {
+            EXPECT_TRUE(used.contains({from, to})) << from << " -> " << to;
+        }
+    }
+}
+
+TEST(Layers, TheLowerLibrariesNeverSeeQt) {
+    static const std::regex qt(R"(^\s*#include\s*<Q)");
+    for (const char* folder : {"link", "device", "boards"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(Root / "src" / folder)) {
+            std::ifstream source(entry.path());
+            for (std::string line; std::getline(source, line);) {
+                EXPECT_FALSE(std::regex_search(line, qt)) << entry.path() << ": " << line;
+            }
+        }
+    }
+}
+
+} // namespace

@@ -1,0 +1,242 @@
+#include "support/recorded_bench.h"
+
+#include <console/main_form.h>
+#include <console/msg_box_frm.h>
+#include <device/bench.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Writes down which windows were asked for, and closes none.
+class RecordedToolWindows : public ToolWindows {
+public:
+    std::vector<std::string> Opened;
+
+    void ShowRegisterDump(MainForm&) override { Opened.emplace_back("dump"); }
+
+    void ShowAbout(MainForm&) override { Opened.emplace_back("about"); }
+
+    void ShowGPIOConfig(MainForm&) override { Opened.emplace_back("gpio"); }
+
+    void ShowEraseEEPROM(MainForm&) override { Opened.emplace_back("erase"); }
+
+    void NewEEPROMCom(MainForm&, const QString& caption) override {
+        Opened.push_back(caption.toStdString());
+    }
+
+    void CloseRegisterAccessWindows() override { Opened.emplace_back("close all"); }
+
+    void UnloadAll() override { Opened.emplace_back("unload"); }
+};
+
+class TheMainForm : public testing::Test {
+protected:
+    test::RecordedBench recorded;
+    Bench& bench = recorded.Bench;
+    test::RecordingLink* link = &recorded.Link;
+    RecordedToolWindows tools;
+    std::unique_ptr<MainForm> form = std::make_unique<MainForm>(bench, tools);
+
+    void SetUp() override { form->show(); }
+
+    void Press(const char* key) {
+        QTest::mouseClick(form->findChild<QToolButton*>(key), Qt::LeftButton);
+    }
+
+    /// Answers the next message box with a click on `button` and gives its text; a null name closes
+    /// it by its own close control.
+    void AnswerNext(const char* button, QString* text = nullptr) {
+        QTimer::singleShot(0, form.get(), [this, button, text] {
+            auto* box = qobject_cast<MsgBoxFRM*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            if (text != nullptr) {
+                *text = box->windowTitle() + "|" + box->findChild<QLabel*>("MessageLBL")->text();
+            }
+            if (button == nullptr) {
+                box->close();
+            } else {
+                QTest::mouseClick(box->findChild<QPushButton*>(button), Qt::LeftButton);
+            }
+        });
+    }
+
+    std::string PanelsOnView() {
+        std::string names;
+        for (const char* panel :
+             {"MainPanel", "ReadWritePanel", "ControlCentrePanel", "BlockReadCRCPanel"}) {
+            if (!form->findChild<QWidget*>(panel)->isHidden()) {
+                names += std::string(names.empty() ? "" : " ") + panel;
+            }
+        }
+        return names;
+    }
+
+    template <typename Control>
+    Control* Find(const char* name) {
+        return form->findChild<Control*>(name);
+    }
+};
+
+TEST_F(TheMainForm, LoadsInOrderAndThenLeavesTheChipAlone) {
+    EXPECT_THAT(link->Take(), ElementsAre("SMBusLink.ReadByte 0 2", "SMBusLink.ReadByte 0 3",
+                                          "EEPROMLink.EEPROMWait 0", "EEPROMLink.EEPROMDelay 0"));
+    EXPECT_EQ(bench.Link.Setup.BitDelayCount, 100);
+    EXPECT_EQ(Find<QLabel>("lblVersion")->text(), "Version 3.0.0");
+    EXPECT_EQ(PanelsOnView(), "MainPanel");
+    QTest::qWait(20);
+    EXPECT_THAT(link->Take(), IsEmpty());
+}
+
+TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAlone) {
+    Press("ReadWrite1");
+    EXPECT_EQ(PanelsOnView(), "ReadWritePanel");
+    Press("BlockReadWrite");
+    EXPECT_EQ(PanelsOnView(), "BlockReadCRCPanel");
+    Press("ControlPanel1");
+    EXPECT_EQ(PanelsOnView(), "ControlCentrePanel");
+    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Stop");
+    Press("ReadWrite1");
+    EXPECT_EQ(PanelsOnView(), "ReadWritePanel");
+    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+}
+
+TEST_F(TheMainForm, ASecondVisitToTheControlCentreStartsNothing) {
+    Press("ControlPanel1");
+    Press("ReadWrite1");
+    link->Take();
+    Press("ControlPanel1");
+    EXPECT_THAT(link->Take(), ElementsAre("SMBusLink.ReadByte 0 1", "SMBusLink.ReadByte 0 0",
+                                          "SMBusLink.ReadByte 0 7"));
+    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+}
+
+TEST_F(TheMainForm, GoOnThePrinterPortWritesEverythingInOrder) {
+    bench.Bus.BusCell.SlaveAddress = 0x58;
+    bench.Bus.BusCell.PortAddress = 0x378;
+    bench.Bus.BusCell.ComsMedium = ComsPrinterPort;
+    link->SlaveAddress(0x58);
+    link->Take();
+    QString question;
+    AnswerNext("OKCMD", &question);
+    Press("Go1");
+    form->StopMonitorTimers();
+    EXPECT_EQ(
+        question,
+        "Information|Would you like to automatically initialize the TQX7716 evaluation system");
+    std::vector<std::string> calls = link->Take();
+    std::erase(calls, "BoardBus.PortAddress 378");
+    ASSERT_GT(calls.size(), 24U);
+    const std::vector<std::string> beginning(calls.begin(), calls.begin() + 24);
+    EXPECT_THAT(beginning, ElementsAre("BoardBus.WriteByte 58 0 3", "BoardBus.WriteByte 58 60 FF",
+                                       "BoardBus.WriteByte 58 61 FF", "BoardBus.WriteByte 58 62 FF",
+                                       "BoardBus.WriteByte 58 63 FF", "BoardBus.WriteByte 58 64 FF",
+                                       "BoardBus.WriteByte 58 65 FF", "BoardBus.WriteByte 58 66 FF",
+                                       "BoardBus.WriteByte 58 67 FF", "BoardBus.WriteByte 58 1D FF",
+                                       "BoardBus.WriteByte 58 A 55", "BoardBus.WriteByte 58 B 55",
+                                       "BoardBus.ReadByte 58 1", "BoardBus.ReadByte 58 0",
+                                       "BoardBus.ReadByte 58 7", "BoardBus.ReadByte 58 69",
+                                       "BoardBus.ReadByte 58 68", "BoardBus.WriteByte 58 0 3",
+                                       "BoardBus.ReadByte 58 1", "BoardBus.ReadByte 58 0",
+                                       "BoardBus.ReadByte 58 7", "BoardBus.ReadByte 58 69",
+                                       "BoardBus.ReadByte 58 68", "BoardBus.WriteByte 58 69 0"));
+    EXPECT_EQ(calls.size(), 24U + 5 + 8 + 2 * 16) << "then the default limits, and nothing more";
+    EXPECT_EQ(PanelsOnView(), "ControlCentrePanel");
+}
+
+TEST_F(TheMainForm, GoAnsweredCancelHidesTheWelcomePageAndDoesNothing) {
+    link->Take();
+    AnswerNext("CancelCMD");
+    Press("Go1");
+    EXPECT_EQ(PanelsOnView(), "");
+    EXPECT_THAT(link->Take(), IsEmpty());
+}
+
+TEST_F(TheMainForm, GoAfterSkipSendsOnlyWhatDoesNotLookAtIt) {
+    bench.Coms.Skipped = true;
+    link->Take();
+    AnswerNext("OKCMD");
+    Press("Go1");
+    form->StopMonitorTimers();
+    const auto calls = link->Take();
+    EXPECT_EQ(calls.front(), "SMBusLink.WriteByte 0 0 3");
+    EXPECT_THAT(calls, testing::Not(testing::Contains("SMBusLink.WriteByte 0 1D FF")));
+}
+
+TEST_F(TheMainForm, ABoxClosedWithoutAnAnswerGivesTheAnswerBefore) {
+    AnswerNext(nullptr);
+    EXPECT_EQ(form->QVNMsgBox("t", "first of the run", 0), 0);
+    AnswerNext("OKCMD");
+    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 1);
+    AnswerNext(nullptr);
+    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 1);
+    AnswerNext("CancelCMD");
+    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 0);
+    AnswerNext(nullptr);
+    EXPECT_EQ(form->QVNMsgBox("t", "m", 1), 0);
+}
+
+TEST_F(TheMainForm, OpensTenEEPROMWindowsAndNoMore) {
+    for (int i = 0; i < 10; ++i) {
+        Press("RegAccess");
+    }
+    EXPECT_EQ(tools.Opened.front(), "Register Access 1");
+    EXPECT_EQ(tools.Opened.back(), "Register Access 10");
+    QString text;
+    AnswerNext("OKCMD", &text);
+    Press("RegAccess");
+    EXPECT_EQ(text, "Safety Information|To conserve memory, RAM/EEPROM windows have been limited "
+                    "to 10.");
+    EXPECT_EQ(tools.Opened.size(), 10U);
+    form->EEPROMComFormCounter(form->EEPROMComFormCounter() - 1);
+    Press("RegAccess");
+    EXPECT_EQ(tools.Opened.back(), "Register Access 10");
+}
+
+TEST_F(TheMainForm, ToolKeysOpenTheirWindows) {
+    for (const char* key : {"Save1", "GPIO", "EraseEEPROM", "About1"}) {
+        Press(key);
+    }
+    EXPECT_THAT(tools.Opened, ElementsAre("dump", "gpio", "erase", "about"));
+}
+
+TEST_F(TheMainForm, ALinkThatFailsInTheMonitorIsToldOnceAndStopsIt) {
+    Press("ControlPanel1");
+    link->Take();
+    QString text;
+    AnswerNext("OKCMD", &text);
+    form->LinkFailed(LinkError("cannot read", "the port is gone", "Plug it in again."));
+    EXPECT_TRUE(text.contains("the port is gone"));
+    EXPECT_TRUE(text.contains("Plug it in again."));
+    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+    EXPECT_THAT(link->Take(), testing::Contains("PrinterPortLink.BurstMode 0"));
+}
+
+TEST_F(TheMainForm, ClosingTakesTheToolWindowsAlongAndSaysSo) {
+    int unloaded = 0;
+    QObject::connect(form.get(), &MainForm::Unloaded, form.get(), [&] { ++unloaded; });
+    Press("ControlPanel1");
+    form->close();
+    EXPECT_EQ(unloaded, 1);
+    EXPECT_THAT(tools.Opened, ElementsAre("unload"));
+    link->Take();
+    QTest::qWait(30);
+    EXPECT_THAT(link->Take(), IsEmpty());
+}
+
+} // namespace
+} // namespace tqx
