@@ -7,6 +7,7 @@ set -euo pipefail
 
 build=(
     g++ cmake ninja-build
+    libi2c-dev                                # the SMBus calls of the kernel
     qt6-base-dev libgl-dev libqt6svg6         # widgets, and the reader of the icons
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
 )
