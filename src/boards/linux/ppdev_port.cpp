@@ -1,0 +1,205 @@
+#include "ppdev_port.h"
+
+#include "kernel_errors.h"
+
+#include <link/link_error.h>
+#include <link/short_wait.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <utility>
+
+namespace tqx {
+
+namespace {
+
+constexpr std::string_view PortsFolder = "/proc/sys/dev/parport";
+
+/// From here on a delay is long enough to give the processor to others.
+constexpr std::chrono::microseconds ShortestSleep{500};
+constexpr std::chrono::milliseconds ClaimPause{5};
+
+std::string FolderOf(const std::string& port) {
+    return std::string(PortsFolder) + "/" + port;
+}
+
+/// A held port is this program's for a transfer; anyone who holds it longer is told by name.
+LinkError Busy(const std::string& node, const std::string& holder) {
+    const std::string what = "cannot claim " + node;
+    if (holder == "lp") {
+        return {what, "the printer driver lp is using it",
+                "Wait for the print job to end, or unload the driver: sudo modprobe -r lp."};
+    }
+    if (holder.starts_with("ppdev")) {
+        return {what, "another program is using it",
+                "Close the other program that works on this port, such as a second console."};
+    }
+    return {what, (holder.empty() ? "another driver" : "the driver " + holder) + " is using it",
+            "Wait until it is done, or unload the driver."};
+}
+
+} // namespace
+
+PpdevPort::PpdevPort(KernelFace& kernel, std::string name, std::uint16_t baseAddress)
+    : m_kernel(kernel)
+    , m_name(std::move(name))
+    , m_node("/dev/" + m_name)
+    , m_baseAddress(baseAddress) {}
+
+PpdevPort::~PpdevPort() {
+    if (m_claimed) {
+        try {
+            Release();
+        } catch (const LinkError&) {
+            // There is nobody left to tell.
+        }
+    }
+}
+
+void PpdevPort::WriteData(std::uint8_t value) {
+    Expect(m_file ? m_kernel.PortWriteData(m_file->File(), value) : KernelAnswer{ENODEV},
+           "write to");
+    m_lines = value;
+}
+
+std::uint8_t PpdevPort::ReadStatus() {
+    return static_cast<std::uint8_t>(
+        Expect(m_file ? m_kernel.PortReadStatus(m_file->File()) : KernelAnswer{ENODEV}, "read"));
+}
+
+void PpdevPort::Hold(bool hold) {
+    if (hold == m_claimed) {
+        return;
+    }
+    if (hold) {
+        Claim();
+    } else {
+        Release();
+    }
+}
+
+void PpdevPort::Delay(std::chrono::nanoseconds time) {
+    if (time < ShortestSleep) {
+        ShortWait(time);
+    } else {
+        m_kernel.Sleep(time);
+    }
+}
+
+/// The kernel lets a claim sleep for as long as the other user likes, and meanwhile keeps every
+/// other ppdev program waiting, even the one that is to let the port go. So the claim is asked for
+/// only while nobody is seen to hold the port, and its own limit is left for whoever slips in
+/// between the look and the claim.
+void PpdevPort::Claim() {
+    Open();
+    const std::chrono::nanoseconds end = m_kernel.Now() + ClaimLimit;
+    for (;;) {
+        const std::string holder = OtherHolder();
+        const std::chrono::nanoseconds left = end - m_kernel.Now();
+        if (left <= std::chrono::nanoseconds::zero()) {
+            throw Busy(m_node, holder);
+        }
+        if (!holder.empty()) {
+            m_kernel.Sleep(ClaimPause);
+            continue;
+        }
+        const KernelAnswer claimed = m_kernel.PortClaim(m_file->File(), left);
+        if (claimed.Error != EINTR && claimed.Error != EAGAIN) {
+            Expect(claimed, "claim");
+            break;
+        }
+    }
+    m_claimed = true;
+    SetMode();
+}
+
+/// The kernel keeps both settings for this file over release and claim.
+void PpdevPort::SetMode() {
+    if (m_modeSet) {
+        return;
+    }
+    try {
+        Expect(m_kernel.PortCompatible(m_file->File()), "set the mode of");
+        Expect(m_kernel.PortForward(m_file->File()), "set the direction of");
+    } catch (...) {
+        Close();
+        throw;
+    }
+    m_modeSet = true;
+}
+
+/// The port is let go even when its lines cannot be parked.
+void PpdevPort::Release() {
+    m_claimed = false;
+    if (!m_file) {
+        return;
+    }
+    const int file = m_file->File();
+    const KernelAnswer parked = m_lines && m_lines != ParkedLines
+                                    ? m_kernel.PortWriteData(file, ParkedLines)
+                                    : KernelAnswer{};
+    const KernelAnswer released = m_kernel.PortRelease(file);
+    m_lines.reset();
+    Expect(parked, "park the lines of");
+    Expect(released, "release");
+}
+
+void PpdevPort::Open() {
+    if (m_file) {
+        return;
+    }
+    const KernelAnswer opened = m_kernel.OpenNode(m_node);
+    if (opened.Error != 0) {
+        throw CannotOpen(m_kernel, m_node, "ppdev", opened.Error);
+    }
+    m_file = std::make_unique<OpenFile>(m_kernel, static_cast<int>(opened.Value));
+}
+
+/// Releases the port as well.
+void PpdevPort::Close() {
+    m_file.reset();
+    m_claimed = false;
+    m_modeSet = false;
+    m_lines.reset();
+}
+
+/// Empty while nobody holds the port. This program does not, so it is always another.
+std::string PpdevPort::OtherHolder() {
+    const auto holder = ReadSmallFile(m_kernel, FolderOf(m_name) + "/devices/active");
+    return holder && *holder != "none" ? *holder : "";
+}
+
+/// Gives the value of an answer, or raises what went wrong. A port that has gone is closed at
+/// once, as the kernel waits for that, and is opened anew by the next claim.
+unsigned long PpdevPort::Expect(const KernelAnswer& answer, const char* action) {
+    if (answer.Error == 0) {
+        return answer.Value;
+    }
+    if (MeansGone(answer.Error)) {
+        Close();
+    }
+    throw Failure("cannot " + std::string(action) + " " + m_node, PortErrors(), answer.Error);
+}
+
+std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel) {
+    std::vector<int> numbers;
+    for (const std::string& entry : kernel.List(std::string(PortsFolder))) {
+        if (const auto number = NumberAfter("parport", entry)) {
+            numbers.push_back(*number);
+        }
+    }
+    std::ranges::sort(numbers);
+    std::vector<std::unique_ptr<ParallelPort>> ports;
+    for (const int number : numbers) {
+        const std::string name = "parport" + std::to_string(number);
+        // Two decimal numbers, of which the first is the base address.
+        const auto text = ReadSmallFile(kernel, FolderOf(name) + "/base-addr").value_or("");
+        const auto baseAddress =
+            static_cast<std::uint16_t>(std::strtoul(text.c_str(), nullptr, 10));
+        ports.push_back(std::make_unique<PpdevPort>(kernel, name, baseAddress));
+    }
+    return ports;
+}
+
+} // namespace tqx

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "kernel_files.h"
+#include "linuxboard/kernel_face.h"
+
+#include <link/board_wiring.h>
+#include <link/parallel_port.h>
+
+#include <chrono>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tqx {
+
+/// The byte that leaves both bus lines high in either wiring, with the board powered.
+inline constexpr std::uint8_t ParkedLines =
+    LineControlBits | DirectWiring.BothHigh | InvertedWiring.BothHigh;
+static_assert((ParkedLines & DirectWiring.LineBits()) == DirectWiring.BothHigh);
+static_assert((ParkedLines & InvertedWiring.LineBits()) == InvertedWiring.BothHigh);
+
+/// How long a claim waits for another user of the port. Longer than a printer needs for a
+/// character, short enough that the program is not taken for dead.
+inline constexpr std::chrono::milliseconds ClaimLimit{500};
+
+/// A printer port of this machine, shared with the kernel's other users of it: it is theirs
+/// whenever it is not held. What goes on for longer than one call stands between Hold(true) and
+/// Hold(false).
+class PpdevPort : public ParallelPort {
+public:
+    /// `name` as the kernel has it: "parport0". Touches nothing.
+    PpdevPort(KernelFace& kernel, std::string name, std::uint16_t baseAddress);
+    ~PpdevPort() override;
+
+    std::uint16_t BaseAddress() override { return m_baseAddress; }
+
+    void WriteData(std::uint8_t value) override;
+    std::uint8_t ReadStatus() override;
+    /// True opens the node, if need be, and claims the port; raises LinkError when another user
+    /// keeps it past ClaimLimit, and names him. False parks the lines and releases it.
+    void Hold(bool hold) override;
+    void Delay(std::chrono::nanoseconds time) override;
+
+private:
+    void Claim();
+    void Release();
+    void Open();
+    void Close();
+    void SetMode();
+    std::string OtherHolder();
+    unsigned long Expect(const KernelAnswer& answer, const char* action);
+
+    KernelFace& m_kernel;
+    std::string m_name;
+    std::string m_node;
+    std::uint16_t m_baseAddress;
+    std::unique_ptr<OpenFile> m_file;
+    bool m_claimed = false;
+    bool m_modeSet = false;
+    std::optional<std::uint8_t> m_lines;
+};
+
+/// The printer ports that the kernel has, by number.
+std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel);
+
+} // namespace tqx
