@@ -35,10 +35,8 @@ BlockFrame::BlockFrame(QWidget* parent)
     grid->addWidget(heading, 0, PECColumn);
 
     m_slaveAddress = AddByte(*grid, 1, "Device Address:", "SlaveAddrTXT", "AA");
-    m_slaveAddress->setEnabled(false);
     m_deviceAddressPEC = AddPEC(*grid, 1, "DeviceAddressFcsLBL");
     m_command = AddByte(*grid, 2, "Command:", "AddPTRTXT", "00");
-    m_command->setEnabled(false);
     m_commandPEC = AddPEC(*grid, 2, "AddrPtrFcsLBL");
     m_byteCount = AddByte(*grid, 3, "Byte Count:", "ByteCountTXT", HexText(BlockSize));
     m_byteCountPEC = AddPEC(*grid, 3, "ByteCountFcsLBL");
@@ -46,6 +44,12 @@ BlockFrame::BlockFrame(QWidget* parent)
     m_finalPEC = AddPEC(*grid, 4, "FinalPECLBL");
     m_finalPEC->setMinimumHeight(m_byteCount->sizeHint().height());
 
+    for (NumberEntry* shown : {m_slaveAddress, m_command}) {
+        shown->setEnabled(false);
+        QPalette palette = shown->palette();
+        palette.setColor(QPalette::Disabled, QPalette::Text, QColor(look::QuietInk));
+        shown->setPalette(palette);
+    }
     m_slaveAddress->setToolTip(tr("The chip's address on the bus"));
     m_command->setToolTip(tr("A0 for a block write, A1 for a block read"));
     m_byteCount->setToolTip(tr("How many bytes to write, 1 to 20 in hexadecimal"));

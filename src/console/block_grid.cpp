@@ -203,7 +203,7 @@ void BlockGrid::Paste(int column, const QString& text) {
         Q_EMIT PasteRefused(tr("The text pasted is no list of hexadecimal bytes."));
         return;
     }
-    const auto room = static_cast<std::size_t>(BlockSize - column + 1);
+    const std::size_t room = m_columns.size() + 1 - static_cast<std::size_t>(column);
     const std::size_t count = std::min(bytes->size(), room);
     for (std::size_t i = 0; i < count; ++i) {
         BlockWriteTXT(column + static_cast<int>(i)).Value((*bytes)[i]);

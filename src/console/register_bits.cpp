@@ -69,6 +69,12 @@ void RegisterBits::Show(std::uint8_t byte) {
     }
 }
 
+void RegisterBits::Clear() {
+    for (BitDigit* digit : m_bits) {
+        digit->Caption({});
+    }
+}
+
 void RegisterBits::Legends(std::span<const std::string_view, 8> legends) {
     for (std::size_t bit = 0; bit < legends.size(); ++bit) {
         const QString legend =

@@ -24,6 +24,7 @@ public:
 
     /// Shows all eight bits of `byte`.
     void Show(std::uint8_t byte);
+    void Clear();
     /// Index 0 is the legend of bit 0.
     void Legends(std::span<const std::string_view, 8> legends);
 

@@ -143,6 +143,9 @@ void RegisterConsole::ClickRow(int row) {
 void RegisterConsole::DisplayRegister(int index) {
     const RegisterEntry& entry = RegisterMap[static_cast<std::size_t>(index)];
     Cell().RegisterPointer = entry.Address;
+    // Should the read below fail, the last register's byte must not stand under this one's name.
+    m_readout->Clear();
+    m_bits->Clear();
     m_readout->TypeLabel(entry.TypeLabel);
     if (entry.OwnLegends) {
         m_bits->Legends(entry.Legends);

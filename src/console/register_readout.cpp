@@ -72,4 +72,10 @@ void RegisterReadout::Value(std::uint8_t value) {
     m_decLabel->setText(QString::number(value));
 }
 
+void RegisterReadout::Clear() {
+    for (QLabel* label : {m_addressLabel, m_hexLabel, m_decLabel}) {
+        label->clear();
+    }
+}
+
 } // namespace tqx

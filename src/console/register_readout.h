@@ -19,6 +19,8 @@ public:
     void TypeLabel(std::string_view text);
     void Address(std::uint8_t address);
     void Value(std::uint8_t value);
+    /// Shows neither address nor value.
+    void Clear();
 
 private:
     QLabel* m_typeLabel;
