@@ -6,10 +6,12 @@
 
 #include <QAbstractButton>
 #include <QTest>
+#include <QWidget>
 
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -39,7 +41,7 @@ protected:
     };
     std::function<void()> duringWait = [] {};
 
-    void SetUp() override {
+    ToolFixture() {
         bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
         link.SlaveAddress(0x58);
         link.Take();
@@ -58,8 +60,10 @@ protected:
         return QStringLiteral("%1(%2)").arg(name).arg(index);
     }
 
-    static void Click(QWidget& window, const QString& button) {
-        QTest::mouseClick(&Find<QAbstractButton>(window, button), Qt::LeftButton);
+    /// Clicks near the button's left end, where a check box has its box.
+    static void Click(QWidget& window, const QString& name) {
+        auto& button = Find<QAbstractButton>(window, name);
+        QTest::mouseClick(&button, Qt::LeftButton, {}, {8, button.height() / 2});
     }
 
     static bool Enabled(QWidget& window, const QString& name) {

@@ -1,0 +1,138 @@
+#include "tools/tool_fixture.h"
+
+#include <tools/erase_eeprom_frm.h>
+#include <tools/high_byte_combo.h>
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QSignalSpy>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+
+class EraseEEPROMTest : public test::ToolFixture {
+protected:
+    EraseEEPROMFRM window{bench, door, waiter};
+
+    void SetUp() override { window.show(); }
+
+    bool Enabled(const QString& name) { return ToolFixture::Enabled(window, name); }
+
+    void Click(const QString& name) { ToolFixture::Click(window, name); }
+
+    std::string Text(const QString& label) {
+        return Find<QLabel>(window, label).text().toStdString();
+    }
+
+    int Progress() { return Find<QProgressBar>(window, "TotalProgress").value(); }
+
+    /// Clicks Erase All, and does `act` in its `nth` pause.
+    std::vector<std::string> EraseAll(int nth, const std::function<void()>& act) {
+        int pauses = 0;
+        duringWait = [&pauses, nth, act] {
+            if (++pauses == nth) {
+                act();
+            }
+        };
+        Click("EraseAllCMD");
+        return link.Take();
+    }
+};
+
+TEST_F(EraseEEPROMTest, ErasesThePageOfTheRow) {
+    link.Registers[0x13] = 0xF1;
+    Find<HighByteCombo>(window, "EEPROMHighByteCOMBO").setCurrentText("9F");
+    EXPECT_EQ(Text("HighByteLBL(0)"), "9F");
+    EXPECT_EQ(Text("HighByteLBL(3)"), "9F");
+    EXPECT_EQ(Text("LowByteLBL(3)"), "C0");
+    Click("ErasePageCMD(3)");
+    EXPECT_THAT(link.Take(),
+                ElementsAre("BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
+                            "BoardBus.WriteByte 58 13 F4", "EEPROMLink.ErasePage 9F C0 0"));
+}
+
+TEST_F(EraseEEPROMTest, WriteProtectionWarnsAndErasesAllTheSame) {
+    link.Registers[0x13] = 0x08;
+    Click("ErasePageCMD(0)");
+    EXPECT_EQ(messages.size(), 1U);
+    EXPECT_EQ(link.Registers[0x13], 0x0C);
+    EXPECT_EQ(link.Calls.back(), "EEPROMLink.ErasePage 80 0 0");
+}
+
+TEST_F(EraseEEPROMTest, EraseAllTakesEveryPageInOrder) {
+    const std::vector<std::string> calls = EraseAll(0, [] {});
+    ASSERT_EQ(calls.size(), 3U + 256U);
+    EXPECT_EQ(calls[2], "BoardBus.WriteByte 58 13 4");
+    for (std::size_t page = 0; page < 128; ++page) {
+        char erase[64];
+        std::snprintf(erase, sizeof erase, "EEPROMLink.ErasePage %zX %zX 0", 0x80 + page / 4,
+                      page % 4 * 64);
+        EXPECT_EQ(calls[3 + 2 * page], erase);
+        EXPECT_EQ(calls[4 + 2 * page], "Wait 100");
+    }
+    EXPECT_EQ(Progress(), 31);
+    EXPECT_EQ(Text("HighByteVaueLBL"), "9F");
+    EXPECT_EQ(Text("LowByteValueLBL"), "C0");
+    EXPECT_FALSE(Enabled("StopEraseCMD"));
+}
+
+TEST_F(EraseEEPROMTest, StopOnTheFirstPageErasesOnePageAndASecondRunStartsOver) {
+    const auto stop = [this] { Click("StopEraseCMD"); };
+    EXPECT_EQ(Only(EraseAll(1, stop), "EEPROMLink.ErasePage").size(), 1U);
+    EXPECT_EQ(Progress(), 1);
+    EXPECT_EQ(Text("LowByteValueLBL"), "0");
+    EXPECT_FALSE(Enabled("StopEraseCMD"));
+    EXPECT_THAT(Only(EraseAll(6, stop), "EEPROMLink.ErasePage"),
+                ElementsAre("EEPROMLink.ErasePage 80 0 0", "EEPROMLink.ErasePage 80 40 0",
+                            "EEPROMLink.ErasePage 80 80 0", "EEPROMLink.ErasePage 80 C0 0",
+                            "EEPROMLink.ErasePage 81 0 0", "EEPROMLink.ErasePage 81 40 0"));
+    EXPECT_EQ(Progress(), 2);
+}
+
+TEST_F(EraseEEPROMTest, WhileEraseAllRunsNothingElseCanErase) {
+    EraseAll(5, [this] {
+        EXPECT_TRUE(Enabled("StopEraseCMD"));
+        EXPECT_TRUE(Enabled("CloseCMD"));
+        for (const char* name : {"EraseAllCMD", "ErasePageCMD(0)", "ErasePageCMD(3)"}) {
+            EXPECT_FALSE(Enabled(name)) << name;
+            Click(name);
+        }
+        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
+    });
+    EXPECT_EQ(Progress(), 2) << "Space did not stop";
+    EXPECT_TRUE(Enabled("EraseAllCMD"));
+    EXPECT_TRUE(Enabled("ErasePageCMD(0)"));
+}
+
+TEST_F(EraseEEPROMTest, ACloseStopsTheLoopFirst) {
+    QSignalSpy unloaded(&window, &ToolWindow::Unloaded);
+    const std::vector<std::string> calls = EraseAll(7, [this, &unloaded] {
+        Click("CloseCMD");
+        EXPECT_TRUE(window.isHidden());
+        EXPECT_EQ(unloaded.count(), 0);
+    });
+    EXPECT_EQ(Only(calls, "EEPROMLink.ErasePage").size(), 7U);
+    EXPECT_EQ(unloaded.count(), 1);
+}
+
+TEST_F(EraseEEPROMTest, ACloseBehindTheWarningErasesNothing) {
+    link.Registers[0x13] = 0x08;
+    duringMessage = [this] { window.close(); };
+    Click("EraseAllCMD");
+    EXPECT_TRUE(Only(link.Take(), "EEPROMLink.ErasePage").empty());
+}
+
+TEST_F(EraseEEPROMTest, AFailedLinkCallLeavesTheWindowUsable) {
+    link.FailOn = "EEPROMLink.ErasePage 82";
+    EXPECT_THROW(Find<QAbstractButton>(window, "EraseAllCMD").click(), LinkError);
+    EXPECT_FALSE(Enabled("StopEraseCMD"));
+    EXPECT_TRUE(Enabled("EraseAllCMD"));
+    link.FailOn.clear();
+    link.Take();
+    EXPECT_EQ(Only(EraseAll(0, [] {}), "EEPROMLink.ErasePage").size(), 128U);
+}
+
+} // namespace
+} // namespace tqx
