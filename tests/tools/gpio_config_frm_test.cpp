@@ -1,0 +1,163 @@
+#include "tools/tool_fixture.h"
+
+#include <tools/gpio_config_frm.h>
+
+#include <QComboBox>
+#include <QWheelEvent>
+
+#include <memory>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class GPIOConfigTest : public test::ToolFixture {
+protected:
+    std::unique_ptr<GPIOConfigFRM> window;
+
+    /// Opens the panel on the registers as they stand.
+    void Open() {
+        window = std::make_unique<GPIOConfigFRM>(bench);
+        window->show();
+        link.Take();
+    }
+
+    QComboBox& Combo(const char* name, int index) {
+        return Find<QComboBox>(*window, Member(name, index));
+    }
+
+    std::string Text(const char* name, int index) {
+        return Combo(name, index).currentText().toStdString();
+    }
+
+    /// The entries of the line's lists: function (if it has one), direction, polarity.
+    std::string Line(int line) {
+        const int selector = line == 16 ? 8 : line;
+        const std::string function = line < 8 || line == 16 ? Text("EnabledCOMBO", selector) : "";
+        return function + " " + Text("DirectionCombo", line) + " " + Text("Polarity", line);
+    }
+
+    bool Editable(int line) {
+        const bool direction = Combo("DirectionCombo", line).isEnabled();
+        EXPECT_EQ(direction, Combo("Polarity", line).isEnabled());
+        return direction;
+    }
+};
+
+TEST_F(GPIOConfigTest, LoadReadsTheRegistersInOrder) {
+    const GPIOConfigFRM panel(bench);
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 1", "BoardBus.ReadByte 58 7",
+                                         "BoardBus.ReadByte 58 8", "BoardBus.ReadByte 58 9",
+                                         "BoardBus.ReadByte 58 A", "BoardBus.ReadByte 58 B",
+                                         "BoardBus.ReadByte 58 7"));
+}
+
+TEST_F(GPIOConfigTest, ShowsTheLinesAsTheRegistersHaveThem) {
+    link.Registers[0x01] = 0x0F;
+    link.Registers[0x07] = 0x81;
+    link.Registers[0x08] = 0b01'10'11'00;
+    link.Registers[0x0B] = 0b10'00'00'01;
+    Open();
+    EXPECT_EQ(Line(0), "GPIO Input Low");
+    EXPECT_EQ(Line(1), "GPIO Output High");
+    EXPECT_EQ(Line(2), "GPIO Input High");
+    EXPECT_EQ(Line(3), "GPIO Output Low");
+    EXPECT_EQ(Line(4), "Fan Input Low");
+    EXPECT_EQ(Line(12), " Output Low");
+    EXPECT_EQ(Line(15), " Input High");
+    EXPECT_EQ(Line(16), "GPIO Input High");
+    for (int line = 0; line < 17; ++line) {
+        EXPECT_EQ(Editable(line), line < 4 || line > 7) << line;
+    }
+}
+
+TEST_F(GPIOConfigTest, OneChangeWritesAllFields) {
+    link.Registers[0x01] = 0x0F;
+    link.Registers[0x07] = 0xBE;
+    link.Registers[0x08] = 0x1B;
+    link.Registers[0x09] = 0xE4;
+    link.Registers[0x0A] = 0x55;
+    link.Registers[0x0B] = 0xAA;
+    Open();
+    Combo("DirectionCombo", 5).setCurrentText("Output"); // of a line that works as a fan input
+    link.Take();
+    Combo("DirectionCombo", 8).setCurrentText("Input");
+    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.WriteByte 58 1 F", "BoardBus.ReadByte 58 7",
+                                         "BoardBus.WriteByte 58 7 BE", "BoardBus.WriteByte 58 8 1B",
+                                         "BoardBus.WriteByte 58 9 E4", "BoardBus.WriteByte 58 A 54",
+                                         "BoardBus.WriteByte 58 B AA", "BoardBus.ReadByte 58 7",
+                                         "BoardBus.WriteByte 58 7 BE"));
+}
+
+TEST_F(GPIOConfigTest, ChangesOfTheThermLineKeepTheOtherBits) {
+    link.Registers[0x07] = 0x2A;
+    Open();
+    EXPECT_TRUE(Editable(16)) << "at load whatever the pin does";
+    Combo("EnabledCOMBO", 8).setCurrentText("GPIO");
+    EXPECT_EQ(link.Registers[0x07], 0x2B);
+    Combo("DirectionCombo", 16).setCurrentText("Output");
+    Combo("Polarity", 16).setCurrentText("High");
+    EXPECT_EQ(link.Registers[0x07], 0xEB);
+    Combo("EnabledCOMBO", 8).setCurrentText("Therm");
+    EXPECT_EQ(link.Registers[0x07], 0xEA);
+    EXPECT_FALSE(Editable(16));
+}
+
+TEST_F(GPIOConfigTest, AFanLineCannotBeEditedAndKeepsItsBits) {
+    link.Registers[0x01] = 0xFF;
+    link.Registers[0x09] = 0b11'00'00'00;
+    Open();
+    Combo("EnabledCOMBO", 7).setCurrentText("Fan");
+    EXPECT_FALSE(Editable(7));
+    EXPECT_EQ(link.Registers[0x01], 0x7F);
+    EXPECT_EQ(link.Registers[0x09], 0b11'00'00'00);
+}
+
+TEST_F(GPIOConfigTest, ReadAgainChangesListsAndWritesNothing) {
+    Open();
+    link.Registers[0x01] = 0xFF;
+    link.Registers[0x0A] = 0xFF;
+    link.Registers[0x07] = 0xC1;
+    Click(*window, "ReadAgainCMD");
+    EXPECT_EQ(Line(8), " Output High");
+    EXPECT_EQ(Line(16), "Therm Output High");
+    EXPECT_EQ(Line(0), "Fan Input Low");
+    EXPECT_THAT(Only(link.Take(), "BoardBus.WriteByte"), IsEmpty());
+}
+
+TEST_F(GPIOConfigTest, AfterSkipItShowsInputsThatAreFans) {
+    bench.Coms.Skipped = true;
+    link.Registers.fill(0xFF);
+    Open();
+    EXPECT_EQ(Line(0), "Fan Input Low");
+    EXPECT_EQ(Line(15), " Input Low");
+    EXPECT_EQ(Line(16), "Therm Input Low");
+    Combo("Polarity", 15).setCurrentText("High");
+    EXPECT_THAT(link.Take(), IsEmpty());
+}
+
+TEST_F(GPIOConfigTest, AFailedReadLeavesThePanelWriting) {
+    Open();
+    link.FailOn = "BoardBus.ReadByte 58 9";
+    EXPECT_THROW(Find<QAbstractButton>(*window, "ReadAgainCMD").click(), LinkError);
+    link.FailOn.clear();
+    link.Take();
+    Combo("Polarity", 12).setCurrentText("High");
+    EXPECT_EQ(link.Take().size(), 9U);
+}
+
+TEST_F(GPIOConfigTest, TheWheelChangesNothing) {
+    Open();
+    auto& combo = Combo("DirectionCombo", 9);
+    combo.setFocus();
+    QWheelEvent turn(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
+                     Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&combo, &turn);
+    EXPECT_EQ(combo.currentText(), "Input");
+    EXPECT_THAT(link.Take(), IsEmpty());
+}
+
+} // namespace
+} // namespace tqx
