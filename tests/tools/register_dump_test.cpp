@@ -20,7 +20,6 @@ protected:
     int stamps = 0;
 
     void SetUp() override {
-        ToolFixture::SetUp();
         for (int i = 0; i < 256; ++i) {
             link.Registers[static_cast<std::size_t>(i)] = RAMByte(i);
         }

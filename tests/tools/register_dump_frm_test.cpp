@@ -1,0 +1,198 @@
+#include "support/answered_dialogs.h"
+#include "tools/dump_sample.h"
+#include "tools/tool_fixture.h"
+
+#include <controls/percent_bar.h>
+#include <tools/register_dump_frm.h>
+
+#include <QFile>
+#include <QLabel>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <memory>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+const char* const refusal = "exclamation|There was a Problem!|Invalid filename.";
+
+class RegisterDumpFrmTest : public test::ToolFixture {
+protected:
+    QTemporaryDir folder;
+    test::AnsweredDialogs dialogs;
+    std::unique_ptr<RegisterDumpFRM> window;
+
+    void SetUp() override {
+        // "C:\" stands for the documents folder of this home.
+        qputenv("HOME", folder.path().toLocal8Bit());
+        Open();
+    }
+
+    void Open() {
+        window = std::make_unique<RegisterDumpFRM>(bench, door, dialogs);
+        window->Clock = [] { return DumpStamp{"T", "D"}; };
+        window->show();
+    }
+
+    void Click(const QString& name) { ToolFixture::Click(*window, name); }
+
+    bool Enabled(const QString& name) { return ToolFixture::Enabled(*window, name); }
+
+    QString Text(const QString& label) { return Find<QLabel>(*window, label).text(); }
+
+    PercentBar& Progress() { return Find<PercentBar>(*window, "ProgressBar1"); }
+
+    void Choose(const QString& name) {
+        dialogs.FileName = name;
+        Click("BrowseCMD");
+    }
+
+    QString Place() const { return folder.filePath("Documents/RegisterDump.txt"); }
+
+    static std::string Contents(const QString& place) {
+        QFile file(place);
+        file.open(QIODevice::ReadOnly);
+        return file.readAll().toStdString();
+    }
+
+    static std::uint8_t Zero(int /*address*/) { return 0; }
+
+    static std::uint8_t Erased(int /*high*/, int /*low*/) { return 0xFF; }
+
+    static std::string WholeDump() {
+        return test::ExpectedRAMBlock("T", "D", Zero) + test::ExpectedEEPROMBlock("T", "D", Erased);
+    }
+};
+
+TEST_F(RegisterDumpFrmTest, DumpsToTheDocumentsFolderUnlessToldOtherwise) {
+    EXPECT_EQ(Text("PathLBL"), "Path; C:\\RegisterDump.txt");
+    EXPECT_TRUE(Find<QLabel>(*window, "PathLBL").toolTip().contains(Place()));
+    Click("DumpCMD");
+    EXPECT_EQ(Contents(Place()), WholeDump());
+    EXPECT_TRUE(Text("StatusLBL").contains(Place()));
+    EXPECT_EQ(Progress().Maximum(), 1056);
+    EXPECT_EQ(Progress().Value(), 0);
+}
+
+TEST_F(RegisterDumpFrmTest, BrowseFollowsTheRuleForNames) {
+    Choose({});
+    EXPECT_EQ(Text("PathLBL"), "Path; C:\\RegisterDump.txt");
+    Choose("/bench/a.txt");
+    EXPECT_EQ(Text("PathLBL"), "Path; /bench/a.txt");
+    Choose("RegisterDump.txt");
+    EXPECT_EQ(Text("PathLBL"), "Path; C:\\RegisterDump.txt");
+    EXPECT_TRUE(dialogs.Messages.isEmpty());
+    Choose("/bench/a.TXT");
+    EXPECT_EQ(dialogs.Messages, QStringList(refusal));
+    EXPECT_EQ(Text("PathLBL"), "Path; ");
+    Choose({}); // the dialog keeps the name it had
+    EXPECT_EQ(dialogs.Messages.size(), 2);
+}
+
+TEST_F(RegisterDumpFrmTest, ADumpNeedsANameAndSomethingToDump) {
+    Choose("no ending");
+    dialogs.Messages.clear();
+    Click("DumpCMD");
+    EXPECT_EQ(dialogs.Messages, QStringList(refusal));
+    EXPECT_TRUE(Enabled("DumpCMD"));
+    EXPECT_FALSE(Enabled("StopDumpCMD"));
+    Click("RAMSettingsCHK");
+    Click("EEPROMSettingsCHK");
+    Click("DumpCMD");
+    EXPECT_THAT(messages, ElementsAre("Notice|Either the Dump RAM or Dump EEPROM check box must be "
+                                      "selected to do a register dump|1"));
+    EXPECT_THAT(link.Take(), IsEmpty());
+}
+
+TEST_F(RegisterDumpFrmTest, OnlyTheTickedPartIsDumped) {
+    Click("RAMSettingsCHK");
+    Click("DumpCMD");
+    EXPECT_EQ(Contents(Place()), test::ExpectedEEPROMBlock("T", "D", Erased));
+    EXPECT_EQ(Progress().Maximum(), 1024);
+}
+
+TEST_F(RegisterDumpFrmTest, StopEndsTheDumpAndKeepsTheProgress) {
+    QTimer::singleShot(0, window.get(), [this] {
+        for (const char* name :
+             {"RAMSettingsCHK", "EEPROMSettingsCHK", "DumpCMD", "BrowseCMD", "PathLBL"}) {
+            EXPECT_FALSE(Enabled(name)) << name;
+        }
+        Click("StopDumpCMD");
+    });
+    Click("DumpCMD");
+    const int rows = Progress().Value();
+    EXPECT_GE(rows, 1);
+    EXPECT_LT(rows, 32);
+    EXPECT_EQ(Contents(Place()),
+              test::ExpectedRAMBlock("T", "D", Zero, rows) + test::ExpectedStop("T", "D"));
+    EXPECT_TRUE(Enabled("DumpCMD"));
+    EXPECT_FALSE(Enabled("StopDumpCMD"));
+
+    QFile::remove(Place());
+    Click("DumpCMD");
+    EXPECT_EQ(Contents(Place()), WholeDump()) << "an old stop lives on";
+}
+
+TEST_F(RegisterDumpFrmTest, AStopInTheEEPROMWaitsForTheNextHighByte) {
+    Click("RAMSettingsCHK");
+    QTimer::singleShot(0, window.get(), [this] { Click("StopDumpCMD"); });
+    Click("DumpCMD");
+    const int rows = Progress().Value();
+    EXPECT_GE(rows, 32);
+    EXPECT_EQ(rows % 32, 0);
+    EXPECT_EQ(Contents(Place()),
+              test::ExpectedEEPROMBlock("T", "D", Erased, rows) + test::ExpectedStop("T", "D"));
+}
+
+TEST_F(RegisterDumpFrmTest, ACloseStopsTheDumpWithTheFileClosed) {
+    QSignalSpy unloaded(window.get(), &ToolWindow::Unloaded);
+    QTimer::singleShot(0, window.get(), [this, &unloaded] {
+        window->close();
+        EXPECT_EQ(unloaded.count(), 0);
+    });
+    Click("DumpCMD");
+    EXPECT_EQ(unloaded.count(), 1);
+    EXPECT_EQ(Contents(Place()), test::ExpectedRAMBlock("T", "D", Zero, Progress().Value()) +
+                                     test::ExpectedStop("T", "D"));
+    EXPECT_EQ(link.Calls.back(), "PrinterPortLink.BurstMode 0");
+}
+
+TEST_F(RegisterDumpFrmTest, TheStatusLineTellsThatNothingReachedTheDisk) {
+    const QString full = folder.filePath("full.txt");
+    ASSERT_TRUE(QFile::link("/dev/full", full));
+    for (const QString& place : {folder.filePath("nowhere/dump.txt"), full}) {
+        SCOPED_TRACE(place.toStdString());
+        Choose(place);
+        link.Take();
+        Click("DumpCMD");
+        EXPECT_EQ(link.Take().size(), 8448U + 2U);
+        EXPECT_TRUE(Text("StatusLBL").startsWith("Nothing reached the disk"))
+            << Text("StatusLBL").toStdString();
+        EXPECT_EQ(Progress().Value(), 0);
+    }
+    EXPECT_TRUE(dialogs.Messages.isEmpty());
+    EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(RegisterDumpFrmTest, TheProgressIsRepaintedWhileTheDumpRuns) {
+    struct Paints : QObject {
+        int Count = 0;
+
+        bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+            Count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+
+    Progress().installEventFilter(&paints);
+    Click("DumpCMD");
+    EXPECT_GE(paints.Count, 32 + 16);
+}
+
+} // namespace
+} // namespace tqx
