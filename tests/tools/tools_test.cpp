@@ -1,0 +1,261 @@
+#include "support/answered_dialogs.h"
+#include "tools/tool_fixture.h"
+
+#include <console/main_form.h>
+#include <tools/eeprom_com_frm.h>
+#include <tools/erase_eeprom_frm.h>
+#include <tools/gpio_config_frm.h>
+#include <tools/register_dump_frm.h>
+#include <tools/tools.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QFile>
+#include <QPointer>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <memory>
+
+namespace tqx {
+namespace {
+
+/// Windows opened and closed from a main window, with real pauses where a test sets them.
+class ToolsTest : public test::ToolFixture {
+protected:
+    test::AnsweredDialogs dialogs;
+    Tools tools{dialogs, waiter};
+    std::unique_ptr<MainForm> main = std::make_unique<MainForm>(bench, tools);
+
+    void SetUp() override {
+        main->show();
+        link.Take();
+    }
+
+    static std::vector<EEPROMComFRM*> EEPROMComs() {
+        std::vector<EEPROMComFRM*> windows;
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* com = qobject_cast<EEPROMComFRM*>(window);
+            if (com != nullptr && !com->isHidden()) {
+                windows.push_back(com);
+            }
+        }
+        return windows;
+    }
+
+    static EEPROMComFRM& EEPROMCom(const QString& caption) {
+        for (EEPROMComFRM* window : EEPROMComs()) {
+            if (window->windowTitle() == caption) {
+                return *window;
+            }
+        }
+        throw std::runtime_error("no window " + caption.toStdString());
+    }
+
+    void Key(const char* key) { Find<QAction>(*main, key).trigger(); }
+
+    template <class Object>
+    static Object& Find(QObject& in, const QString& name) {
+        return *in.findChild<Object*>(name);
+    }
+
+    /// The window of this class on view, modal ones too.
+    template <class Window>
+    static Window* OnView() {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            auto* wanted = qobject_cast<Window*>(window);
+            if (wanted != nullptr && !wanted->isHidden()) {
+                return wanted;
+            }
+        }
+        return nullptr;
+    }
+
+    /// Closes the next message box with OK, and notes that it came.
+    int boxes = 0;
+
+    void AnswerTheNextBox() {
+        QTimer::singleShot(0, main.get(), [this] {
+            if (QWidget* box = QApplication::activeModalWidget()) {
+                ++boxes;
+                Find<QAbstractButton>(*box, "OKCMD").click();
+            }
+        });
+    }
+};
+
+TEST_F(ToolsTest, TenEEPROMWindowsAndNoEleventh) {
+    for (int i = 0; i < 10; ++i) {
+        Key("RegAccess");
+    }
+    EXPECT_EQ(EEPROMComs().size(), 10U);
+    AnswerTheNextBox();
+    Key("RegAccess");
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(EEPROMComs().size(), 10U);
+
+    QPointer<EEPROMComFRM> third = &EEPROMCom("Register Access 3");
+    Click(*third, "CloseCMD");
+    EXPECT_EQ(main->EEPROMComFormCounter(), 9);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(third.isNull()) << "not destroyed";
+    Key("RegAccess");
+    EXPECT_EQ(EEPROMComs().size(), 10U);
+    EXPECT_EQ(EEPROMCom("Register Access 10").windowTitle(), "Register Access 10");
+}
+
+TEST_F(ToolsTest, CloseAllLeavesTheSpies) {
+    main->EEPROMComFormCounter(3);
+    tools.NewEEPROMCom(*main, "Register Access 1");
+    tools.NewEEPROMCom(*main, "Register Spy 2");
+    tools.NewEEPROMCom(*main, "Register Access 3");
+    Click(EEPROMCom("Register Spy 2"), "CloseAllCMD");
+    QCoreApplication::processEvents();
+    ASSERT_EQ(EEPROMComs().size(), 1U);
+    EXPECT_EQ(EEPROMComs().front()->windowTitle(), "Register Spy 2");
+    EXPECT_EQ(main->EEPROMComFormCounter(), 1);
+}
+
+TEST_F(ToolsTest, ThereIsOneGPIOPanelAndItIsReadAgainWhenItIsOpenedAgain) {
+    Key("GPIO");
+    QPointer<GPIOConfigFRM> first = OnView<GPIOConfigFRM>();
+    ASSERT_FALSE(first.isNull());
+    link.Take();
+    Key("GPIO");
+    EXPECT_EQ(OnView<GPIOConfigFRM>(), first);
+    EXPECT_TRUE(link.Take().empty());
+    first->close();
+    Key("GPIO");
+    EXPECT_EQ(link.Take().size(), 7U);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(first.isNull());
+    EXPECT_NE(OnView<GPIOConfigFRM>(), nullptr);
+}
+
+TEST_F(ToolsTest, AModalWindowComesBackWhenItIsGoneAndOpensAfresh) {
+    for (int time = 0; time < 2; ++time) {
+        QTimer::singleShot(0, main.get(), [this] {
+            auto* erase = OnView<EraseEEPROMFRM>();
+            ASSERT_NE(erase, nullptr);
+            EXPECT_EQ(QApplication::activeModalWidget(), erase);
+            auto& block = Find<QComboBox>(*erase, "EEPROMHighByteCOMBO");
+            EXPECT_EQ(block.currentText(), "80");
+            block.setCurrentText("9F");
+            tools.ShowEraseEEPROM(*main); // there is one, which comes to the front
+            QTest::keyClick(erase, Qt::Key_Escape);
+        });
+        Key("EraseEEPROM");
+        EXPECT_EQ(OnView<EraseEEPROMFRM>(), nullptr);
+    }
+}
+
+TEST_F(ToolsTest, ClosingAWindowInItsLongLoopDestroysItOnlyAfterTheLoop) {
+    Key("RegAccess");
+    QPointer<EEPROMComFRM> window = &EEPROMCom("Register Access 1");
+    Click(*window, "AccessEEPROMCHK");
+    int pauses = 0;
+    duringWait = [&] {
+        if (++pauses == 2) {
+            window->close();
+            EXPECT_EQ(main->EEPROMComFormCounter(), 0);
+        }
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(window.isNull());
+    };
+    Click(*window, "WriteALLCMD");
+    EXPECT_EQ(pauses, 2);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(window.isNull());
+}
+
+TEST_F(ToolsTest, TwoWindowsCanWriteWithinEachOthersPauses) {
+    Key("RegAccess");
+    Key("RegAccess");
+    bool nested = false;
+    duringWait = [&] {
+        if (!nested) {
+            nested = true;
+            Click(EEPROMCom("Register Access 2"), "WriteALLCMD");
+            EEPROMCom("Register Access 1").close();
+        }
+    };
+    Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
+    EXPECT_EQ(Only(link.Take(), "BoardBus.WriteByte").size(), 16U);
+    EXPECT_EQ(EEPROMComs().size(), 1U);
+}
+
+/// The main window closes in the middle of a long bus sequence, and the application ends.
+class EndInTheMiddleTest : public ToolsTest {
+protected:
+    QTemporaryDir folder;
+
+    void CloseMainSoon() {
+        QTimer::singleShot(0, main.get(), [this] { main->close(); });
+    }
+
+    /// Runs the application as its main does, from `begin` to the main window's close.
+    void Run(const std::function<void()>& begin) {
+        QObject::connect(main.get(), &MainForm::Unloaded, qApp, &QCoreApplication::quit);
+        QTimer::singleShot(0, main.get(), begin);
+        QTimer::singleShot(20'000, main.get(), [] {
+            ADD_FAILURE() << "the application did not end";
+            QCoreApplication::exit(1);
+        });
+        EXPECT_EQ(QCoreApplication::exec(), 0);
+        main.reset();
+    }
+};
+
+TEST_F(EndInTheMiddleTest, OfEraseAll) {
+    duringWait = [] { Wait(0.001F); };
+    Run([this] {
+        QTimer::singleShot(0, main.get(), [this] {
+            CloseMainSoon();
+            Click(*OnView<EraseEEPROMFRM>(), "EraseAllCMD");
+        });
+        Key("EraseEEPROM");
+    });
+    EXPECT_LT(Only(link.Take(), "EEPROMLink.ErasePage").size(), 3U);
+}
+
+TEST_F(EndInTheMiddleTest, OfWriteAll) {
+    duringWait = [] { Wait(0.001F); };
+    Run([this] {
+        Key("RegAccess");
+        CloseMainSoon();
+        Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
+    });
+    EXPECT_LT(Only(link.Take(), "BoardBus.WriteByte").size(), 3U);
+    EXPECT_TRUE(EEPROMComs().empty());
+}
+
+TEST_F(EndInTheMiddleTest, OfADump) {
+    qputenv("HOME", folder.path().toLocal8Bit());
+    Run([this] {
+        QTimer::singleShot(0, main.get(), [this] {
+            CloseMainSoon();
+            Click(*OnView<RegisterDumpFRM>(), "DumpCMD");
+        });
+        Key("Save1");
+    });
+    EXPECT_LT(Only(link.Take(), "BoardBus.ReadByte").size(), 256U);
+    QFile file(folder.filePath("Documents/RegisterDump.txt"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.readAll().contains("*** Dump terminated by user ***"));
+}
+
+TEST_F(EndInTheMiddleTest, OfAWriteProtectWarning) {
+    link.Registers[0x13] = 0x08;
+    Run([this] {
+        Key("RegAccess");
+        EEPROMComFRM& window = EEPROMCom("Register Access 1");
+        Click(window, "AccessEEPROMCHK");
+        CloseMainSoon();
+        Click(window, "WriteByteCMD(0)");
+    });
+    EXPECT_TRUE(Only(link.Take(), "EEPROMLink.WriteEEPROM").empty());
+}
+
+} // namespace
+} // namespace tqx
