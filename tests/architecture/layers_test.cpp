@@ -41,10 +41,14 @@ Edges DrawnEdges() {
     return edges;
 }
 
-/// The library that a source belongs to: its folder, or its board under boards/.
+/// The library that a source belongs to: the one name in the include/ of its folder, or of its
+/// board under boards/.
 std::string LibraryOf(const fs::path& file) {
-    auto part = fs::relative(file, Root / "src").begin();
-    return *part == "boards" ? std::next(part)->string() : part->string();
+    const fs::path below = fs::relative(file, Root / "src");
+    auto part = below.begin();
+    const fs::path folder =
+        *part == "boards" ? Root / "src" / *part / *std::next(part) : Root / "src" / *part;
+    return fs::directory_iterator(folder / "include")->path().filename();
 }
 
 /// The arrows that the sources need, with a file for each; includes of no known library are left

@@ -1,0 +1,8 @@
+#include <app/console_program.h>
+#include <linuxboard/linux_board.h>
+
+/// The console on the machine's own ports.
+int main(int argc, char** argv) {
+    tqx::LinuxBoard board;
+    return tqx::RunConsole(argc, argv, {board.Factory(), board.OSVersionInfoFactory(), {}});
+}
