@@ -19,7 +19,7 @@ namespace {
 
 constexpr int BandColumns = 16;
 constexpr int KeyWidth = 26 * look::Grid;
-constexpr int TallestBand = 38 * look::Grid;
+constexpr int TallestBand = 44 * look::Grid;
 
 /// The rows of a band, from above.
 enum BandRow { NumberRow, ReadRow, FcsRow, WriteRow, BandRows };
@@ -65,6 +65,7 @@ BlockGrid::BlockGrid(QWidget* parent)
     bands->setContentsMargins(0, 0, 0, 0);
     bands->setSpacing(2 * look::Grid);
     bands->addWidget(MakeHeading());
+    bands->setSizeConstraint(QLayout::SetMinAndMaxSize);
     bands->addWidget(MakeBand(1), 1);
     bands->addWidget(MakeBand(1 + BandColumns), 1);
     ClearReading();
@@ -73,6 +74,7 @@ BlockGrid::BlockGrid(QWidget* parent)
 
 QWidget* BlockGrid::MakeHeading() {
     auto* heading = new QWidget(this);
+    heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* key = new QLabel("Key");
     key->setFont(look::WordsFont(10, QFont::DemiBold));
     m_copy = new QPushButton(tr("Copy Reading"));

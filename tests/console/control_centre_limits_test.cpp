@@ -111,7 +111,8 @@ protected:
 
     static int Count(const std::string& traffic, const std::string& part) {
         int count = 0;
-        for (auto at = traffic.find(part); at != std::string::npos; at = traffic.find(part, at + 1)) {
+        for (auto at = traffic.find(part); at != std::string::npos;
+             at = traffic.find(part, at + 1)) {
             ++count;
         }
         return count;
@@ -231,6 +232,7 @@ TEST_F(ControlCentreLimits, ScalesFollowTheRow) {
         double Max;
         int Decimals;
     };
+
     const std::array<Scale, 14> scales{{{3, -128, 127, 0},
                                         {5, -128, 127, 0},
                                         {7, 0, 15000, 0},

@@ -1,8 +1,7 @@
 #include "console/control_centre_fixture.h"
 
-#include <link/link_error.h>
-
 #include <device/display_rows.h>
+#include <link/link_error.h>
 
 #include <vector>
 

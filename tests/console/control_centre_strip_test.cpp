@@ -31,11 +31,11 @@ TEST_F(ControlCentreStrip, EachGroupBringsItsRangeTitleAndLegends) {
     };
     const Texts temperatures =
         padded({"Temperature", "Time=", "Internal Temp", "External Temp 0", "External Temp 1"});
-    const Texts voltages{"Voltage", "Time=", "Vbatt", "+5V",   "-12V",  "+12V",  "Vccp",
-                             "Ain 0",   "Ain 1", "Ain 2", "Ain 3", "Ain 4", "Ain 5", "Ain 6",
-                             "Ain 7",   "",      "",      "3.3V Main", "3.3V STBY"};
-    const Texts fans = padded({"RPM", "Time=", "Fan 0", "Fan 1", "Fan 2", "Fan 3", "Fan 4",
-                                   "Fan 5", "Fan 6", "Fan 7"});
+    const Texts voltages{"Voltage", "Time=", "Vbatt", "+5V",       "-12V",     "+12V",  "Vccp",
+                         "Ain 0",   "Ain 1", "Ain 2", "Ain 3",     "Ain 4",    "Ain 5", "Ain 6",
+                         "Ain 7",   "",      "",      "3.3V Main", "3.3V STBY"};
+    const Texts fans = padded(
+        {"RPM", "Time=", "Fan 0", "Fan 1", "Fan 2", "Fan 3", "Fan 4", "Fan 5", "Fan 6", "Fan 7"});
     panel->SetUpDisplay();
     for (const int row : {0, 1, 2, 2, 0, 2, 1, 1, 0}) {
         Click(Row(row));

@@ -36,8 +36,8 @@ TEST_P(TickTraffic, IsGaugeChartAndLampsInBurstMode) {
 
 INSTANTIATE_TEST_SUITE_P(
     ByChannelGroupAndTab, TickTraffic,
-    testing::Values(Case{3, 0, 0, "R1F R1F R28 R29 R20 R23"},
-                    Case{0, 0, 0, "R1F R28 R29 R20 R23"}, Case{6, 0, 1, "R1F R28 R29 R22"},
+    testing::Values(Case{3, 0, 0, "R1F R1F R28 R29 R20 R23"}, Case{0, 0, 0, "R1F R28 R29 R20 R23"},
+                    Case{6, 0, 1, "R1F R28 R29 R22"},
                     Case{18, 1, 2, std::string("R2E ") + VoltFeed + " R20 R21 R23"},
                     Case{30, 1, 0, std::string("R2A ") + VoltFeed + " R20 R23"},
                     Case{14, 2, 1, "R3F R38 R39 R3A R3B R3C R3D R3E R3F R22"},
@@ -51,10 +51,11 @@ TEST_F(ControlCentreTick, ShowsTheReadingOfTheChannelOnTheGauge) {
         double Value;
         const char* Caption;
     };
-    for (const Reading& r : {Reading{3, 0x1F, 0x1F, 31, " 31 C"}, Reading{4, 0x28, 0x85, -5, "-5 C"},
-                             Reading{7, 0x38, 0xFF, 5294, " 5294 RPM"},
-                             Reading{31, 0x2B, 192, 3.335, " 3.335 V"},
-                             Reading{17, 0x2F, 55, -11.963, "-11.963 V"}}) {
+
+    for (const Reading& r :
+         {Reading{3, 0x1F, 0x1F, 31, " 31 C"}, Reading{4, 0x28, 0x85, -5, "-5 C"},
+          Reading{7, 0x38, 0xFF, 5294, " 5294 RPM"}, Reading{31, 0x2B, 192, 3.335, " 3.335 V"},
+          Reading{17, 0x2F, 55, -11.963, "-11.963 V"}}) {
         panel->SelectedChannel = r.Row;
         link->Registers[r.Register] = r.Byte;
         panel->BargraphTick();

@@ -22,19 +22,17 @@ TEST_P(GaugeCaptions, AreTheShortestTextOfTheRoundedReading) {
     QLocale::setDefault(QLocale::c());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, GaugeCaptions,
-                         testing::Values(Case{31, " C", " 31 C"}, Case{-5, " C", "-5 C"},
-                                         Case{0, " C", " 0 C"}, Case{3750, " RPM", " 3750 RPM"},
-                                         Case{1.498F, " V", " 1.498 V"}, Case{5, " V", " 5 V"},
-                                         Case{-11.963F, " V", "-11.963 V"},
-                                         Case{0.1, " V", " 0.1 V"}, Case{100, " V", " 100 V"},
-                                         // halves go to the even third decimal
-                                         Case{0.0625, " V", " 0.062 V"},
-                                         Case{0.1875, " V", " 0.188 V"},
-                                         Case{-0.0625, " V", "-0.062 V"},
-                                         // what rounds to nothing has no sign
-                                         Case{-0.0004, " V", " 0 V"},
-                                         Case{1e15, "", " 1000000000000000"}));
+INSTANTIATE_TEST_SUITE_P(
+    All, GaugeCaptions,
+    testing::Values(Case{31, " C", " 31 C"}, Case{-5, " C", "-5 C"}, Case{0, " C", " 0 C"},
+                    Case{3750, " RPM", " 3750 RPM"}, Case{1.498F, " V", " 1.498 V"},
+                    Case{5, " V", " 5 V"}, Case{-11.963F, " V", "-11.963 V"},
+                    Case{0.1, " V", " 0.1 V"}, Case{100, " V", " 100 V"},
+                    // halves go to the even third decimal
+                    Case{0.0625, " V", " 0.062 V"}, Case{0.1875, " V", " 0.188 V"},
+                    Case{-0.0625, " V", "-0.062 V"},
+                    // what rounds to nothing has no sign
+                    Case{-0.0004, " V", " 0 V"}, Case{1e15, "", " 1000000000000000"}));
 
 } // namespace
 } // namespace tqx
