@@ -19,9 +19,18 @@ StripTime Nanoseconds(std::chrono::system_clock::time_point moment) {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(moment.time_since_epoch()).count();
 }
 
-/// Local time's offset from Greenwich, in seconds.
-int ZoneOfMachine(StripTime wall) {
-    return QDateTime::fromMSecsSinceEpoch(wall / 1'000'000).offsetFromUtc();
+/// The offset of local time. The machine is asked once for every quarter of an hour: that is a look
+/// into the file system, and clocks are put forward and back on the quarter.
+StripZone ZoneOfMachine() {
+    return [quarter = StripTime{-1}, offset = 0](StripTime wall) mutable {
+        constexpr StripTime Quarter = 900 * StripSecond;
+        if (wall / Quarter != quarter) {
+            quarter = wall / Quarter;
+            offset =
+                QDateTime::fromMSecsSinceEpoch(quarter * (Quarter / 1'000'000)).offsetFromUtc();
+        }
+        return offset;
+    };
 }
 
 } // namespace
@@ -84,7 +93,7 @@ StripChart::StripChart(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setAccessibleName(tr("Strip chart"));
     StripModel& model = m_parts->Model;
-    model.Zone = ZoneOfMachine;
+    model.Zone = ZoneOfMachine();
     model.Captions.fill({QString(), 0xFF000000});
     model.Captions[TimeCaption].Text = QStringLiteral("Time=");
     for (int variable = 0; variable < StripLegendLines; ++variable) {
@@ -133,7 +142,10 @@ void StripChart::DrawFrame() {
         return;
     }
     Relayout();
-    update(parts.Layers.DrawFrame(model));
+    // One by one: pictures are copied fast only where a single rectangle is painted.
+    for (const QRect& rect : parts.Layers.DrawFrame(model)) {
+        repaint(rect);
+    }
 }
 
 void StripChart::ShowLive() {

@@ -2,7 +2,6 @@
 
 #include "controls/look.h"
 
-#include <QDateTime>
 #include <QFontMetrics>
 #include <QPainter>
 
@@ -11,8 +10,9 @@
 namespace tqx {
 namespace {
 
-constexpr int ValueLabelGap = 34; ///< least distance of two value labels
-constexpr int TimeLabelGap = 92;  ///< least distance of two time labels
+constexpr int ValueLabelGap = 34;          ///< least distance of two value labels
+constexpr int TimeLabelGap = 92;           ///< least distance of two time labels
+constexpr std::size_t MostTimeLabels = 64; ///< kept as pictures
 constexpr int LeastLegendName = 72;
 constexpr int MostLegendName = 180;
 
@@ -32,19 +32,22 @@ QFont LegendFont(int lineHeight) {
     return font;
 }
 
-QString TickText(StripTime wall, StripTime step) {
-    const StripTime fraction = wall % StripSecond;
+QString TickText(const StripModel& model, StripTime tick, StripTime step) {
+    const StripTime fraction = model.Wall.At(tick) % StripSecond;
     if (step < StripSecond && fraction != 0) {
         const int digits = step < StripSecond / 10 ? 2 : 1;
         return QString::number(static_cast<double>(fraction) / 1e9, 'f', digits).mid(1);
     }
-    return StripClockText(wall);
+    return StripClockText(model, tick);
 }
 
 } // namespace
 
-QString StripClockText(StripTime wall) {
-    return QDateTime::fromMSecsSinceEpoch(wall / 1'000'000).toString(QStringLiteral("HH mm ss"));
+QString StripClockText(const StripModel& model, StripTime time) {
+    const StripTime wall = model.Wall.At(time);
+    const StripTime seconds = wall / StripSecond + model.Zone(wall);
+    return QString::asprintf("%02d %02d %02d", static_cast<int>(seconds / 3600 % 24),
+                             static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60));
 }
 
 void StripLayers::InvalidateInks() {
@@ -89,6 +92,7 @@ void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio
         m_paper.Resize(m_paperOnScreen.size());
         model.View.ColumnCount(m_paperOnScreen.width());
         m_stillValid = false;
+        m_timeLabels.clear();
     }
     if (!m_stillValid || model.View.Values() != m_stillValues) {
         m_stillValues = model.View.Values();
@@ -99,7 +103,11 @@ void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio
 }
 
 QRegion StripLayers::DrawFrame(const StripModel& model) {
-    m_timeStep = StripTimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
+    const StripTime step = StripTimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
+    if (step != m_timeStep || m_timeLabels.size() > MostTimeLabels) {
+        m_timeStep = step;
+        m_timeLabels.clear();
+    }
     StripPaperSetup setup;
     setup.View = model.View;
     setup.Inks = model.Inks;
@@ -208,7 +216,7 @@ void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripMod
         painter.setPen(QColor(look::QuietInk));
         painter.setFont(LabelFont());
         painter.drawText(m_layout.TimeCaption, Qt::AlignRight | Qt::AlignVCenter,
-                         StripClockText(model.Wall.At(model.History.Newest())));
+                         StripClockText(model, model.History.Newest()));
         painter.setFont(look::WordsFont(9));
         painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
                          model.Captions[TimeCaption].Text);
@@ -216,17 +224,35 @@ void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripMod
 }
 
 void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
-    painter.setFont(LabelFont());
-    painter.setPen(QColor(look::QuietInk));
     const StripColumns columns = model.View.Columns();
+    painter.save();
+    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
     for (const StripTime tick :
          StripTimeTicks(model.View.Begin(), model.View.End(), m_timeStep, model.Wall, model.Zone)) {
-        const auto column = static_cast<double>(columns.Of(tick) - columns.First);
-        const int x = m_layout.Paper.left() + static_cast<int>(std::lround(column / m_pixelRatio));
-        const QRect label(x - TimeLabelGap / 2, m_layout.TimeLabels.top(), TimeLabelGap,
-                          m_layout.TimeLabels.height());
-        painter.drawText(label, Qt::AlignCenter, TickText(model.Wall.At(tick), m_timeStep));
+        const auto column = static_cast<int>(columns.Of(tick) - columns.First);
+        const QImage& label = TimeLabel(model, tick);
+        painter.drawImage(m_paperOnScreen.left() + column - label.width() / 2,
+                          OnScreen(m_layout.TimeLabels).top(), label);
     }
+    painter.restore();
+}
+
+/// A label as a picture: it moves on with the paper far more often than it changes.
+const QImage& StripLayers::TimeLabel(const StripModel& model, StripTime tick) const {
+    QImage& label = m_timeLabels[tick];
+    if (label.isNull()) {
+        const QString text = TickText(model, tick, m_timeStep);
+        const QSize size(QFontMetrics(LabelFont()).horizontalAdvance(text) + 4,
+                         m_layout.TimeLabels.height());
+        label = QImage((QSizeF(size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
+        label.fill(look::Paper);
+        QPainter painter(&label);
+        painter.scale(m_pixelRatio, m_pixelRatio);
+        painter.setFont(LabelFont());
+        painter.setPen(QColor(look::QuietInk));
+        painter.drawText(QRect(QPoint(0, 0), size), Qt::AlignCenter, text);
+    }
+    return label;
 }
 
 } // namespace tqx

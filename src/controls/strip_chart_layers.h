@@ -5,6 +5,8 @@
 
 #include <QRegion>
 
+#include <map>
+
 namespace tqx {
 
 /// The pictures that a chart is put together from: what stands still (title, legend, value labels),
@@ -32,6 +34,7 @@ private:
     void DrawStill(const StripModel& model);
     void DrawLegend(QPainter& painter, const StripModel& model) const;
     void PaintTimes(QPainter& painter, const StripModel& model) const;
+    const QImage& TimeLabel(const StripModel& model, StripTime tick) const;
     QRect OnScreen(const QRect& rect) const;
 
     StripLayout m_layout{};
@@ -46,6 +49,7 @@ private:
     std::int64_t m_shownSecond = -1;
     QImage m_still;
     StripPaper m_paper;
+    mutable std::map<StripTime, QImage> m_timeLabels; ///< in pixels of the screen
 };
 
 } // namespace tqx

@@ -39,7 +39,8 @@ struct StripModel {
     const StripInk& Ink(int variable) const { return Inks[static_cast<std::size_t>(variable)]; }
 };
 
-/// A moment of the wall clock, in nanoseconds since 1970, as the time axis writes it: "%H %M %S".
-QString StripClockText(StripTime wall);
+/// What the clock on the wall of the place shows at a moment of the run, as the time axis writes
+/// it: "%H %M %S".
+QString StripClockText(const StripModel& model, StripTime time);
 
 } // namespace tqx

@@ -21,6 +21,11 @@ struct PenSize {
     float Width;
     int Columns; ///< how many columns a point of the line covers
     int Casing;
+
+    /// How many columns before its own, and after it, a point of the line still colours.
+    int Before(bool cased) const { return (Columns - 1) / 2 + (cased ? Casing : 0); }
+
+    int After(bool cased) const { return Columns / 2 + (cased ? Casing : 0); }
 };
 
 PenSize PenFor(const StripPaperSetup& setup) {
@@ -112,10 +117,9 @@ StripPaper::Change StripPaper::Draw(const StripHistory& history, const StripPape
     std::int64_t until = end;
     if (!anew) {
         const PenSize pen = PenFor(setup);
-        const std::int64_t reach = pen.Columns + pen.Casing;
         const bool grown = history.Newest() != m_drawnUntil;
-        from = grown ? columns.Of(m_drawnUntil) - reach : end;
-        until = grown ? columns.Of(history.Newest()) + reach + 1 : end;
+        from = grown ? columns.Of(m_drawnUntil) - pen.Before(true) : end;
+        until = grown ? columns.Of(history.Newest()) + pen.After(true) + 1 : end;
         if (shift > 0) {
             from = std::min(from, m_first + count);
             until = end;
@@ -187,9 +191,7 @@ void StripPaper::DrawColumns(const StripHistory& history, const StripPaperSetup&
 void StripPaper::FindEdges(const StripHistory& history, const StripPaperSetup& setup,
                            std::int64_t from, std::int64_t until) {
     const PenSize pen = PenFor(setup);
-    const int reach = pen.Columns + pen.Casing;
     const auto count = static_cast<std::size_t>(until - from);
-    m_extents.resize(count + 2 * static_cast<std::size_t>(reach));
     m_edges.clear();
     const StripRange& values = setup.View.Values();
     const auto rows = static_cast<float>(StripRow(values.Low, values, m_image.height()));
@@ -200,19 +202,20 @@ void StripPaper::FindEdges(const StripHistory& history, const StripPaperSetup& s
         if (!ink.Shown) {
             continue;
         }
-        FindExtents(history.Trace(variable), {from - reach, setup.View.Columns().Width}, m_extents);
+        const int before = pen.After(ink.Cased);
+        const int after = pen.Before(ink.Cased);
+        m_extents.resize(count + static_cast<std::size_t>(before + after));
+        FindExtents(history.Trace(variable), {from - before, setup.View.Columns().Width},
+                    m_extents);
         for (const bool casing : {true, false}) {
             if (casing && !ink.Cased) {
                 continue;
             }
-            const int beyond = casing ? pen.Casing : 0;
-            const int before = pen.Columns / 2 + beyond;
-            const int after = (pen.Columns - 1) / 2 + beyond;
-            const float half = pen.Width / 2 + static_cast<float>(beyond);
+            const float half = pen.Width / 2 + static_cast<float>(casing ? pen.Casing : 0);
             for (std::size_t i = 0; i < count; ++i) {
                 StripExtent extent;
-                for (int k = -before; k <= after; ++k) {
-                    const StripExtent& near = m_extents[i + static_cast<std::size_t>(reach + k)];
+                for (int k = -pen.After(casing); k <= pen.Before(casing); ++k) {
+                    const StripExtent& near = m_extents[i + static_cast<std::size_t>(before + k)];
                     extent.Take(near.Low, near.High);
                 }
                 m_edges.push_back({(high - extent.High) * scale + 0.5F - half,
