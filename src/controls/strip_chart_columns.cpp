@@ -159,6 +159,11 @@ int StripLevelFor(const StripTrace& trace, StripTime width) {
     return level;
 }
 
+std::int64_t FirstChangedColumn(const StripColumns& columns, StripTime time) {
+    const StripTime widestSlot = columns.Width / 2;
+    return columns.Of(widestSlot < StripTrace::NarrowestSlot ? time : time - widestSlot);
+}
+
 void FindExtents(const StripTrace& trace, const StripColumns& columns,
                  std::span<StripExtent> extents) {
     std::fill(extents.begin(), extents.end(), StripExtent{});

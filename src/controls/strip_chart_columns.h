@@ -45,6 +45,10 @@ inline constexpr StripTime StripLongestJoin = 3 * StripSecond;
 /// which a column has at least two; -1 for the raw samples.
 int StripLevelFor(const StripTrace& trace, StripTime width);
 
+/// The first column that may look different for samples that came after `time`. A slot belongs to
+/// the column in which it begins, so one that still grew at `time` may reach back.
+std::int64_t FirstChangedColumn(const StripColumns& columns, StripTime time);
+
 /// Where the line through the samples of `trace` runs in the columns from `columns.First` on, one
 /// per element of `extents`. Its cost follows from the number of columns, not from the length of
 /// the run.

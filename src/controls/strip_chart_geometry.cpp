@@ -33,6 +33,7 @@ StripLayout LayOutStrip(const QSize& size, const StripTextSizes& texts, int butt
     const int overhang = left;
     layout.TimeLabels = QRect(left - overhang, paper.bottom() + 1 + Gap / 2,
                               paper.width() + 2 * overhang, texts.LabelHeight);
+    layout.OffScale = QRect(paper.right() + 2, top, LegendGap - Gap / 2, paper.height());
     layout.Legend =
         QRect(paper.right() + 1 + LegendGap, top, legendWidth, size.height() - Margin - top);
     layout.LegendLineHeight =

@@ -27,6 +27,7 @@ struct StripLayout {
     QRect Paper;
     QRect ValueLabels;
     QRect TimeLabels; ///< reaches beyond the paper on both sides by half a label
+    QRect OffScale;   ///< beside the paper, for the marks of traces that have left it
     QRect Legend;
     int LegendLineHeight;
 };

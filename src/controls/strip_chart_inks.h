@@ -11,6 +11,8 @@ struct StripInk {
     QRgb Colour;
     bool Cased; ///< too light for white paper alone: it gets a thin dark casing
     bool Shown = true;
+
+    bool operator==(const StripInk&) const = default;
 };
 
 using StripInks = std::array<StripInk, StripVariableCount>;

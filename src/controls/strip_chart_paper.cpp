@@ -118,7 +118,7 @@ StripPaper::Change StripPaper::Draw(const StripHistory& history, const StripPape
     if (!anew) {
         const PenSize pen = PenFor(setup);
         const bool grown = history.Newest() != m_drawnUntil;
-        from = grown ? columns.Of(m_drawnUntil) - pen.Before(true) : end;
+        from = grown ? FirstChangedColumn(columns, m_drawnUntil) - pen.Before(true) : end;
         until = grown ? columns.Of(history.Newest()) + pen.After(true) + 1 : end;
         if (shift > 0) {
             from = std::min(from, m_first + count);

@@ -3,6 +3,7 @@
 #include "strip_chart_ring.h"
 
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -58,6 +59,7 @@ public:
     static constexpr std::size_t RawCapacity = 65536;
     static constexpr std::size_t SlotCapacity = 12288;
     static constexpr int LevelCount = 7;
+    static constexpr StripTime NarrowestSlot = StripTime{1} << 26; // 67 ms
     static constexpr std::size_t MemoryBound =
         RawCapacity * sizeof(StripSample) + LevelCount * SlotCapacity * sizeof(StripSlot);
 
@@ -105,7 +107,7 @@ private:
         StripRing<StripSlot> Closed{SlotCapacity};
     };
 
-    static constexpr int FirstShift = 26; // 67 ms
+    static constexpr int FirstShift = std::countr_zero(static_cast<std::uint64_t>(NarrowestSlot));
     static constexpr int ShiftStep = 2;
 
     static std::array<Level, LevelCount> MakeLevels();

@@ -49,7 +49,8 @@ void StripView::ZoomTime(double factor, double at) {
     const StripTime begin = Begin();
     const auto fixed = begin + static_cast<StripTime>(at * static_cast<double>(End() - begin));
     m_wholeRun = false;
-    SetSpan(static_cast<StripTime>(std::llround(static_cast<double>(m_span) * factor)));
+    const double longest = static_cast<double>(LongestSpan);
+    SetSpan(std::llround(std::min(static_cast<double>(m_span) * factor, longest)));
     Hold(fixed - static_cast<StripTime>(at * static_cast<double>(m_span)));
 }
 

@@ -74,6 +74,8 @@ public:
 
     StripRange Values() const { return m_values; }
 
+    StripRange OuterValues() const { return m_outer; }
+
     bool ValuesZoomed() const { return m_zoomed; }
 
     /// Makes the range `factor` times as wide about `value`, within the outer range.
