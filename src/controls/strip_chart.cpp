@@ -1,14 +1,10 @@
 #include "controls/strip_chart.h"
 
-#include "strip_chart_layers.h"
+#include "accessible_control.h"
+#include "strip_chart_accessible.h"
+#include "strip_chart_parts.h"
 
-#include <QBasicTimer>
 #include <QDateTime>
-#include <QFileDialog>
-#include <QMessageBox>
-#include <QPaintEvent>
-#include <QPainter>
-#include <QTimerEvent>
 
 namespace tqx {
 namespace {
@@ -43,55 +39,25 @@ StripClock StripClock::Machine() {
             [] { return std::chrono::system_clock::now(); }};
 }
 
-StripDoors StripDoors::Desktop() {
-    return {
-        [](QWidget* parent, const QString& title, const QString& suggested, const QString& filter) {
-            return QFileDialog::getSaveFileName(parent, title, suggested, filter);
-        },
-        [](QWidget* parent, const QString& title, const QString& text) {
-            QMessageBox::warning(parent, title, text);
-        }};
+void StripChart::Parts::NoteWall() {
+    const StripTime now = Model.History.Newest();
+    if (Model.Wall.Stretches().empty() || now - WallNotedAt >= StripSecond) {
+        const StripTime steady = Clock.Steady().count() - Model.History.Origin();
+        Model.Wall.Note(now, Nanoseconds(Clock.Wall()) - (steady - now));
+        WallNotedAt = now;
+    }
 }
-
-struct StripChart::Parts {
-    StripModel Model;
-    StripLayers Layers;
-    StripClock Clock = StripClock::Machine();
-    StripDoors Doors = StripDoors::Desktop();
-    QBasicTimer Frames;
-    bool NewSamples = false;
-    StripTime WallNotedAt = 0;
-    double YFloor = 0;
-    double YLow = 0;
-    double YCeiling = 100;
-    double YHigh = 100;
-    int StripSetting24 = 0;
-    int CaptionIndex = 0;
-    int VariableIndex = 0;
-
-    StripCaption* AddressedCaption() {
-        const bool any = CaptionIndex >= 0 && CaptionIndex < StripCaptionCount;
-        return any ? &Model.Captions[static_cast<std::size_t>(CaptionIndex)] : nullptr;
-    }
-
-    /// Notes what the wall clock says, at most once a second.
-    void NoteWall() {
-        const StripTime now = Model.History.Newest();
-        if (Model.Wall.Stretches().empty() || now - WallNotedAt >= StripSecond) {
-            const StripTime steady = Clock.Steady().count() - Model.History.Origin();
-            Model.Wall.Note(now, Nanoseconds(Clock.Wall()) - (steady - now));
-            WallNotedAt = now;
-        }
-    }
-};
 
 StripChart::StripChart(QWidget* parent)
     : QWidget(parent)
-    , m_parts(std::make_unique<Parts>()) {
+    , m_parts(std::make_unique<Parts>(*this)) {
     setObjectName(QStringLiteral("MainStripChart"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
     setAccessibleName(tr("Strip chart"));
+    setWhatsThis(m_parts->Commands.Keys());
+    DescribeToScreenReaders<StripChart, AccessibleStripChart>();
     StripModel& model = m_parts->Model;
     model.Zone = ZoneOfMachine();
     model.Captions.fill({QString(), 0xFF000000});
@@ -100,6 +66,9 @@ StripChart::StripChart(QWidget* parent)
         model.Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Colour =
             model.Ink(variable).Colour;
     }
+    AddButtons();
+    ConnectCommands();
+    ConnectFileCommands();
     BoundValues();
 }
 
@@ -117,90 +86,15 @@ void StripChart::AddStripPoint(std::int16_t variable, double value) {
 }
 
 void StripChart::ClearStrip() {
-    Parts& parts = *m_parts;
-    parts.Model.History.Clear();
-    parts.Model.Wall.Clear();
-    parts.Model.View.Newest(0);
-    parts.Model.View.Live();
-    for (StripInk& ink : parts.Model.Inks) {
-        ink.Shown = true;
-    }
-    parts.Layers.InvalidateInks();
-    update();
-}
-
-void StripChart::DrawFrame() {
-    Parts& parts = *m_parts;
-    parts.NewSamples = false;
-    StripModel& model = parts.Model;
-    if (model.History.Empty()) {
-        return;
-    }
-    parts.NoteWall();
-    model.View.Newest(model.History.Newest());
-    if (!isVisible()) {
-        return;
-    }
-    Relayout();
-    // One by one: pictures are copied fast only where a single rectangle is painted.
-    for (const QRect& rect : parts.Layers.DrawFrame(model)) {
-        repaint(rect);
-    }
-}
-
-void StripChart::ShowLive() {
-    m_parts->Model.View.Live();
-    update();
-}
-
-void StripChart::ShowWholeRun() {
-    m_parts->Model.View.ShowWholeRun();
-    update();
-}
-
-void StripChart::Relayout() {
-    m_parts->Layers.LayOut(m_parts->Model, size(), devicePixelRatioF(), 0);
-}
-
-void StripChart::timerEvent(QTimerEvent* event) {
-    if (event->timerId() != m_parts->Frames.timerId()) {
-        QWidget::timerEvent(event);
-    } else if (m_parts->NewSamples) {
-        DrawFrame();
-    } else {
-        m_parts->Frames.stop();
-    }
-}
-
-void StripChart::paintEvent(QPaintEvent* event) {
-    Relayout();
-    m_parts->Layers.DrawFrame(m_parts->Model);
-    QPainter painter(this);
-    m_parts->Layers.Paint(painter, event->region(), m_parts->Model);
-}
-
-void StripChart::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    update();
-}
-
-void StripChart::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
-        m_parts->Layers.Invalidate();
-        update();
-    }
-}
-
-QImage StripChart::Picture() {
-    Relayout();
-    m_parts->Layers.DrawFrame(m_parts->Model);
-    const double ratio = devicePixelRatioF();
-    QImage picture((QSizeF(size()) * ratio).toSize(), QImage::Format_RGB32);
-    picture.setDevicePixelRatio(ratio);
-    QPainter painter(&picture);
-    m_parts->Layers.Paint(painter, rect(), m_parts->Model);
-    return picture;
+    StripModel& model = m_parts->Model;
+    model.History.Clear();
+    model.Wall.Clear();
+    model.View.Newest(0);
+    model.View.Live();
+    model.ShowAll();
+    model.Cursors = {};
+    m_parts->Layers.InvalidatePaper();
+    ShowChange();
 }
 
 QSize StripChart::sizeHint() const {
@@ -222,7 +116,7 @@ void StripChart::StripSetting24(int value) {
 void StripChart::BoundValues() {
     const Parts& parts = *m_parts;
     m_parts->Model.View.Values({parts.YLow, parts.YHigh}, {parts.YFloor, parts.YCeiling});
-    update();
+    ShowChange();
 }
 
 double StripChart::YFloor() const {
@@ -295,7 +189,7 @@ void StripChart::CaptionColor(std::uint32_t colour) {
         return;
     }
     caption->Colour = FromBgr(colour);
-    m_parts->Layers.InvalidateInks();
+    m_parts->Layers.Invalidate();
     update();
 }
 
@@ -319,17 +213,13 @@ bool StripChart::Antialiased() const {
 
 void StripChart::Antialiased(bool smoothed) {
     m_parts->Model.Antialiased = smoothed;
-    m_parts->Layers.InvalidateInks();
+    m_parts->Layers.InvalidatePaper();
     update();
 }
 
 void StripChart::Clock(StripClock clock) {
     m_parts->Clock = std::move(clock);
     ClearStrip();
-}
-
-void StripChart::Doors(StripDoors doors) {
-    m_parts->Doors = std::move(doors);
 }
 
 } // namespace tqx

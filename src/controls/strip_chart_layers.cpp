@@ -12,6 +12,7 @@ namespace {
 
 constexpr int ValueLabelGap = 34;          ///< least distance of two value labels
 constexpr int TimeLabelGap = 92;           ///< least distance of two time labels
+constexpr int ArrowSize = 8;               ///< of a trace that has left the paper
 constexpr std::size_t MostTimeLabels = 64; ///< kept as pictures
 constexpr int LeastLegendName = 72;
 constexpr int MostLegendName = 180;
@@ -43,16 +44,32 @@ QString TickText(const StripModel& model, StripTime tick, StripTime step) {
 
 } // namespace
 
-QString StripClockText(const StripModel& model, StripTime time) {
-    const StripTime wall = model.Wall.At(time);
-    const StripTime seconds = wall / StripSecond + model.Zone(wall);
-    return QString::asprintf("%02d %02d %02d", static_cast<int>(seconds / 3600 % 24),
-                             static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60));
+void PaintStripSwatch(QPainter& painter, const QRectF& swatch, QRgb colour, bool filled) {
+    const bool outlined = !filled || ContrastRatio(colour, look::Paper) < LeastStripContrast;
+    painter.setPen(outlined ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen));
+    painter.setBrush(filled ? QBrush(QColor(colour)) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(swatch, 1.5, 1.5);
 }
 
-void StripLayers::InvalidateInks() {
-    m_stillValid = false;
-    m_paper.Invalidate();
+StripTime StripLayers::TimeAt(const StripModel& model, double x) const {
+    const StripColumns columns = model.View.Columns();
+    const double column = std::floor((x - m_layout.Paper.left()) * m_pixelRatio);
+    return columns.Begin(columns.First + static_cast<std::int64_t>(column) + 1) - 1;
+}
+
+double StripLayers::XOf(const StripModel& model, StripTime time) const {
+    const StripColumns columns = model.View.Columns();
+    const auto column = static_cast<double>(columns.Of(time) - columns.First);
+    return m_layout.Paper.left() + (column + 0.5) / m_pixelRatio;
+}
+
+double StripLayers::ValueAt(const StripModel& model, double y) const {
+    return StripValue(y - m_layout.Paper.top(), model.View.Values(), m_layout.Paper.height());
+}
+
+double StripLayers::YOf(const StripModel& model, double value) const {
+    return m_layout.Paper.top() + 0.5 +
+           StripRow(value, model.View.Values(), m_layout.Paper.height());
 }
 
 StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
@@ -94,8 +111,14 @@ void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio
         m_stillValid = false;
         m_timeLabels.clear();
     }
-    if (!m_stillValid || model.View.Values() != m_stillValues) {
+    if (model.Inks != m_stillInks) {
+        m_stillInks = model.Inks;
+        m_stillValid = false;
+        m_paper.Invalidate();
+    }
+    if (!m_stillValid || model.View.Values() != m_stillValues || model.LegendPick != m_stillPick) {
         m_stillValues = model.View.Values();
+        m_stillPick = model.LegendPick;
         m_valueStep = StripValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
         DrawStill(model);
         m_stillValid = true;
@@ -128,6 +151,11 @@ QRegion StripLayers::DrawFrame(const StripModel& model) {
         if (change.End - change.Begin == m_paper.Size().width()) {
             changed += m_layout.TimeLabels;
         }
+    }
+    const StripOffScale offScale = FindOffScale(model);
+    if (offScale != m_offScale) {
+        m_offScale = offScale;
+        changed += m_layout.OffScale;
     }
     const std::int64_t second = model.Wall.At(model.History.Newest()) / StripSecond;
     if (second != m_shownSecond) {
@@ -168,6 +196,7 @@ void StripLayers::DrawStill(const StripModel& model) {
 
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setPen(QPen(QColor(look::Rule), 0));
+    painter.setBrush(Qt::NoBrush);
     painter.drawRect(QRectF(paper).adjusted(-1, -1, 0, 0));
 }
 
@@ -179,22 +208,20 @@ void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
             continue;
         }
         const QRect line = StripLegendLine(m_layout, variable);
+        if (variable == model.LegendPick) {
+            painter.setPen(QPen(QColor(look::Accent), 1));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(QRectF(line).adjusted(-3.5, 0.5, 0.5, -0.5), 3, 3);
+        }
         const QRgb colour =
             model.Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Colour;
         const bool shown = model.Ink(variable).Shown;
         const QRectF swatch(line.left() + 0.5, line.center().y() - 2, StripSwatchWidth - 1, 5);
-        const bool cased = ContrastRatio(colour, look::Paper) < LeastStripContrast;
-        painter.setPen(shown ? (cased ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen))
-                             : QPen(QColor(look::Rule), 1));
-        painter.setBrush(shown ? QBrush(QColor(colour)) : QBrush(Qt::NoBrush));
-        painter.drawRoundedRect(swatch, 1.5, 1.5);
+        PaintStripSwatch(painter, swatch, colour, shown);
         painter.setPen(QColor(shown ? look::PaperInk : look::QuietInk));
-        QFont font = painter.font();
-        font.setStrikeOut(!shown);
-        painter.setFont(font);
         const QRect text = line.adjusted(StripSwatchWidth + 8, 0, 0, 0);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
-                         QFontMetrics(font).elidedText(name, Qt::ElideRight, text.width()));
+                         painter.fontMetrics().elidedText(name, Qt::ElideRight, text.width()));
     }
 }
 
@@ -211,6 +238,9 @@ void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripMod
     painter.restore();
     if (region.intersects(m_layout.TimeLabels)) {
         PaintTimes(painter, model);
+    }
+    if (region.intersects(m_layout.OffScale)) {
+        PaintOffScale(painter, model);
     }
     if (region.intersects(m_layout.TimeCaption) && !model.History.Empty()) {
         painter.setPen(QColor(look::QuietInk));
@@ -233,6 +263,32 @@ void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
         const QImage& label = TimeLabel(model, tick);
         painter.drawImage(m_paperOnScreen.left() + column - label.width() / 2,
                           OnScreen(m_layout.TimeLabels).top(), label);
+    }
+    painter.restore();
+}
+
+/// An arrow in the colour of each trace that has left the paper, at the edge that it left by.
+void StripLayers::PaintOffScale(QPainter& painter, const StripModel& model) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRect& room = m_layout.OffScale;
+    const double middle = room.left() + room.width() / 2.0;
+    for (const bool above : {true, false}) {
+        double y = above ? room.top() + 2 : room.bottom() - 1;
+        const int step = above ? ArrowSize + 2 : -ArrowSize - 2;
+        for (int variable = 0; variable < StripVariableCount; ++variable) {
+            if (((above ? m_offScale.Above : m_offScale.Below) >> variable & 1U) == 0) {
+                continue;
+            }
+            const StripInk& ink = model.Ink(variable);
+            const double base = y + (above ? ArrowSize : -ArrowSize);
+            const std::array points = {QPointF(middle, y), QPointF(middle - ArrowSize / 2.0, base),
+                                       QPointF(middle + ArrowSize / 2.0, base)};
+            painter.setPen(ink.Cased ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen));
+            painter.setBrush(QColor(ink.Colour));
+            painter.drawPolygon(points.data(), static_cast<int>(points.size()));
+            y += step;
+        }
     }
     painter.restore();
 }

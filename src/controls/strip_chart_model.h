@@ -19,6 +19,21 @@ struct StripCaption {
     QRgb Colour;
 };
 
+/// The two moments at which a chart is read.
+struct StripCursors {
+    std::array<std::optional<StripTime>, 2> At;
+    int Active = 0; ///< the one that keys move
+
+    bool Any() const { return At[0].has_value() || At[1].has_value(); }
+
+    void Place(int cursor, StripTime time) {
+        At[static_cast<std::size_t>(cursor)] = time;
+        Active = cursor;
+    }
+
+    bool operator==(const StripCursors&) const = default;
+};
+
 /// All that a chart shows.
 struct StripModel {
     StripHistory History;
@@ -27,6 +42,8 @@ struct StripModel {
     StripView View;
     StripInks Inks = DefaultStripInks();
     std::array<StripCaption, StripCaptionCount> Captions;
+    StripCursors Cursors;
+    int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
     bool Antialiased = true;
 
     /// The text of the legend line of `variable`; empty when it has none.
@@ -34,13 +51,41 @@ struct StripModel {
         return Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Text;
     }
 
+    /// What `variable` is called, whether it has a legend line or not.
+    QString Name(int variable) const;
+
+    /// Whether `variable` has anything to show.
+    bool HasSamples(int variable) const { return !History.Trace(variable).Empty(); }
+
+    void ToggleTrace(int variable) { Ink(variable).Shown = !Ink(variable).Shown; }
+
+    /// Shows `variable` alone, or all again when it is alone already.
+    void ShowOnly(int variable);
+    void ShowAll();
+
     StripInk& Ink(int variable) { return Inks[static_cast<std::size_t>(variable)]; }
 
     const StripInk& Ink(int variable) const { return Inks[static_cast<std::size_t>(variable)]; }
 };
 
+/// The traces whose last sample on view lies above or below the range on view, a bit each.
+struct StripOffScale {
+    std::uint32_t Above = 0;
+    std::uint32_t Below = 0;
+
+    bool operator==(const StripOffScale&) const = default;
+};
+
+StripOffScale FindOffScale(const StripModel& model);
+
 /// What the clock on the wall of the place shows at a moment of the run, as the time axis writes
 /// it: "%H %M %S".
 QString StripClockText(const StripModel& model, StripTime time);
+
+/// The same with milliseconds.
+QString StripMomentText(const StripModel& model, StripTime time);
+
+/// What a view that stands still says about itself; empty for one that follows.
+QString StripStandstillText(const StripModel& model);
 
 } // namespace tqx

@@ -110,28 +110,76 @@ public:
     /// come.
     void DrawFrame();
 
+    /// @name What the user's hand can do, for programs
+    /// @{
+
+    /// Holds the picture while samples go on being kept; letting go returns to the newest sample.
+    void Freeze(bool frozen);
+    bool Frozen() const;
+
     /// The view that a chart starts with: the last 60 s in the starting range.
     void ShowLive();
 
     /// All that came since the chart was emptied; goes on with the run.
     void ShowWholeRun();
 
+    /// Whether new samples move the view.
+    bool Following() const;
+
+    std::chrono::nanoseconds TimeOnView() const;
+    double LowOnView() const;
+    double HighOnView() const;
+    bool TraceShown(int variable) const;
+    /// @}
+
+    /// @name The chart in words
+    /// @{
+    QString Title() const;
+    QString LatestText() const;  ///< "Vbatt 3.01, +5V 5.02": newest values of the traces shown
+    QString StateText() const;   ///< frozen, looking back, what the cursors read
+    QString ReadoutText() const; ///< a row per trace, tabs between columns; empty without a cursor
+    /// @}
+
     /// The chart as it stands, without its buttons, in pixels of the screen.
     QImage Picture();
+
+    /// Asks for a file name and saves the picture. A failure is told.
+    void SavePicture();
+
+    /// Asks for a file name and saves the samples on view of the traces shown, or all that is kept
+    /// of every trace, as comma-separated values. A failure is told.
+    void ExportSamples(bool all);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     void changeEvent(QEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    bool event(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     struct Parts;
+    void AddButtons();
     void BoundValues();
-    void Relayout();
+    void ConnectCommands();
+    void ConnectFileCommands();
+    void PlaceButtons();
+    void Prepare();
+    void ShowChange();
+    QString AskFileName(const QString& title, const QString& suffix, const QString& filter);
+    void Paint(QPainter& painter, const QRegion& region);
 
     std::unique_ptr<Parts> m_parts;
 };

@@ -1,0 +1,107 @@
+#include <QBuffer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <strip_chart_csv.h>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+
+/// A device that is full after `room` bytes.
+class FullDevice : public QIODevice {
+public:
+    explicit FullDevice(qint64 room)
+        : m_room(room) {
+        open(WriteOnly);
+    }
+
+protected:
+    qint64 readData(char*, qint64) override { return -1; }
+
+    qint64 writeData(const char*, qint64 size) override {
+        const qint64 taken = std::min(size, m_room);
+        m_room -= taken;
+        return taken;
+    }
+
+private:
+    qint64 m_room;
+};
+
+StripModel Model() {
+    StripModel model;
+    model.Zone = [](StripTime) { return 3600; };
+    model.Wall.Note(0, 1'700'000'000 * StripSecond);
+    model.View.ColumnCount(600);
+    return model;
+}
+
+std::vector<std::string> Lines(const StripModel& model, const StripSelection& selection) {
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_TRUE(WriteStripCsv(buffer, model, selection));
+    std::vector<std::string> lines;
+    for (const QByteArray& line : buffer.data().trimmed().split('\n')) {
+        lines.push_back(line.toStdString());
+    }
+    return lines;
+}
+
+TEST(StripCsv, ATickIsARowAndAGapAnEmptyCell) {
+    StripModel model = Model();
+    model.Captions[FirstLegendCaption].Text = "+5V, \"main\"";
+    StripHistory& history = model.History;
+    history.Add(0, 0, static_cast<double>(1.498F));
+    history.Add(2, 1'000'000, 0.1);
+    history.Add(0, 5'000'000, std::numeric_limits<double>::quiet_NaN());
+    history.Add(2, 6'000'000, -11.5);
+    history.Add(2, 11'000'000, std::numeric_limits<double>::infinity());
+    history.Add(0, 2 * StripSecond, 7);
+    history.Add(2, 4 * StripSecond, 8);
+    model.View.Newest(history.Newest());
+    EXPECT_THAT(Lines(model, SelectAll(model)),
+                ElementsAre("Time,Seconds,Kind,\"+5V, \"\"main\"\"\",Variable 2",
+                            "2023-11-14T23:13:20.000+01:00,0.000000,sample,1.498,0.1",
+                            "2023-11-14T23:13:20.005+01:00,0.005000,sample,,-11.5",
+                            "2023-11-14T23:13:20.011+01:00,0.011000,sample,,inf",
+                            "2023-11-14T23:13:22.000+01:00,2.000000,sample,7,",
+                            "2023-11-14T23:13:24.000+01:00,4.000000,sample,,8"));
+}
+
+TEST(StripCsv, WhatIsNoLongerKeptSampleBySampleKeepsItsPeaks) {
+    StripModel model = Model();
+    constexpr int Count = 200'000;
+    for (int i = 0; i < Count; ++i) {
+        model.History.Add(0, i * StripSecond / 100, i == 1234 ? 99.0 : i == 5678 ? -99.0 : 1.0);
+    }
+    const std::vector<std::string> lines = Lines(model, SelectAll(model));
+    const auto ending = [&lines](const std::string& end) {
+        return std::count_if(lines.begin(), lines.end(),
+                             [&end](const std::string& line) { return line.ends_with(end); });
+    };
+    EXPECT_EQ(ending(",max,99"), 1);
+    EXPECT_EQ(ending(",min,-99"), 1);
+    EXPECT_EQ(ending(",sample,1"), static_cast<std::ptrdiff_t>(StripTrace::RawCapacity));
+    EXPECT_LT(lines.size(), 120'000U);
+}
+
+TEST(StripCsv, AFullDiskIsNotTakenForSuccess) {
+    StripModel model = Model();
+    for (int i = 0; i < 10'000; ++i) {
+        model.History.Add(0, i * StripSecond, i);
+    }
+    for (const qint64 room : {0, 100, 100'000}) {
+        FullDevice device(room);
+        EXPECT_FALSE(WriteStripCsv(device, model, SelectAll(model))) << room;
+    }
+}
+
+TEST(StripCsv, AnEmptyChartHasHeadingsOnly) {
+    const StripModel model = Model();
+    EXPECT_THAT(Lines(model, SelectAll(model)), ElementsAre("Time,Seconds,Kind"));
+}
+
+} // namespace
+} // namespace tqx
