@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 namespace tqx {
@@ -52,6 +53,8 @@ void ChannelLimits::PutOnGauge(int row) {
     } catch (...) {
         // The handles still stand where another channel had them: none may be written to this one.
         m_state.SelectedChannel = 0;
+        m_gauge.BarValue(std::numeric_limits<double>::quiet_NaN());
+        m_gauge.Caption(QString());
         throw;
     }
 }

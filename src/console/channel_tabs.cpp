@@ -12,6 +12,7 @@
 #include <QTabBar>
 
 #include <array>
+#include <initializer_list>
 
 namespace tqx {
 namespace {
@@ -32,8 +33,10 @@ constexpr std::array<TabPage, 3> Pages{{
 
 enum Column { LampColumn, RowColumn };
 
-void AddLine(QGridLayout& grid, QWidget& lamp, QWidget& label) {
+void AddLine(QGridLayout& grid, QWidget& lamp, RowLabel& label) {
     const int line = grid.rowCount();
+    lamp.setAccessibleName(ChannelTabs::tr("Alarm of %1").arg(label.Caption()));
+    lamp.setToolTip(lamp.accessibleName());
     grid.addWidget(&lamp, line, LampColumn, Qt::AlignCenter);
     grid.addWidget(&label, line, RowColumn);
 }
@@ -68,6 +71,7 @@ ChannelTabs::ChannelTabs(const ChannelRows& rows, const StatusLamps& lamps, QWid
     : QTabWidget(parent) {
     setObjectName(QStringLiteral("BargraphTab"));
     setAccessibleName(tr("Channels"));
+    setDocumentMode(true); // the displays need no frame
     for (const TabPage& page : Pages) {
         const int tab = addTab(NewPage(page.Tab, rows, lamps), QString::fromLatin1(page.Caption));
         setTabToolTip(tab, QString::fromLatin1(page.Tooltip));
@@ -87,18 +91,28 @@ QWidget* ChannelTabs::NewPage(MonitorTab tab, const ChannelRows& rows, const Sta
         }
     }
     if (tab == MonitorTab::Volt) {
-        auto* const chassis = new RowLabel(QStringLiteral("CI"), page);
-        chassis->setObjectName(QStringLiteral("CITXT"));
-        chassis->setAccessibleName(tr("CI, chassis intrusion"));
-        chassis->setToolTip(tr("Chassis intrusion: click to clear the alarm"));
-        AlarmLamp& lamp = lamps.Lamp(StatusLamps::ChassisLamp);
-        AddRule(*grid, page);
-        AddLine(*grid, lamp, *chassis);
-        connect(chassis, &RowLabel::Clicked, this, &ChannelTabs::ChassisClicked);
-        connect(&lamp, &AlarmLamp::Clicked, this, &ChannelTabs::ChassisClicked);
+        AddChassisLine(*grid, lamps.Lamp(StatusLamps::ChassisLamp), page);
     }
     AddInformation(*grid, Pages.at(static_cast<std::size_t>(tab)).Information, page);
     return page;
+}
+
+void ChannelTabs::AddChassisLine(QGridLayout& grid, AlarmLamp& lamp, QWidget* page) {
+    m_chassis = new RowLabel(QStringLiteral("CI"), page);
+    m_chassis->setObjectName(QStringLiteral("CITXT"));
+    m_chassis->setAccessibleName(tr("CI, chassis intrusion: clear the alarm"));
+    AddRule(grid, page);
+    AddLine(grid, lamp, *m_chassis);
+    for (QWidget* widget : std::initializer_list<QWidget*>{m_chassis, &lamp}) {
+        widget->setToolTip(tr("Chassis intrusion: click to clear the alarm"));
+        widget->setCursor(Qt::PointingHandCursor);
+    }
+    connect(m_chassis, &RowLabel::Clicked, this, &ChannelTabs::ChassisClicked);
+    connect(&lamp, &AlarmLamp::Clicked, this, &ChannelTabs::ChassisClicked);
+}
+
+QWidget* ChannelTabs::LastRow() const {
+    return m_chassis;
 }
 
 } // namespace tqx

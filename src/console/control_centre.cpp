@@ -20,6 +20,7 @@
 #include <QTabBar>
 
 #include <cstdint>
+#include <initializer_list>
 
 namespace tqx {
 namespace {
@@ -49,6 +50,7 @@ ControlCentre::ControlCentre(Bench& bench, QWidget* parent)
     , m_tabs(*new ChannelTabs(m_rows, m_lamps, this))
     , m_gpio(*new GPIODisplay(bench.Bus, this))
     , m_visStart(*new QPushButton(this))
+    , m_channelName(*new QLabel(this))
     , m_timers(m_visStart, this)
     , m_sizes(m_gauge, m_chart, [this](int row) { return m_rows.Visible(row); })
     , m_handles(bench, m_gauge, *this)
@@ -83,13 +85,7 @@ void ControlCentre::LayOut() {
     grid->setVerticalSpacing(2 * look::Grid);
 
     auto* const bargraph = new QVBoxLayout;
-    bargraph->setSpacing(0);
-    QLabel* const heading =
-        NewHeading(QStringLiteral("SSPanel6"), QStringLiteral("Bargraph"), this);
-    heading->setFixedHeight(m_tabs.tabBar()->sizeHint().height()); // the displays stand in line
-    bargraph->addWidget(heading);
-    bargraph->addWidget(&m_gauge, 1);
-
+    AddBargraph(*bargraph);
     auto* const bottom = new QHBoxLayout;
     AddBottomLine(*bottom);
 
@@ -99,6 +95,37 @@ void ControlCentre::LayOut() {
     grid->addLayout(bottom, 1, 0, 1, 3);
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(0, 1);
+    OrderTabs();
+}
+
+void ControlCentre::OrderTabs() {
+    // The channel tabs with their rows come first by themselves.
+    QWidget* last = m_tabs.LastRow();
+    for (QWidget* next :
+         std::initializer_list<QWidget*>{&m_gauge, &m_chart, &m_visStart, &m_rows.Row(0),
+                                         &m_rows.Row(1), &m_rows.Row(2), &m_gpio}) {
+        setTabOrder(last, next);
+        last = next;
+    }
+}
+
+void ControlCentre::AddBargraph(QVBoxLayout& column) {
+    m_channelName.setObjectName(QStringLiteral("ChannelName"));
+    m_channelName.setFont(look::NumbersFont(10, QFont::DemiBold));
+    m_channelName.setToolTip(tr("The channel on the bargraph"));
+
+    auto* const line = new QHBoxLayout;
+    line->addWidget(NewHeading(QStringLiteral("SSPanel6"), QStringLiteral("Bargraph"), this));
+    line->addStretch();
+    line->addWidget(&m_channelName);
+    auto* const heading = new QWidget(this);
+    heading->setLayout(line);
+    heading->setFixedHeight(m_tabs.tabBar()->sizeHint().height()); // the displays stand in line
+    line->setContentsMargins(0, 0, look::Grid, 0);
+
+    column.setSpacing(0);
+    column.addWidget(heading);
+    column.addWidget(&m_gauge, 1);
 }
 
 void ControlCentre::AddBottomLine(QHBoxLayout& line) {
@@ -126,6 +153,9 @@ void ControlCentre::AddBottomLine(QHBoxLayout& line) {
 
 void ControlCentre::RowClicked(int row) {
     m_rows.Pick(row);
+    if (!IsHeadingRow(row)) {
+        m_channelName.setText(m_rows.Row(row).Caption());
+    }
     m_limits.LoadChannelLimits(row);
     if (!m_timers.VisStart()) {
         m_timers.VisStartClicked();

@@ -63,6 +63,7 @@ GPIODisplay::GPIODisplay(LinkNewComPort& bus, QWidget* parent)
         m_gpio.at(placeholder) =
             NewLabel(this, QStringLiteral("--"), digitFont, look::DisplayQuiet);
         m_gpio.at(line) = NewLabel(this, QStringLiteral("0"), digitFont, look::DisplayInk);
+        m_gpio.at(line)->setAccessibleDescription(tr("Level of GPIO line %1").arg(line));
         for (const int index : {placeholder, line}) {
             m_gpio.at(index)->setObjectName(QStringLiteral("GPIO(%1)").arg(index));
             m_gpio.at(index)->setToolTip(tr("Click to change"));

@@ -12,6 +12,8 @@
 #include <QWidget>
 
 class QHBoxLayout;
+class QLabel;
+class QVBoxLayout;
 
 namespace tqx {
 
@@ -67,7 +69,9 @@ private:
     void ShowRow(int row, bool visible);
 
     void LayOut();
+    void AddBargraph(QVBoxLayout& column);
     void AddBottomLine(QHBoxLayout& line);
+    void OrderTabs();
     void ConnectParts();
 
     Bench& m_bench;
@@ -78,6 +82,7 @@ private:
     ChannelTabs& m_tabs;
     GPIODisplay& m_gpio;
     QAbstractButton& m_visStart;
+    QLabel& m_channelName;
     MonitorTimers m_timers;
     SizeStripBar m_sizes;
     LimitHandles m_handles;
