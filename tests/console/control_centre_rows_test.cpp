@@ -73,6 +73,23 @@ TEST_F(ControlCentreRows, ArePickedWithTheKeyboardToo) {
     EXPECT_EQ(Traffic(), "R61");
 }
 
+TEST_F(ControlCentreRows, TabLeadsFromTheChannelsOverTheGaugeToTheBottomLine) {
+    QStringList stops;
+    QWidget* at = &Tabs();
+    do {
+        if ((at->focusPolicy() & Qt::TabFocus) != 0 && at->isVisible() && at->isEnabled() &&
+            !at->objectName().isEmpty()) {
+            stops << at->objectName();
+        }
+        at = at->nextInFocusChain();
+    } while (at != &Tabs());
+    stops.removeAll(QStringLiteral("qt_tabwidget_tabbar"));
+    EXPECT_EQ(stops.join(' ').toStdString(),
+              "BargraphTab visualdisplaytext(3) visualdisplaytext(4) visualdisplaytext(5) "
+              "limits_gauge MainStripChart VisStartCHK visualdisplaytext(0) visualdisplaytext(1) "
+              "visualdisplaytext(2) GPIODisplay");
+}
+
 TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
     link->Registers[0x4F] = 0x1A;
     link->Registers[0x47] = 0xE5;
@@ -99,11 +116,14 @@ TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
 
 TEST_F(ControlCentreRows, AClickWhoseReadFailsPutsNoChannelOnTheGaugeAndCanBeRepeated) {
     Click(Row(3));
+    panel->BargraphTick();
+    EXPECT_EQ(Child<QLabel>("ChannelName").text(), "IntTemp");
     panel->StopMonitorTimers();
     link->FailOn = "BoardBus.ReadByte 58 40";
     EXPECT_THROW(Click(Row(4)), LinkError);
     EXPECT_FALSE(MonitorRuns());
     EXPECT_EQ(panel->SelectedChannel, 0) << "no handle of another channel may reach this one";
+    EXPECT_EQ(Gauge().Caption(), "") << "nor may its reading stand under the new name";
     link->FailOn.clear();
     Click(Row(4));
     EXPECT_TRUE(MonitorRuns());
