@@ -138,7 +138,7 @@ TEST_F(SimulatedBoardTest, PulledPlugAndPowerSilenceTheChipOnBothMedia) {
 TEST_F(SimulatedBoardTest, TimeComesFromTheClockThatItWasGiven) {
     EXPECT_EQ(Read(0x38), 0xFF); // the fan stands at power on
     Time = 20s;
-    EXPECT_NEAR(Read(0x38), 1350000.0 / (8 * 3000), 2);
+    EXPECT_NEAR(Read(0x38), 1350000.0 / (8 * 4400), 2);
     Time = 40s;
     Board.Powered(false);
     Board.Powered(true);

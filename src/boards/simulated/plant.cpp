@@ -11,7 +11,7 @@ namespace {
 /// ChipInput.
 constexpr std::array<double, ChipInputCount> Nominals{
     16,   28,   21,                                                 // rise over ambient
-    3000, 2850, 4200,  3600,  2400,  1800, 1500,  5200,             // fans
+    4400, 3800, 5100,  4800,  3600,  3300, 6200,  5600,             // fans
     3.05, 5.02, -11.9, 12.05, 1.475,                                // rails
     1.25, 1.5,  1.8,   2.5,   0.9,   1.2,  2.048, 1.024, 1.65, 0.6, // Ain0 to Ain9
     3.32, 3.28,
