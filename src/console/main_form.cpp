@@ -15,11 +15,11 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QScopedValueRollback>
 #include <QToolBar>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 namespace tqx {
 namespace {
@@ -94,10 +94,10 @@ void MainForm::MakePanels() {
         });
 
     auto* centre = new QWidget;
-    auto* layout = new QVBoxLayout(centre);
+    auto* layout = new QGridLayout(centre);
     m_panels = {m_mainPanel, m_readWritePanel, m_controlCentrePanel, m_blockReadCRCPanel};
     for (QWidget* panel : m_panels) {
-        layout->addWidget(panel);
+        layout->addWidget(panel, 0, 0);
     }
     setCentralWidget(centre);
     ShowOnly(m_mainPanel);

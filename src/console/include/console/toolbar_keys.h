@@ -26,7 +26,7 @@ inline constexpr std::array<ToolbarKey, 9> ToolbarKeys{{
      "Ctrl+3"},
     {"GPIO", "GPIO", "GPIO Control Panel", "gpio", "Ctrl+G"},
     {"RegAccess", "Access", "Allows full register access", "access", "Ctrl+R"},
-    {"EraseEEPROM", "Erase", "Erase EEPROM", "erase", "Ctrl+E"},
+    {"EraseEEPROM", "Erase", "Erase EEPROM", "erase", "Ctrl+Del"},
     {"About1", "About", "About this software", "about", "Ctrl+B"},
 }};
 
