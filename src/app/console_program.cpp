@@ -13,7 +13,8 @@ ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
     , m_dialogs(dialogs)
     , m_bench(std::move(board.Link))
     , m_tools(dialogs)
-    , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs, *this)) {}
+    , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs,
+                                          static_cast<MainFormDoor&>(*this))) {}
 
 ConsoleProgram::~ConsoleProgram() = default;
 

@@ -3,7 +3,8 @@
 
 /// The console on the simulated board.
 int main(int argc, char** argv) {
-    tqx::SimulatedBoard board({});
+    tqx::SimulatedBoard board;
     return tqx::RunConsole(argc, argv,
-                           {board.Factory(), board.OSVersion(), QStringLiteral("Simulated board")});
+                           {board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(),
+                            QStringLiteral("Simulated board")});
 }

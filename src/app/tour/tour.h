@@ -8,8 +8,10 @@
 #include <QDir>
 #include <QString>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 
+#include <functional>
 #include <stdexcept>
 
 namespace tqx {
@@ -23,29 +25,52 @@ public:
 
 /// The guided tour: the whole program on the simulated board, driven with real input events, and a
 /// picture of each view.
+///
+/// A step that fails raises TourFailure.
 class Tour {
 public:
     /// Pictures go to `directory`, their names end in `suffix` ("@2x").
     Tour(QDir directory, QString suffix);
 
-    /// Goes through every window. Raises TourFailure at the first step that fails.
+    /// Goes through every window.
     void Run();
+
+    /// The program under way, for the top of the application.
+    ConsoleProgram& Program() { return m_program; }
 
     int Pictures() const { return m_pictures; }
 
 private:
+    // One scene per window; each leaves the program where the next begins.
     void ShowWizard();
     void ShowWelcome();
     void ShowControlCentre();
+    void ShowRegisterConsole();
+    void ShowBlockPanel();
+    void ShowToolWindows();
+
+    void ShowLimitDrag();
+    void ShowChartTools();
 
     /// Saves a picture of `window` as it stands.
     void Shoot(QWidget& window, const QString& name);
-    /// Serves events until `condition` holds, and fails after a few seconds.
-    template <typename Condition>
-    void WaitFor(const QString& what, Condition condition);
     void Expect(bool condition, const QString& what);
-    void Click(QWidget& control, QPoint at = {});
+    /// Serves events until `condition` holds, and fails after a few seconds.
+    void WaitFor(const QString& what, const std::function<bool()>& condition);
+    /// Serves events for that long.
     void Serve(int milliseconds);
+
+    void Click(QWidget& control);
+    void Press(const char* toolbarKey);
+    void PickRow(int row);
+    /// The monitor runs for a while, so that the chart has something to show.
+    void Watch(int milliseconds);
+
+    /// Runs `scene` on the modal window of that name as soon as it stands, then closes it. To be
+    /// called ahead of the step that opens it; the step comes back when the window is gone.
+    void WithModal(const QString& windowName, std::function<void(QWidget& window)> scene);
+    /// Checks that the scene handed to the last WithModal has run.
+    void ExpectModalDone(const QString& what);
 
     /// The control of that name in `window`; fails when there is none.
     template <typename Control = QWidget>
@@ -56,19 +81,19 @@ private:
     }
 
     MainForm& Main();
+    /// The open window of that name; fails when there is none.
+    QWidget& Window(const QString& name);
 
     QDir m_directory;
     QString m_suffix;
     int m_pictures = 0;
+    QTimer m_modalWatch;
+    std::function<void(QWidget& window)> m_modalScene;
+    bool m_modalDone = false;
     TourClock m_clock;
     SimulatedBoard m_board;
     DesktopDialogs m_dialogs;
     ConsoleProgram m_program;
 };
-
-template <typename Condition>
-void Tour::WaitFor(const QString& what, Condition condition) {
-    Expect(QTest::qWaitFor(condition, 5000), what);
-}
 
 } // namespace tqx

@@ -39,6 +39,10 @@ int main(int argc, char** argv) {
     }
 
     tqx::Tour tour(QDir(arguments[1]), twice ? "@2x" : "");
+    application.OnLinkError = [&](const tqx::LinkError& error) {
+        errors << "The link failed: " << error.what() << '\n';
+        QCoreApplication::exit(1);
+    };
     try {
         tour.Run();
     } catch (const tqx::TourFailure& failure) {

@@ -1,0 +1,110 @@
+#include "tour.h"
+
+#include <console/main_form.h>
+#include <controls/alarm_lamp.h>
+#include <controls/linear_gauge.h>
+#include <controls/strip_chart.h>
+
+#include <QAbstractButton>
+#include <QTabBar>
+#include <QTabWidget>
+
+namespace tqx {
+namespace {
+
+constexpr int Row12V = 18;
+constexpr int RowFan0 = 7;
+constexpr int PagesBelowReading = 6; ///< of the high handle, from its default down past +12 V
+constexpr std::uint8_t HighLimit12V = 0x46;
+
+/// A chart on the tour's own time, so that a minute is on view in a few seconds.
+StripClock FastClock(const TourClock& clock) {
+    const auto wall = std::chrono::system_clock::now();
+    return {.Steady = [&clock] { return clock.Now(); },
+            .Wall =
+                [&clock, wall] {
+                    return wall + std::chrono::duration_cast<std::chrono::system_clock::duration>(
+                                      clock.Now());
+                }};
+}
+
+} // namespace
+
+void Tour::ShowControlCentre() {
+    Find<StripChart>(Main(), "MainStripChart").Clock(FastClock(m_clock));
+    WithModal("MsgBoxFRM", [this](QWidget& box) {
+        Shoot(box, "initialize-question");
+        Click(Find(box, "OKCMD"));
+    });
+    Press("Go1");
+    ExpectModalDone("Go1 asks first");
+    QWidget& panel = Find(Main(), "ControlCentrePanel");
+    auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
+    Expect(panel.isVisible(), "the control centre is on view");
+    Expect(Find<QAbstractButton>(Main(), "VisStartCHK").text() == "Stop", "the monitor runs");
+    Watch(3500);
+    Expect(gauge.Caption().endsWith(" C"), "the gauge shows a temperature");
+    Shoot(Main(), "control-centre-temperatures");
+
+    auto& tabs = Find<QTabWidget>(Main(), "BargraphTab");
+    tabs.tabBar()->setFocus();
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
+    PickRow(RowFan0);
+    PickRow(2);
+    Watch(3500);
+    Expect(gauge.Caption().endsWith(" RPM"), "the gauge shows a speed");
+    Shoot(Main(), "control-centre-fans");
+
+    tabs.tabBar()->setFocus();
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
+    PickRow(Row12V);
+    PickRow(1);
+    Watch(3500);
+    Expect(gauge.Caption().endsWith(" V"), "the gauge shows a voltage");
+    Shoot(Main(), "control-centre-voltages");
+
+    ShowLimitDrag();
+    ShowChartTools();
+}
+
+void Tour::ShowLimitDrag() {
+    auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
+    auto& lamp = Find<AlarmLamp>(Main(), "SSPanel11(8)");
+    Expect(!lamp.Value(), "+12V stands within its limits");
+    const std::uint8_t before = m_board.TheChip().Read(HighLimit12V);
+
+    Main().activateWindow();
+    WaitFor("the main window is active", [this] { return Main().isActiveWindow(); });
+    gauge.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&gauge, Qt::Key_Tab); // from the low handle to the high one
+    for (int step = 0; step < PagesBelowReading; ++step) {
+        QTest::keyPress(&gauge, Qt::Key_PageDown);
+    }
+    Serve(60);
+    Shoot(Main(), "control-centre-handle-held");
+    QTest::keyRelease(&gauge, Qt::Key_PageDown);
+    Expect(m_board.TheChip().Read(HighLimit12V) < before, "the dragged limit is in the chip");
+    WaitFor("the lamp of +12V is lit", [&] { return lamp.Value(); });
+    Watch(300);
+    Shoot(Main(), "control-centre-alarm");
+}
+
+void Tour::ShowChartTools() {
+    auto& chart = Find<StripChart>(Main(), "MainStripChart");
+    chart.setFocus();
+    QTest::keyClick(&chart, Qt::Key_Space);
+    Expect(chart.Frozen(), "Space freezes the chart");
+    Shoot(Main(), "chart-frozen");
+    QTest::keyClick(&chart, Qt::Key_Plus);
+    QTest::keyClick(&chart, Qt::Key_Plus);
+    QTest::keyClick(&chart, Qt::Key_1);
+    for (int step = 0; step < 12; ++step) {
+        QTest::keyClick(&chart, Qt::Key_Left);
+    }
+    QTest::keyClick(&chart, Qt::Key_2);
+    Shoot(Main(), "chart-cursors");
+    QTest::keyClick(&chart, Qt::Key_Home);
+    Expect(!chart.Frozen(), "Home is live again");
+}
+
+} // namespace tqx
