@@ -6,12 +6,13 @@
 
 /// The console on the simulated board, ended at the wizard's first paint.
 int main(int argc, char** argv) {
-    tqx::SimulatedBoard board({});
+    tqx::SimulatedBoard board;
     tqx::Application application(argc, argv);
     tqx::QuitAtFirstPaint quit;
     application.installEventFilter(&quit);
     tqx::DesktopDialogs dialogs;
-    tqx::ConsoleProgram program({board.Factory(), board.OSVersion(), {}}, dialogs);
+    tqx::ConsoleProgram program({board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(), {}},
+                                dialogs);
     program.Start();
     return QApplication::exec();
 }
