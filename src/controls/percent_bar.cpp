@@ -13,7 +13,11 @@ PercentBar::PercentBar(QWidget* parent)
 }
 
 void PercentBar::Value(int steps) {
+    // The base class would draw every step at once; this way the steps between two rounds of the
+    // event loop are drawn together.
+    setUpdatesEnabled(false);
     setValue(std::clamp(steps, 0, maximum()));
+    setUpdatesEnabled(true);
 }
 
 void PercentBar::Maximum(int steps) {
