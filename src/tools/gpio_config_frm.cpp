@@ -24,6 +24,12 @@ constexpr int ThermGPIOEntry = 1;
 
 constexpr int ThermSelector = gpio::FanLineCount;
 
+/// The line whose fields are the `j`th of four in configuration register `r`.
+std::size_t LineOf(int r, int j) {
+    const int line = gpio::LinesInRegister * r + j;
+    return static_cast<std::size_t>(line);
+}
+
 bool StandsOn(const HandCombo* combo, int entry) {
     return combo->currentIndex() == entry;
 }
@@ -77,7 +83,7 @@ void GPIOConfigFRM::ReadDirections() {
     for (int r = 0; r < gpio::ConfigRegisterCount; ++r) {
         const unsigned config = m_bench.Coms.ReadRegisterByte(gpio::ConfigRegister(r));
         for (int j = 0; j < gpio::LinesInRegister; ++j) {
-            const auto i = static_cast<std::size_t>(gpio::LinesInRegister * r + j);
+            const std::size_t i = LineOf(r, j);
             SetDirection(m_directionCombo[i], (config & gpio::DirectionBit(j)) != 0);
             SetPolarity(m_polarity[i], (config & gpio::PolarityBit(j)) != 0);
         }
@@ -134,7 +140,7 @@ void GPIOConfigFRM::WriteTherm(std::uint8_t kept, std::uint8_t bits) {
 std::uint8_t GPIOConfigFRM::ConfigOf(int r) const {
     unsigned config = 0;
     for (int j = 0; j < gpio::LinesInRegister; ++j) {
-        const auto i = static_cast<std::size_t>(gpio::LinesInRegister * r + j);
+        const std::size_t i = LineOf(r, j);
         config |= StandsOn(m_directionCombo[i], OutputEntry) ? gpio::DirectionBit(j) : 0;
         config |= StandsOn(m_polarity[i], HighEntry) ? gpio::PolarityBit(j) : 0;
     }
