@@ -57,7 +57,8 @@ public:
         for (int column = first; column <= last; ++column) {
             const auto* label = qobject_cast<QLabel*>(&Member(array, column));
             const QString text = label != nullptr ? label->text() : WriteBox(column).Text();
-            row += (column == first ? "" : " ") + text.toStdString();
+            row += column == first ? "" : " ";
+            row += text.toStdString();
         }
         return row;
     }
