@@ -64,7 +64,7 @@ void Fidget(tqx::StripChart& chart, long step) {
 /// How many rows of the export of all samples hold a peak.
 long PeaksExported(tqx::StripChart& chart) {
     const QTemporaryDir folder;
-    const QString name = folder.filePath(QStringLiteral("all.csv"));
+    QString name = folder.filePath(QStringLiteral("all.csv"));
     chart.Doors({[&name](QWidget*, const QString&, const QString&, const QString&) { return name; },
                  [](QWidget*, const QString&, const QString& text) {
                      std::fprintf(stderr, "%s\n", qPrintable(text));

@@ -63,8 +63,7 @@ StripChart::StripChart(QWidget* parent)
     model.Captions.fill({QString(), 0xFF000000});
     model.Captions[TimeCaption].Text = QStringLiteral("Time=");
     for (int variable = 0; variable < StripLegendLines; ++variable) {
-        model.Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Colour =
-            model.Ink(variable).Colour;
+        model.LegendCaption(variable).Colour = model.Ink(variable).Colour;
     }
     AddButtons();
     ConnectCommands();
@@ -93,6 +92,7 @@ void StripChart::ClearStrip() {
     model.View.Live();
     model.ShowAll();
     model.Cursors = {};
+    model.LegendPick = -1;
     m_parts->Layers.InvalidatePaper();
     ShowChange();
 }

@@ -213,8 +213,7 @@ void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
             painter.setBrush(Qt::NoBrush);
             painter.drawRoundedRect(QRectF(line).adjusted(-3.5, 0.5, 0.5, -0.5), 3, 3);
         }
-        const QRgb colour =
-            model.Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Colour;
+        const QRgb colour = model.LegendCaption(variable).Colour;
         const bool shown = model.Ink(variable).Shown;
         const QRectF swatch(line.left() + 0.5, line.center().y() - 2, StripSwatchWidth - 1, 5);
         PaintStripSwatch(painter, swatch, colour, shown);

@@ -46,10 +46,17 @@ struct StripModel {
     int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
     bool Antialiased = true;
 
-    /// The text of the legend line of `variable`; empty when it has none.
-    const QString& Legend(int variable) const {
-        return Captions[static_cast<std::size_t>(FirstLegendCaption + variable)].Text;
+    /// The caption that is the legend line of `variable`.
+    StripCaption& LegendCaption(int variable) {
+        return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
     }
+
+    const StripCaption& LegendCaption(int variable) const {
+        return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
+    }
+
+    /// The text of the legend line of `variable`; empty when it has none.
+    const QString& Legend(int variable) const { return LegendCaption(variable).Text; }
 
     /// What `variable` is called, whether it has a legend line or not.
     QString Name(int variable) const;

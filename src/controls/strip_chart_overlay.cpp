@@ -90,7 +90,7 @@ void PaintTable(QPainter& painter, const StripModel& model, const StripReadout& 
     PaintRow(painter, table, at, readout.Headings);
     for (const StripReadout::Line& line : readout.Lines) {
         at.ry() += table.LineHeight;
-        const QRectF swatch(at.x() + 0.5, at.y() + table.LineHeight / 2 - 2, SwatchWidth, 4);
+        const QRectF swatch(at.x() + 0.5, at.y() + table.LineHeight / 2.0 - 2, SwatchWidth, 4);
         PaintStripSwatch(painter, swatch, model.Ink(line.Variable).Colour, true);
         painter.setPen(QColor(look::PaperInk));
         painter.setFont(table.Words);

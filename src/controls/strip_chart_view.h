@@ -19,7 +19,7 @@ class StripView {
 public:
     static constexpr StripTime DefaultSpan = 60 * StripSecond;
     static constexpr StripTime ShortestSpan = StripSecond / 2;
-    static constexpr StripTime LongestSpan = 400 * 24 * 3600 * StripSecond;
+    static constexpr StripTime LongestSpan = StripTime{400} * 24 * 3600 * StripSecond;
 
     /// How many pixel columns the paper has; at least one.
     void ColumnCount(int columns);

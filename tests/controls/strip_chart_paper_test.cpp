@@ -34,7 +34,8 @@ protected:
     void Feed(int ticks) {
         for (int i = 0; i < ticks; ++i, now += Tick) {
             for (int variable = 0; variable < 17; ++variable) {
-                const double turn = static_cast<double>(now / Tick) * 0.01 * (1 + variable % 5);
+                const double turn = static_cast<double>(now) / static_cast<double>(Tick) * 0.01 *
+                                    (1 + variable % 5);
                 history.Add(variable, now, 50 + 45 * std::sin(turn + variable));
             }
         }

@@ -114,12 +114,13 @@ TEST(StripHistory, SeventeenTracesOfADayStayBelow48MiB) {
     // A day at 100 ticks a second ends in levels that reach back to its beginning.
     StripTrace trace;
     constexpr StripTime Tick = StripSecond / 100;
-    for (StripTime i = 0; i < 24 * 3600 * 100; ++i) {
+    constexpr StripTime Day = StripTime{24} * 3600 * StripSecond;
+    for (StripTime i = 0; i < Day / Tick; ++i) {
         trace.Add(i * Tick, i == 12345 ? 1e6 : static_cast<double>(i % 100));
     }
     EXPECT_EQ(trace.CompleteFrom(StripTrace::LevelCount - 1), 0);
     std::vector<StripExtent> extents(740);
-    FindExtents(trace, {0, 24 * 3600 * StripSecond / 740}, extents);
+    FindExtents(trace, {0, Day / 740}, extents);
     EXPECT_EQ(extents[1].High, 1e6F);
     EXPECT_EQ(extents[2].High, 99.0F);
 }

@@ -171,7 +171,7 @@ TEST(StripWall, AClockThatIsSetAnewRenamesNothingThatWasRecorded) {
     const StripZone utc = [](StripTime) { return 0; };
     EXPECT_THAT(StripTimeTicks(14 * StripSecond, 26 * StripSecond, 5 * StripSecond, wall, utc),
                 ElementsAre(15 * StripSecond, 20 * StripSecond, 25 * StripSecond));
-    for (int i = 2; i < 2000; ++i) {
+    for (StripTime i = 2; i < 2000; ++i) {
         wall.Note(i * 20 * StripSecond, i * 4000 * StripSecond);
     }
     EXPECT_LE(wall.Stretches().size(), 256U);
