@@ -76,7 +76,9 @@ private:
     template <typename Control = QWidget>
     Control& Find(QWidget& window, const QString& name) {
         auto* control = window.findChild<Control*>(name);
-        Expect(control != nullptr, name + " is there");
+        if (control == nullptr) {
+            throw TourFailure("no control " + name);
+        }
         return *control;
     }
 
