@@ -15,8 +15,8 @@ constexpr int ModalWatchInterval = 10; // ms
 
 } // namespace
 
-Tour::Tour(QDir directory, QString suffix)
-    : m_directory(std::move(directory))
+Tour::Tour(const QDir& directory, QString suffix)
+    : m_directory(directory)
     , m_suffix(std::move(suffix))
     , m_board({.Seed = 7716, .Now = [this] { return m_clock.Now(); }})
     , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"},

@@ -30,7 +30,7 @@ public:
 class Tour {
 public:
     /// Pictures go to `directory`, their names end in `suffix` ("@2x").
-    Tour(QDir directory, QString suffix);
+    Tour(const QDir& directory, QString suffix);
 
     /// Goes through every window.
     void Run();
