@@ -5,8 +5,9 @@
 
 namespace tqx {
 
-/// Has screen readers meet every `Control` through an `Interface` made of it. Called in the
-/// control's constructor; the first call counts.
+/// Has screen readers meet every `Control` through an `Interface` made of it. Called
+/// first in the control's constructor, ahead of an accessible name: that already makes an
+/// interface, which then stays.
 template <class Control, class Interface>
 void DescribeToScreenReaders() {
     [[maybe_unused]] static const bool installed = [] {

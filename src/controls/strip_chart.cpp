@@ -51,13 +51,13 @@ void StripChart::Parts::NoteWall() {
 StripChart::StripChart(QWidget* parent)
     : QWidget(parent)
     , m_parts(std::make_unique<Parts>(*this)) {
+    DescribeToScreenReaders<StripChart, AccessibleStripChart>();
     setObjectName(QStringLiteral("MainStripChart"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName(tr("Strip chart"));
     setWhatsThis(m_parts->Commands.Keys());
-    DescribeToScreenReaders<StripChart, AccessibleStripChart>();
     StripModel& model = m_parts->Model;
     model.Zone = ZoneOfMachine();
     model.Captions.fill({QString(), 0xFF000000});
