@@ -10,9 +10,13 @@ build=(
     libi2c-dev                                # the SMBus calls of the kernel
     qt6-base-dev libgl-dev libqt6svg6         # widgets, and the reader of the icons
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
+    cmark-gfm librsvg2-bin                           # make the handbook and the icons
 )
 tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
-ci=(clang-format clang-tidy)
+ci=(
+    clang-format clang-tidy
+    appstream desktop-file-utils dpkg-dev lintian mandoc   # check the package
+)
 
 wanted=("${build[@]}")
 case "${1:-build}" in
