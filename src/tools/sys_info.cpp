@@ -37,7 +37,7 @@ QString RegisteredProgram(SysInfoHost& host, SystemRegistry& registry) {
     if (GetKeyValue(registry, LocalMachine, R"(SOFTWARE\Microsoft\Shared Tools Location)", "MSINFO",
                     folder) &&
         !folder.empty()) {
-        const QString file = QString::fromStdString(folder) + R"(\MSINFO32.EXE)";
+        QString file = QString::fromStdString(folder) + R"(\MSINFO32.EXE)";
         if (host.FileExists(file)) {
             return file;
         }

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QWidget>
 
+#include <cmath>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ protected:
 
     /// A pause is a line among the calls of the link, "Wait" and its length in milliseconds.
     std::function<void(float)> waiter = [this](float seconds) {
-        link.Calls.push_back("Wait " + std::to_string(static_cast<int>(seconds * 1000 + 0.5F)));
+        link.Calls.push_back("Wait " + std::to_string(std::lround(seconds * 1000)));
         duringWait();
     };
     std::function<void()> duringWait = [] {};

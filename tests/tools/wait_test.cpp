@@ -1,5 +1,6 @@
 #include <tools/wait.h>
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTimer>
 
@@ -23,7 +24,7 @@ TEST(WaitTest, ServesTimersForItsWholeLength) {
 TEST(WaitTest, KeepsTheOuterPauseWhenAnotherBeginsInIt) {
     QElapsedTimer clock;
     clock.start();
-    QTimer::singleShot(0, [] { Wait(0.04F); });
+    QTimer::singleShot(0, qApp, [] { Wait(0.04F); });
     Wait(0.02F);
     EXPECT_GE(clock.elapsed(), 40) << "the inner pause was cut short";
 }
