@@ -6,7 +6,6 @@ namespace tqx {
 
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv) {
-    setApplicationName("tqx7716-console");
     setApplicationDisplayName("TQX7716 Evaluation Software");
     // The last window's close is not the end: the wizard hides when the user skips it.
     setQuitOnLastWindowClosed(false);

@@ -4,5 +4,6 @@
 /// The console on the machine's own ports.
 int main(int argc, char** argv) {
     tqx::LinuxBoard board;
-    return tqx::RunConsole(argc, argv, {board.Factory(), board.OSVersionInfoFactory(), {}});
+    return tqx::RunConsole(argc, argv, QStringLiteral("org.tqx7716.Console"),
+                           {board.Factory(), board.OSVersionInfoFactory(), {}});
 }

@@ -2,6 +2,7 @@
 
 #include "app/application.h"
 
+#include <QIcon>
 #include <QScopedValueRollback>
 
 #include <utility>
@@ -70,8 +71,10 @@ void ConsoleProgram::EndApplication() {
     Q_EMIT Ended();
 }
 
-int RunConsole(int argc, char** argv, BoardChoice board) {
+int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice board) {
     Application application(argc, argv);
+    QApplication::setDesktopFileName(desktopId);
+    QApplication::setWindowIcon(QIcon(":/icons/" + desktopId + ".svg"));
     DesktopDialogs dialogs;
     ConsoleProgram program(std::move(board), dialogs);
     application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };

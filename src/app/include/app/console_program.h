@@ -68,6 +68,9 @@ private:
 };
 
 /// Runs the program on `board` until its last window closes. The process's exit status.
-int RunConsole(int argc, char** argv, BoardChoice board);
+///
+/// `desktopId` names the program's desktop entry and its icon, so that a desktop shows its windows
+/// under that entry.
+int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice board);
 
 } // namespace tqx
