@@ -1,6 +1,7 @@
 #include "app/console_program.h"
 
 #include "app/application.h"
+#include "app/end_signals.h"
 
 #include <QIcon>
 #include <QScopedValueRollback>
@@ -60,12 +61,17 @@ void ConsoleProgram::Unload() {
     }
 }
 
+void ConsoleProgram::End() {
+    EndApplication();
+}
+
 void ConsoleProgram::EndApplication() {
     m_tools.UnloadAll();
     if (m_wizard) {
         m_wizard->hide();
     }
     if (m_main) {
+        m_main->StopAllTimers();
         m_main->hide();
     }
     Q_EMIT Ended();
@@ -80,6 +86,8 @@ int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice boar
     application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };
     QObject::connect(&program, &ConsoleProgram::Ended, &application,
                      [] { QCoreApplication::exit(0); });
+    const EndSignals endSignals;
+    QObject::connect(&endSignals, &EndSignals::Received, &program, &ConsoleProgram::End);
     program.Start();
     return QApplication::exec();
 }

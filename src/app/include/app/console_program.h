@@ -36,6 +36,9 @@ public:
     /// Shows the wizard.
     void Start();
 
+    /// Closes every window and ends the program in order, whatever is under way.
+    void End();
+
     /// A link call has failed and nothing below has dealt with it: stops what reads by itself and
     /// tells the user once.
     void LinkFailed(const LinkError& error);
