@@ -14,6 +14,7 @@
 #include <link/cell_transfer.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -130,7 +131,8 @@ void MainForm::Load() {
 
 std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
                                  std::uint8_t okOnly) {
-    MsgBoxFRM box(isVisible() ? this : nullptr);
+    QWidget* const inFront = QApplication::activeModalWidget();
+    MsgBoxFRM box(inFront != nullptr || !isVisible() ? inFront : this);
     const QScopedValueRollback onView(m_msgBox, &box);
     connect(&box, &MsgBoxFRM::UserResponse, this, [this](std::uint8_t response) {
         m_answered = true;

@@ -19,7 +19,8 @@ void DesktopDialogs::Message(QWidget* parent, Icon icon, const QString& title,
 
 QString DesktopDialogs::SaveFileName(QWidget* parent, const QString& title,
                                      const QString& suggested, const QString& filter) {
-    return QFileDialog::getSaveFileName(parent, title, suggested, filter);
+    return QFileDialog::getSaveFileName(parent, title, suggested, filter, nullptr,
+                                        QFileDialog::DontConfirmOverwrite);
 }
 
 } // namespace tqx

@@ -16,7 +16,8 @@ public:
     /// A message box with an OK button; comes back when it is gone.
     virtual void Message(QWidget* parent, Icon icon, const QString& title, const QString& text) = 0;
 
-    /// A save dialog that starts on `suggested`. The name chosen, or empty when it was cancelled.
+    /// A save dialog that starts on `suggested`, for a file that is added to: it does not ask
+    /// whether one of that name may go. The name chosen, or empty when it was cancelled.
     virtual QString SaveFileName(QWidget* parent, const QString& title, const QString& suggested,
                                  const QString& filter) = 0;
 };
