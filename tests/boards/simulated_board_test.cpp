@@ -135,6 +135,55 @@ TEST_F(SimulatedBoardTest, PulledPlugAndPowerSilenceTheChipOnBothMedia) {
     EXPECT_EQ(EEPROMBus().ReadEEPROM(0x90, 0), 0x34);
 }
 
+TEST_F(SimulatedBoardTest, AddressPinsMoveTheChipOnBothMedia) {
+    Write(Scratch, 0x77);
+    Board.SlaveAddress(0x5C);
+    EXPECT_EQ(Read(Scratch), 0xFF);
+    EXPECT_EQ(SMBus().ReadByte(0x2C, Scratch), 0xFF);
+    EXPECT_EQ(Bus().ReadByte(0x5C, Scratch), 0x77);
+    EXPECT_EQ(SMBus().ReadByte(0x2E, Scratch), 0x77);
+    Board.TheFaults().Always(Fault::NoAnswer);
+    EXPECT_EQ(Bus().ReadByte(0x5C, Scratch), 0xFF) << "a fault follows the chip";
+}
+
+TEST_F(SimulatedBoardTest, BoardModeRewiresAPortThatIsOpenAlready) {
+    Write(Scratch, 0x77);
+    Board.BoardMode(true);
+    EXPECT_NE(Read(Scratch), 0x77);
+    EXPECT_EQ(SMBus().ReadByte(0x2C, Scratch), 0x77);
+    Bus().BoardMode(true);
+    EXPECT_EQ(Read(Scratch), 0x77);
+    Board.TheFaults().Always(Fault::DataStuckLow);
+    EXPECT_EQ(Read(Scratch), 0x00) << "the stuck line is the new one";
+    Board.TheFaults().AllOff();
+    Board.BoardMode(false);
+    Bus().BoardMode(false);
+    EXPECT_EQ(Read(Scratch), 0x77);
+}
+
+TEST_F(SimulatedBoardTest, WriteProtectJumperRefusesAndShowsInTheModeRegister) {
+    const auto program = [this](std::uint8_t value) {
+        EEPROMBus().WriteEEPROM(0x90, 0, value);
+        return EEPROMBus().ReadEEPROM(0x90, 0);
+    };
+    Write(Mode, 0x02);
+    Board.TheChip().WriteProtectPin(true);
+    EXPECT_EQ(Read(Mode), 0x0A);
+    EXPECT_EQ(program(0x12), 0xFF);
+    Write(Mode, 0x0A); // as a host does that keeps the bit that it has read
+    Board.TheChip().WriteProtectPin(false);
+    EXPECT_EQ(Read(Mode), 0x02);
+    EXPECT_EQ(program(0x12), 0x12);
+
+    Write(Mode, 0x0A); // the bit by itself
+    Board.TheChip().WriteProtectPin(true);
+    Write(Mode, 0x04);
+    Board.TheChip().WriteProtectPin(false);
+    EXPECT_EQ(Read(Mode), 0x0C);
+    EEPROMBus().ErasePage(0x90, 0, 0);
+    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x90, 0), 0x12);
+}
+
 TEST_F(SimulatedBoardTest, TimeComesFromTheClockThatItWasGiven) {
     EXPECT_EQ(Read(0x38), 0xFF); // the fan stands at power on
     Time = 20s;

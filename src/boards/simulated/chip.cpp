@@ -29,6 +29,8 @@ std::uint8_t Chip::Read(std::uint8_t reg) {
     case chipreg::Status1 + 1:
     case chipreg::Status1 + 2:
         return m_monitor.StatusOf(reg);
+    case chipreg::EEPROMMode:
+        return ModeRegister();
     case chipreg::Status4:
         return ReadStatus4();
     case chipreg::Status5:
@@ -54,6 +56,9 @@ void Chip::Write(std::uint8_t reg, std::uint8_t value) {
     case chipreg::Config3:
         WriteConfig3(value);
         return;
+    case chipreg::EEPROMMode:
+        WriteModeRegister(value);
+        return;
     case chipreg::Status4:
         DriveLine(ThermLine, (value & chipbit::GPIO16Level) != 0);
         return;
@@ -73,7 +78,7 @@ std::uint8_t Chip::ReadEEPROM(std::uint16_t address) {
 }
 
 void Chip::WriteEEPROM(std::uint16_t address, std::uint8_t value) {
-    m_eeprom.Write(address, value, EEPROMModeOf(m_registers[chipreg::EEPROMMode]));
+    m_eeprom.Write(address, value, EEPROMModeOf(ModeRegister()));
 }
 
 void Chip::ChassisOpen(bool open) {
@@ -87,6 +92,13 @@ void Chip::GPIOLevel(int line, bool level) {
 
 bool Chip::GPIOLevel(int line) const {
     return m_lines.Level(line, SetupOf(line));
+}
+
+PinUse Chip::UseOf(int line) const {
+    if (!IsGPIO(line)) {
+        return PinUse::OtherFunction;
+    }
+    return SetupOf(line).Output ? PinUse::Output : PinUse::Input;
 }
 
 bool Chip::IsGPIO(int line) const {
@@ -146,6 +158,19 @@ std::uint8_t Chip::ReadStatus4() const {
         status |= chipbit::GPIO16Level;
     }
     return status;
+}
+
+std::uint8_t Chip::ModeRegister() const {
+    const std::uint8_t stored = m_registers[chipreg::EEPROMMode];
+    return m_writeProtectPin ? stored | chipbit::WriteProtect : stored;
+}
+
+/// While the pin holds the protect bit the stored one stays: a host that reads the register and
+/// writes it back would otherwise keep the protection when the jumper has gone.
+void Chip::WriteModeRegister(std::uint8_t value) {
+    const std::uint8_t kept = m_writeProtectPin ? chipbit::WriteProtect : 0;
+    std::uint8_t& stored = m_registers[chipreg::EEPROMMode];
+    stored = static_cast<std::uint8_t>((stored & kept) | (value & ~kept));
 }
 
 void Chip::WriteConfig1(std::uint8_t value) {

@@ -15,7 +15,8 @@ namespace tqx {
 /// A printer port whose lines may be stuck, which may be slow, and whose calls may fail.
 class FaultyPort : public ParallelPort {
 public:
-    /// The wiring of the board on the port. Faults and pacer must outlive this.
+    /// The wiring of the board on the port, which may change meanwhile. It, faults and pacer must
+    /// outlive this.
     FaultyPort(std::unique_ptr<ParallelPort> port, const BoardWiring& wiring, Faults& faults,
                BusPacer& pacer);
 
@@ -32,7 +33,7 @@ private:
     void Access();
 
     std::unique_ptr<ParallelPort> m_port;
-    BoardWiring m_wiring;
+    const BoardWiring& m_wiring;
     Faults& m_faults;
     BusPacer& m_pacer;
 };

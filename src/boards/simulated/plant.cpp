@@ -70,6 +70,10 @@ void Plant::Release(ChipInput input) {
     m_forced.at(static_cast<std::size_t>(input)).reset();
 }
 
+bool Plant::IsForced(ChipInput input) const {
+    return m_forced.at(static_cast<std::size_t>(input)).has_value();
+}
+
 /// A random walk without memory: random points one period apart with a smooth line through them.
 double Plant::Noise(ChipInput input, double seconds, double period) const {
     const double position = seconds / period;

@@ -46,6 +46,7 @@ SimulatedBoard::SimulatedBoard(SimulatedBoardOptions options)
     : m_now(ClockOr(std::move(options.Now)))
     , m_powerOn(m_now())
     , m_wiring(WiringOf(options.BoardMode))
+    , m_address(options.SlaveAddress)
     , m_chip(options.Seed)
     , m_faults(options.Seed)
     , m_slave(m_memory, options.SlaveAddress)
@@ -73,6 +74,21 @@ std::unique_ptr<ParallelPort> SimulatedBoard::PrinterPort() {
 std::unique_ptr<SMBusLink> SimulatedBoard::SMBus() {
     return std::make_unique<FaultySMBus>(std::make_unique<SimulatedSMBus>(m_plug, m_pacer),
                                          m_faults, m_pacer);
+}
+
+double SimulatedBoard::ValueAt(ChipInput input) {
+    return m_chip.ThePlant().Value(input, m_now() - m_powerOn);
+}
+
+void SimulatedBoard::SlaveAddress(std::uint8_t address) {
+    m_address = address;
+    m_slave.Address(address);
+    m_faultySlave.Address(address);
+}
+
+void SimulatedBoard::BusHertz(double hertz) {
+    m_hertz = hertz;
+    m_pacer.Hertz(hertz);
 }
 
 void SimulatedBoard::Powered(bool powered) {

@@ -19,7 +19,7 @@ class SimulatedPort : public ParallelPort {
 public:
     static constexpr std::uint16_t Base = 0x378;
 
-    /// Slave and pacer must outlive the port.
+    /// All must outlive the port. The wiring may change meanwhile.
     SimulatedPort(ByteSlave& slave, const BoardWiring& wiring, BusPacer& pacer);
 
     std::uint16_t BaseAddress() override { return Base; }
@@ -33,7 +33,7 @@ public:
 
 private:
     LineSlave m_lines;
-    BoardWiring m_wiring;
+    const BoardWiring& m_wiring;
     BusPacer& m_pacer;
 };
 

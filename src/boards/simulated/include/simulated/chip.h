@@ -12,6 +12,9 @@
 
 namespace tqx {
 
+/// What the pin of a GPIO line does at present: the first nine lines share theirs.
+enum class PinUse : std::uint8_t { OtherFunction, Input, Output };
+
 /// The TQX7716 as a pure model: registers, measured inputs with limits and status, GPIO lines,
 /// chassis intrusion and EEPROM. It knows no bus and no clock; time comes in through SetTime.
 ///
@@ -42,10 +45,27 @@ public:
     /// while the chassis is closed.
     void ChassisOpen(bool open);
 
+    bool ChassisOpen() const { return m_chassisOpen; }
+
+    /// The write-protect pin, which a jumper sets. While it is set nothing is programmed or erased,
+    /// bit 3 of the EEPROM's mode register reads 1 and a write leaves that bit as it was. The bit
+    /// protects by itself as well.
+    /// @{
+    void WriteProtectPin(bool set) { m_writeProtectPin = set; }
+
+    bool WriteProtectPin() const { return m_writeProtectPin; }
+
+    /// @}
+
     /// Puts a level on GPIO line 0 to 16 from outside, which shows while the line is an input.
     void GPIOLevel(int line, bool level);
     /// The level on the line, driven by the chip or from outside.
     bool GPIOLevel(int line) const;
+
+    /// The level that the outside puts on the line.
+    bool OutsideLevel(int line) const { return m_lines.Outside(line); }
+
+    PinUse UseOf(int line) const;
 
 private:
     bool IsGPIO(int line) const;
@@ -54,6 +74,8 @@ private:
     void DriveFrom(int firstLine, std::uint8_t levels);
     void DriveLine(int line, bool level);
     std::uint8_t ReadStatus4() const;
+    std::uint8_t ModeRegister() const;
+    void WriteModeRegister(std::uint8_t value);
     void WriteConfig1(std::uint8_t value);
     void WriteConfig3(std::uint8_t value);
 
@@ -64,6 +86,7 @@ private:
     GPIOLines m_lines;
     bool m_chassisOpen = false;
     bool m_intrusion = false;
+    bool m_writeProtectPin = false;
 };
 
 } // namespace tqx

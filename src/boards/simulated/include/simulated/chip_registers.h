@@ -45,6 +45,8 @@ inline constexpr std::uint8_t ClearIntrusion = 0x02;
 /// Config3: direction and polarity of GPIO16.
 inline constexpr std::uint8_t GPIO16Output = 0x40;
 inline constexpr std::uint8_t GPIO16ActiveHigh = 0x80;
+/// EEPROMMode.
+inline constexpr std::uint8_t WriteProtect = 0x08;
 /// Status4.
 inline constexpr std::uint8_t ThermStatus = 0x08;
 inline constexpr std::uint8_t FanControlStatus = 0x10;

@@ -23,6 +23,9 @@ public:
     /// `address` in 8-bit form with bit 0 clear. The memory must outlive the slave.
     ChipSlave(ChipMemory& memory, std::uint8_t address);
 
+    /// From the next start on.
+    void Address(std::uint8_t address) { m_address = address; }
+
     bool Start(std::uint8_t address) override;
     bool Write(std::uint8_t value) override;
     std::uint8_t Read() override;

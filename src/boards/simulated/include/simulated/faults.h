@@ -51,6 +51,9 @@ public:
 
     bool IsOn(Fault fault) const;
 
+    /// The `nth` that was set last; 0 when the fault is off or left to chance.
+    unsigned Every(Fault fault) const { return m_modes.at(static_cast<std::size_t>(fault)).Every; }
+
     /// An occasion for the fault has come: True when it strikes.
     bool Strikes(Fault fault);
 

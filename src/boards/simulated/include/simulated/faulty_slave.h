@@ -13,6 +13,9 @@ public:
     /// `address`: the slave's own, in 8-bit form. Both objects must outlive this.
     FaultySlave(ByteSlave& next, std::uint8_t address, Faults& faults);
 
+    /// The slave's own address, from the next start on.
+    void Address(std::uint8_t address) { m_address = address; }
+
     bool Start(std::uint8_t address) override;
     bool Write(std::uint8_t value) override;
     std::uint8_t Read() override;

@@ -26,6 +26,8 @@ public:
     /// Puts a level on the line from outside; an output does not care.
     void SetOutside(int line, bool level);
 
+    bool Outside(int line) const { return m_outside.test(static_cast<std::size_t>(line)); }
+
     /// Lets every output go to its inactive level.
     void Reset();
 

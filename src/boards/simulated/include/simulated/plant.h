@@ -22,6 +22,7 @@ public:
     /// Holds an input at a value, in the same units, until it is released.
     void Force(ChipInput input, double value);
     void Release(ChipInput input);
+    bool IsForced(ChipInput input) const;
 
 private:
     double Noise(ChipInput input, double seconds, double period) const;

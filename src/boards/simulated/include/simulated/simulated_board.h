@@ -57,15 +57,39 @@ public:
 
     Faults& TheFaults() { return m_faults; }
 
+    /// The value at an input at this moment, held or not: degrees, revolutions per minute or volts.
+    double ValueAt(ChipInput input);
+
+    /// @name What can be changed at any time; a transfer under way may be lost to it.
+    /// @{
+
+    /// The address pins: 58h, 5Ah or 5Ch, 8-bit form.
+    void SlaveAddress(std::uint8_t address);
+
+    std::uint8_t SlaveAddress() const { return m_address; }
+
+    /// The board mode in which the chip answers on the printer port.
+    void BoardMode(bool mode) { m_wiring = WiringOf(mode); }
+
+    bool BoardMode() const { return m_wiring == WiringOf(true); }
+
     /// Clock rate of the bus on both media, in real time; 0 is as fast as possible.
-    void BusHertz(double hertz) { m_pacer.Hertz(hertz); }
+    void BusHertz(double hertz);
+
+    double BusHertz() const { return m_hertz; }
 
     /// Pulls the plug out, or puts it in: the chip stays as it is, and is not heard meanwhile.
     void Plugged(bool plugged) { m_plug.Plugged = plugged; }
 
+    bool Plugged() const { return m_plug.Plugged; }
+
     /// Switches the board off, or on. At power on the chip begins afresh, with its EEPROM as it
     /// was.
     void Powered(bool powered);
+
+    bool Powered() const { return m_plug.Powered; }
+
+    /// @}
 
 private:
     /// The board's plug: lets transfers in, and tells the chip the time when one begins.
@@ -85,6 +109,8 @@ private:
     std::function<std::chrono::nanoseconds()> m_now;
     std::chrono::nanoseconds m_powerOn;
     BoardWiring m_wiring;
+    std::uint8_t m_address;
+    double m_hertz = 0;
     Chip m_chip;
     Faults m_faults;
     BusPacer m_pacer;
