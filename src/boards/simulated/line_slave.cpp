@@ -7,6 +7,7 @@ namespace tqx {
 namespace {
 
 constexpr int ByteBits = 8;
+constexpr int BitsWithAck = ByteBits + 1;
 
 } // namespace
 
@@ -37,11 +38,22 @@ int LineSlave::TakeBitTimes() {
 
 void LineSlave::ClockRose() {
     ++m_bitTimes;
+    ListenToBit();
     ++m_bits;
     if (m_phase == Phase::Receive) {
         m_byte = static_cast<std::uint8_t>(m_byte << 1 | (m_line ? 1 : 0));
     } else if (m_phase == Phase::AckIn) {
         m_masterAck = !m_line;
+    }
+}
+
+/// Follows what is on the line, without regard to this slave's part in it.
+void LineSlave::ListenToBit() {
+    m_passing = m_passing << 1 | (m_line ? 1 : 0);
+    if (++m_passed == BitsWithAck) {
+        m_slave.Passed(static_cast<std::uint8_t>(m_passing >> 1), (m_passing & 1) == 0);
+        m_passing = 0;
+        m_passed = 0;
     }
 }
 
@@ -74,6 +86,8 @@ void LineSlave::Started() {
     m_bitTimes += m_busFree ? 1 : 0;
     m_busFree = false;
     m_addressNext = true;
+    m_passing = 0;
+    m_passed = 0;
     Release(Phase::Receive);
 }
 

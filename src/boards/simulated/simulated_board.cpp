@@ -51,7 +51,8 @@ SimulatedBoard::SimulatedBoard(SimulatedBoardOptions options)
     , m_faults(options.Seed)
     , m_slave(m_memory, options.SlaveAddress)
     , m_faultySlave(m_slave, options.SlaveAddress, m_faults)
-    , m_plug(m_faultySlave, *this) {}
+    , m_plug(m_faultySlave, *this)
+    , m_trace(m_plug, m_now) {}
 
 LinkFactory SimulatedBoard::Factory() {
     return [this](const LinkSetup& setup) {
@@ -67,12 +68,12 @@ std::function<std::unique_ptr<OSVersionInfo>()> SimulatedBoard::OSVersionInfoFac
 }
 
 std::unique_ptr<ParallelPort> SimulatedBoard::PrinterPort() {
-    return std::make_unique<FaultyPort>(std::make_unique<SimulatedPort>(m_plug, m_wiring, m_pacer),
+    return std::make_unique<FaultyPort>(std::make_unique<SimulatedPort>(m_trace, m_wiring, m_pacer),
                                         m_wiring, m_faults, m_pacer);
 }
 
 std::unique_ptr<SMBusLink> SimulatedBoard::SMBus() {
-    return std::make_unique<FaultySMBus>(std::make_unique<SimulatedSMBus>(m_plug, m_pacer),
+    return std::make_unique<FaultySMBus>(std::make_unique<SimulatedSMBus>(m_trace, m_pacer),
                                          m_faults, m_pacer);
 }
 

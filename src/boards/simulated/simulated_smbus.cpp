@@ -21,8 +21,8 @@ SimulatedSMBus::SimulatedSMBus(ByteSlave& slave, BusPacer& pacer)
     , m_pacer(pacer) {}
 
 std::uint8_t SimulatedSMBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
-    const bool answered = Select(address, reg) && m_slave.Start(WriteAddress(address) | ReadBit);
-    const std::uint8_t value = answered ? m_slave.Read() : IdleBus;
+    const bool answered = Select(address, reg) && Start(WriteAddress(address) | ReadBit);
+    const std::uint8_t value = answered ? Receive() : IdleBus;
     m_slave.Stop();
     m_pacer.BitTimes(ReadBitTimes);
     return value;
@@ -30,14 +30,33 @@ std::uint8_t SimulatedSMBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
 
 void SimulatedSMBus::WriteByte(std::uint8_t address, std::uint8_t reg, std::uint8_t value) {
     if (Select(address, reg)) {
-        m_slave.Write(value);
+        Send(value);
     }
     m_slave.Stop();
     m_pacer.BitTimes(WriteBitTimes);
 }
 
 bool SimulatedSMBus::Select(std::uint8_t address, std::uint8_t reg) {
-    return address <= HighestAddress && m_slave.Start(WriteAddress(address)) && m_slave.Write(reg);
+    return address <= HighestAddress && Start(WriteAddress(address)) && Send(reg);
+}
+
+bool SimulatedSMBus::Start(std::uint8_t address) {
+    const bool acknowledged = m_slave.Start(address);
+    m_slave.Passed(address, acknowledged);
+    return acknowledged;
+}
+
+bool SimulatedSMBus::Send(std::uint8_t value) {
+    const bool acknowledged = m_slave.Write(value);
+    m_slave.Passed(value, acknowledged);
+    return acknowledged;
+}
+
+/// The last byte of a read, which the host does not acknowledge.
+std::uint8_t SimulatedSMBus::Receive() {
+    const std::uint8_t value = m_slave.Read();
+    m_slave.Passed(value, false);
+    return value;
 }
 
 } // namespace tqx

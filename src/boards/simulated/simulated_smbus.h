@@ -29,6 +29,9 @@ public:
 
 private:
     bool Select(std::uint8_t address, std::uint8_t reg);
+    bool Start(std::uint8_t address);
+    bool Send(std::uint8_t value);
+    std::uint8_t Receive();
 
     ByteSlave& m_slave;
     BusPacer& m_pacer;

@@ -18,6 +18,13 @@ public:
     /// The next byte to the master.
     virtual std::uint8_t Read() = 0;
     virtual void Stop() = 0;
+
+    /// For who listens: a byte has passed on the bus with the acknowledge bit behind it, whoever
+    /// sent it and whoever it was for. It comes after the call that took or gave the byte.
+    virtual void Passed(std::uint8_t value, bool acknowledged) {
+        static_cast<void>(value);
+        static_cast<void>(acknowledged);
+    }
 };
 
 /// A slave that hands everything on to the next one; what stands between overrides its part.
@@ -34,6 +41,10 @@ public:
     std::uint8_t Read() override { return m_next.Read(); }
 
     void Stop() override { m_next.Stop(); }
+
+    void Passed(std::uint8_t value, bool acknowledged) override {
+        m_next.Passed(value, acknowledged);
+    }
 
 private:
     ByteSlave& m_next;

@@ -38,6 +38,7 @@ private:
     enum class Phase : std::uint8_t { Idle, Receive, AckOut, Send, AckIn };
 
     void ClockRose();
+    void ListenToBit();
     void ClockFell();
     void Started();
     void Stopped();
@@ -57,6 +58,8 @@ private:
     bool m_masterAck = false;
     int m_bits = 0; // of the byte at hand, that have been clocked
     std::uint8_t m_byte = 0;
+    int m_passing = 0; // the bits since the last byte, whoever sends them
+    int m_passed = 0;  // how many
     bool m_busFree = true;
     int m_bitTimes = 0;
 };

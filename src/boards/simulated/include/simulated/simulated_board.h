@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulated/bus_pacer.h"
+#include "simulated/bus_trace.h"
 #include "simulated/chip.h"
 #include "simulated/chip_slave.h"
 #include "simulated/faults.h"
@@ -56,6 +57,9 @@ public:
     Chip& TheChip() { return m_chip; }
 
     Faults& TheFaults() { return m_faults; }
+
+    /// The last transfers on the bus, on either medium.
+    BusTrace& Trace() { return m_trace; }
 
     /// The value at an input at this moment, held or not: degrees, revolutions per minute or volts.
     double ValueAt(ChipInput input);
@@ -119,6 +123,7 @@ private:
     ChipSlave m_slave;
     FaultySlave m_faultySlave;
     Plug m_plug;
+    BusTrace m_trace;
 };
 
 } // namespace tqx

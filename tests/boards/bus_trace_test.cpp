@@ -1,0 +1,125 @@
+#include "board_fixture.h"
+
+#include <simulated/bus_trace.h>
+
+#include <gmock/gmock.h>
+#include <string>
+#include <vector>
+
+namespace tqx {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+class BusTraceTest : public BoardTest {
+protected:
+    /// What the trace shows of what has happened since the last call.
+    std::vector<std::string> Take() {
+        std::vector<std::string> texts;
+        for (const TraceLine& line : Board.Trace().Lines()) {
+            texts.push_back(line.Text);
+        }
+        Board.Trace().Clear();
+        return texts;
+    }
+};
+
+TEST_F(BusTraceTest, DecodesTransfersOfBothMediaAlike) {
+    for (const bool lines : {true, false}) {
+        Write(0x45, 0xA5);
+        Take();
+        if (lines) {
+            Write(0x2B, 0xC2);
+            Read(0x45);
+        } else {
+            SMBus().WriteByte(0x2C, 0x2B, 0xC2);
+            SMBus().ReadByte(0x2C, 0x45);
+        }
+        EXPECT_THAT(Take(), ElementsAre("S 58w+ 2B+ C2+ P", "S 58w+ 45+ Sr 59r+ A5- P"));
+    }
+}
+
+TEST_F(BusTraceTest, ShowsTransfersThatNobodyAnswers) {
+    // The printer port goes on, whatever the chip says, and pulls the data line low at the end of
+    // each acknowledge clock: where the line was high that is a start condition.
+    Bus().ReadByte(0x5A, 0x16);
+    SMBus().ReadByte(0x2D, 0x16);
+    SMBus().ReadByte(0xFF, 0x16); // no address at all: nothing is on the bus
+    Board.Plugged(false);
+    SMBus().WriteByte(0x2C, 0x16, 0);
+    EXPECT_THAT(Take(), ElementsAre("S 5Aw- Sr 16w- Sr 5Br- Sr FFr- P", "S 5Aw- P", "S 58w- P"));
+}
+
+TEST_F(BusTraceTest, ShowsBlocksWithTheAcknowledgeOfEachByte) {
+    Write(0x70, 0);
+    Take();
+    WriteBlock();
+    Board.TheFaults().Always(Fault::WrongPEC);
+    WriteBlock();
+    ReadBlock();
+    const std::vector<std::string> texts = Take();
+    ASSERT_EQ(texts.size(), 3U);
+    EXPECT_THAT(texts[0], StartsWith("S 58w+ A0+ 03+ 11+ 22+ 33+ "));
+    EXPECT_THAT(texts[0], EndsWith("+ P"));
+    EXPECT_EQ(texts[1], texts[0].substr(0, texts[0].size() - 3) + "- P") << "the chip refuses";
+    EXPECT_THAT(texts[2], StartsWith("S 58w+ A1+ Sr 59r+ 20+ "));
+    EXPECT_THAT(texts[2], EndsWith("- P")) << "the host ends the read";
+}
+
+TEST_F(BusTraceTest, ATransferThatBreaksOffHasNoStopAndTheNextBeginsWithARepeatedStart) {
+    Bus().BusStart();
+    Bus().SendBusByte(0x58);
+    Bus().WaitAck();
+    EXPECT_EQ(Board.Trace().Lines().back().Text, "S 58w+");
+    Read(0x16);
+    EXPECT_THAT(Take(), ElementsAre("S 58w+ Sr 58w+ 16+ Sr 59r+ 41- P"));
+}
+
+TEST_F(BusTraceTest, KeepsTheTimeOfTheStart) {
+    Time += 3s;
+    Read(0x16);
+    Time += 2ms;
+    Read(0x16);
+    const std::vector<TraceLine> lines = Board.Trace().Lines();
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0].Time, 3s);
+    EXPECT_EQ(lines[1].Time, 3s + 2ms);
+}
+
+TEST_F(BusTraceTest, PausedItKeepsWhatItHasAndTakesNothing) {
+    Read(0x16);
+    Board.Trace().Paused(true);
+    const std::uint64_t version = Board.Trace().Version();
+    Read(0x17);
+    EXPECT_EQ(Board.Trace().Version(), version);
+    Board.Trace().Paused(false);
+    Read(0x45);
+    EXPECT_GT(Board.Trace().Version(), version);
+    EXPECT_THAT(Take(), ElementsAre("S 58w+ 16+ Sr 59r+ 41- P", "S 58w+ 45+ Sr 59r+ FF- P"));
+    EXPECT_THAT(Take(), IsEmpty());
+}
+
+TEST_F(BusTraceTest, KeepsTheLastTransfersAndNoPartOfOne) {
+    for (std::size_t i = 0; i < BusTrace::MostTransfers + 3; ++i) {
+        Write(0x70, static_cast<std::uint8_t>(i));
+    }
+    std::vector<std::string> texts = Take();
+    ASSERT_EQ(texts.size(), BusTrace::MostTransfers);
+    EXPECT_EQ(texts.front(), "S 58w+ 70+ 03+ P");
+    EXPECT_EQ(texts.back(), "S 58w+ 70+ 02+ P");
+
+    constexpr std::size_t BytesOfABlock = 1 + 1 + 1 + 1 + 32 + 1;
+    for (std::size_t i = 0; i < BusTrace::MostTransfers; ++i) {
+        ReadBlock();
+    }
+    texts = Take();
+    EXPECT_EQ(texts.size(), BusTrace::MostBytes / BytesOfABlock);
+    EXPECT_THAT(texts.front(), StartsWith("S 58w+ A1+ Sr 59r+ 20+ "));
+}
+
+} // namespace
+} // namespace tqx
