@@ -1,17 +1,51 @@
 #include "bit_digit.h"
 
+#include <controls/accessible_control.h>
 #include <controls/look.h>
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 namespace tqx {
+namespace {
+
+/// A bit to a screen reader: a box that is checked while the bit is 1.
+class AccessibleBit : public QAccessibleWidget {
+public:
+    explicit AccessibleBit(BitDigit& digit)
+        : QAccessibleWidget(&digit, QAccessible::CheckBox)
+        , m_digit(digit) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = m_digit.IsOne();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+
+    void doAction(const QString& action) override {
+        if (action == toggleAction()) {
+            Q_EMIT m_digit.Clicked();
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+private:
+    BitDigit& m_digit;
+};
+
+} // namespace
 
 BitDigit::BitDigit(int bit, QWidget* parent)
     : QLabel(parent)
     , m_bit(bit)
     , m_legend(QString("Bit %1").arg(bit)) {
+    DescribeToScreenReaders<BitDigit, AccessibleBit>();
     setObjectName(QString("bit%1").arg(bit));
     setToolTip("Click to change");
     setAlignment(Qt::AlignCenter);
@@ -26,9 +60,16 @@ void BitDigit::Caption(const QString& caption) {
     if (caption == text()) {
         return;
     }
+    const bool wasOne = IsOne();
     setText(caption);
     look::SetInk(*this, IsOne() ? look::DisplayGreen : look::DisplayInk);
     Announce();
+    if (wasOne != IsOne()) {
+        QAccessible::State changed;
+        changed.checked = true;
+        QAccessibleStateChangeEvent event(this, changed);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void BitDigit::Legend(const QString& legend) {

@@ -1,6 +1,6 @@
 #include "controls/alarm_lamp.h"
 
-#include "accessible_control.h"
+#include "controls/accessible_control.h"
 #include "controls/look.h"
 
 #include <QAccessibleWidget>

@@ -1,6 +1,6 @@
 #include "controls/linear_gauge.h"
 
-#include "accessible_control.h"
+#include "controls/accessible_control.h"
 #include "controls/look.h"
 #include "linear_gauge_accessible.h"
 #include "linear_gauge_painter.h"

@@ -1,6 +1,6 @@
 #include "controls/row_label.h"
 
-#include "accessible_control.h"
+#include "controls/accessible_control.h"
 #include "controls/look.h"
 
 #include <QAccessibleWidget>

@@ -1,6 +1,6 @@
 #include "controls/strip_chart.h"
 
-#include "accessible_control.h"
+#include "controls/accessible_control.h"
 #include "strip_chart_accessible.h"
 #include "strip_chart_parts.h"
 

@@ -1,0 +1,161 @@
+// Every window of the program, as someone meets it who sees no screen or uses no mouse.
+
+#include "app/board_program.h"
+#include "app/control_walk.h"
+
+#include <console/msg_box_frm.h>
+#include <controls/alarm_lamp.h>
+#include <controls/linear_gauge.h>
+#include <controls/look.h>
+#include <controls/row_label.h>
+#include <controls/strip_chart.h>
+#include <tools/eeprom_com_frm.h>
+#include <tools/erase_eeprom_frm.h>
+#include <tools/frm_about.h>
+#include <tools/gpio_config_frm.h>
+#include <tools/register_dump_frm.h>
+#include <tools/sys_info.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QTabWidget>
+
+#include <gtest/gtest.h>
+#include <string>
+
+namespace tqx {
+namespace {
+
+class WindowsTest : public test::BoardProgram {
+protected:
+    MessageDoor door = [](auto&&...) { return std::uint8_t{1}; };
+    DesktopSysInfoHost host;
+
+    static void Walk(QWidget& window, const std::string& view) {
+        SCOPED_TRACE(view);
+        window.show();
+        Activate(window);
+        test::ExpectNamesAndRoles(window);
+        test::ExpectNoShortcutTwice(window);
+        test::ExpectTabReachesEverything(window);
+    }
+
+    static void Click(QWidget& window, const QString& name) {
+        Find<QAbstractButton>(window, name).click();
+    }
+
+    /// The main window with the chip chosen.
+    MainForm& Main() {
+        program.Start();
+        InitForm& wizard = *program.Wizard();
+        for (const char* button : {"NextCMD", "NextCMD", "FinishCMD"}) {
+            Click(wizard, button);
+        }
+        program.Main()->activateWindow();
+        return *program.Main();
+    }
+
+    static const QAccessibleInterface& Face(QWidget& control) {
+        return *QAccessible::queryAccessibleInterface(&control);
+    }
+};
+
+TEST_F(WindowsTest, EveryPageOfTheWizardIsForEveryHand) {
+    program.Start();
+    InitForm& wizard = *program.Wizard();
+    Walk(wizard, "welcome");
+    Click(wizard, "NextCMD");
+    Walk(wizard, "media");
+    Click(wizard, "NextCMD");
+    Walk(wizard, "results");
+}
+
+TEST_F(WindowsTest, EveryPanelOfTheMainWindowIsForEveryHand) {
+    MainForm& main = Main();
+    Walk(main, "welcome page");
+    Click(main, "ReadWrite1");
+    auto& registers = Find<QTabWidget>(main, "RWTAB");
+    for (int tab = 0; tab < registers.count(); ++tab) {
+        registers.setCurrentIndex(tab);
+        Walk(main, "registers, tab " + std::to_string(tab));
+    }
+    Click(main, "ControlPanel1");
+    auto& channels = Find<QTabWidget>(main, "BargraphTab");
+    for (int tab = 0; tab < channels.count(); ++tab) {
+        channels.setCurrentIndex(tab);
+        Walk(main, "control centre, tab " + std::to_string(tab));
+    }
+    Click(main, "BlockReadWrite");
+    Walk(main, "blocks");
+    Click(main, "AccessEEPROMCHK");
+    Walk(main, "blocks of the EEPROM");
+}
+
+TEST_F(WindowsTest, TheMessageBoxIsForEveryHand) {
+    MsgBoxFRM box;
+    box.SetUp("Information", "Go on?", false);
+    Walk(box, "a question");
+    box.SetUp("Information", "So it is.", true);
+    Walk(box, "a notice");
+}
+
+TEST_F(WindowsTest, EveryToolWindowIsForEveryHand) {
+    Main();
+    Bench& bench = program.TheBench();
+    const Waiter noWait = [](float) {};
+    EEPROMComFRM com(bench, door, noWait, "Register Access 1");
+    Walk(com, "register access");
+    Click(com, "AccessEEPROMCHK");
+    Walk(com, "EEPROM access");
+    EraseEEPROMFRM erase(bench, door, noWait);
+    Walk(erase, "erase");
+    GPIOConfigFRM gpio(bench);
+    Walk(gpio, "GPIO");
+    RegisterDumpFRM dump(bench, door, dialogs);
+    Walk(dump, "dump");
+    frmAbout about(door, host);
+    Walk(about, "about");
+}
+
+TEST_F(WindowsTest, WhatDrawsItselfTellsItsState) {
+    MainForm& main = Main();
+    Click(main, "ControlPanel1");
+    main.StopMonitorTimers();
+    auto& lamp = Find<AlarmLamp>(main, "SSPanel11(0)");
+    lamp.Value(true);
+    EXPECT_EQ(Face(lamp).role(), QAccessible::Indicator);
+    EXPECT_EQ(Face(lamp).text(QAccessible::Value), "Alarm");
+
+    auto& row = Find<RowLabel>(main, "visualdisplaytext(2)");
+    EXPECT_FALSE(Face(row).state().selected);
+    QTest::mouseClick(&row, Qt::LeftButton);
+    EXPECT_EQ(Face(row).role(), QAccessible::ListItem);
+    EXPECT_TRUE(Face(row).state().selected);
+
+    auto& gauge = Find<LinearGauge>(main, "limits_gauge");
+    Activate(main);
+    gauge.setFocus(Qt::TabFocusReason);
+    const QString before = Face(gauge).text(QAccessible::Value);
+    Key(Qt::Key_Up);
+    EXPECT_EQ(Face(gauge).role(), QAccessible::Slider);
+    EXPECT_NE(Face(gauge).text(QAccessible::Value), before);
+
+    auto& chart = Find<StripChart>(main, "MainStripChart");
+    EXPECT_EQ(Face(chart).role(), QAccessible::Chart);
+    EXPECT_FALSE(Face(chart).text(QAccessible::Name).isEmpty());
+}
+
+TEST_F(WindowsTest, ABitTellsWhetherItIsSet) {
+    MainForm& main = Main();
+    Click(main, "ReadWrite1");
+    QTest::mouseClick(&Find(main, "read_writedisplaytext(0)"), Qt::LeftButton);
+    auto& bit = Find(main, "bit0");
+    const bool before = Face(bit).state().checked;
+    QTest::mouseClick(&bit, Qt::LeftButton);
+    EXPECT_EQ(Face(bit).role(), QAccessible::CheckBox);
+    EXPECT_TRUE(Face(bit).state().checkable);
+    EXPECT_NE(Face(bit).state().checked, before);
+}
+
+} // namespace
+} // namespace tqx
