@@ -153,14 +153,16 @@ TEST_F(I2CSMBusTest, ARefusedNodeIsToldWithTheWayIn) {
                 AllOf(HasSubstr("cannot open /dev/i2c-0"), HasSubstr("adduser eva i2c")));
 }
 
-TEST_F(I2CSMBusTest, AnAdapterThatVanishesIsClosedAndFoundAgainByItsName) {
+class VanishingAdapter : public I2CSMBusTest, public testing::WithParamInterface<int> {};
+
+TEST_P(VanishingAdapter, IsClosedAndFoundAgainByItsName) {
     kernel.AddAdapter(0, Host);
     kernel.AddAdapter(3, USB);
     kernel.AddChip(3, 0x2C);
     kernel.AddChip(0, 0x2C, 0x5C);
     EXPECT_EQ(smbus.ReadByte(0x2C, 0x16), 0x41);
     kernel.RemoveAdapter(3);
-    kernel.NobodyAnswers = ENODEV;
+    kernel.NobodyAnswers = GetParam();
     EXPECT_THAT(FailureOf([&] { smbus.ReadByte(0x2C, 0x20); }),
                 AllOf(HasSubstr("/dev/i2c-3"), HasSubstr("the adapter is gone")));
     EXPECT_EQ(kernel.OpenFiles(), 0);
@@ -176,6 +178,9 @@ TEST_F(I2CSMBusTest, AnAdapterThatVanishesIsClosedAndFoundAgainByItsName) {
     EXPECT_EQ(smbus.ReadByte(0x2C, 0x20), 0x2C);
     EXPECT_EQ(kernel.TakeCalls(), "SMBusReadByte 20");
 }
+
+INSTANTIATE_TEST_SUITE_P(All, VanishingAdapter,
+                         testing::Values(ENODEV, ENXIO, EREMOTEIO, EIO, ESHUTDOWN));
 
 struct BusFailure {
     int Error;

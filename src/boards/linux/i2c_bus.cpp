@@ -77,8 +77,9 @@ void I2CBus::Open() {
     m_aimed.reset();
 }
 
-/// False when nobody took the address. Most adapters tell that with ENXIO, some with EREMOTEIO;
-/// a few with the number that also means that the adapter itself is no more.
+/// False when nobody took the address. Most adapters tell that with ENXIO, some with EREMOTEIO, a
+/// few with ENODEV; an adapter that was pulled out tells the same, and is then kept by the kernel
+/// until its node is closed.
 bool I2CBus::Answered(const KernelAnswer& answer, const char* action, std::uint8_t address,
                       std::uint8_t reg) {
     switch (answer.Error) {
@@ -86,7 +87,6 @@ bool I2CBus::Answered(const KernelAnswer& answer, const char* action, std::uint8
         return true;
     case ENXIO:
     case EREMOTEIO:
-        return false;
     case ENODEV:
         if (IsThere(m_kernel, m_adapter)) {
             return false;
