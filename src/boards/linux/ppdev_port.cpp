@@ -39,6 +39,13 @@ LinkError Busy(const std::string& node, const std::string& holder) {
             "Wait until it is done, or unload the driver."};
 }
 
+/// The clock lines that are high, of either wiring, each by its bit of the data register.
+constexpr unsigned ClocksHigh(std::uint8_t lines) {
+    constexpr unsigned direct = DirectWiring.DataLowClockHigh;
+    constexpr unsigned inverted = InvertedWiring.DataHighClockLow;
+    return (lines & direct) | (~unsigned{lines} & inverted);
+}
+
 } // namespace
 
 PpdevPort::PpdevPort(KernelFace& kernel, std::string name, std::uint16_t baseAddress)
@@ -58,9 +65,24 @@ PpdevPort::~PpdevPort() {
 }
 
 void PpdevPort::WriteData(std::uint8_t value) {
+    KeepClockLow(value);
     Expect(m_file ? m_kernel.PortWriteData(m_file->File(), value) : KernelAnswer{ENODEV},
            "write to");
+    NoteClock(value);
     m_lines = value;
+}
+
+/// Waits where `value` would let the clock rise too early.
+void PpdevPort::KeepClockLow(std::uint8_t value) const {
+    if (m_lines && (ClocksHigh(value) & ~ClocksHigh(*m_lines)) != 0) {
+        ShortWait(m_clockFell + ShortestClockLow - std::chrono::steady_clock::now());
+    }
+}
+
+void PpdevPort::NoteClock(std::uint8_t value) {
+    if (m_lines && (ClocksHigh(*m_lines) & ~ClocksHigh(value)) != 0) {
+        m_clockFell = std::chrono::steady_clock::now();
+    }
 }
 
 std::uint8_t PpdevPort::ReadStatus() {
@@ -91,10 +113,13 @@ void PpdevPort::Delay(std::chrono::nanoseconds time) {
 /// other ppdev program waiting, even the one that is to let the port go. So the claim is asked for
 /// only while nobody is seen to hold the port, and its own limit is left for whoever slips in
 /// between the look and the claim.
+///
+/// A claim that was interrupted still stands in the kernel's queue, and would be handed the port
+/// later with nobody noticing. Closing the node takes it out.
 void PpdevPort::Claim() {
-    Open();
     const std::chrono::nanoseconds end = m_kernel.Now() + ClaimLimit;
     for (;;) {
+        Open();
         const std::string holder = OtherHolder();
         const std::chrono::nanoseconds left = end - m_kernel.Now();
         if (left <= std::chrono::nanoseconds::zero()) {
@@ -105,10 +130,12 @@ void PpdevPort::Claim() {
             continue;
         }
         const KernelAnswer claimed = m_kernel.PortClaim(m_file->File(), left);
-        if (claimed.Error != EINTR && claimed.Error != EAGAIN) {
-            Expect(claimed, "claim");
-            break;
+        if (claimed.Error == EINTR) {
+            Close();
+            continue;
         }
+        Expect(claimed, "claim");
+        break;
     }
     m_claimed = true;
     SetMode();

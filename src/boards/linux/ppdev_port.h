@@ -21,6 +21,10 @@ inline constexpr std::uint8_t ParkedLines =
 static_assert((ParkedLines & DirectWiring.LineBits()) == DirectWiring.BothHigh);
 static_assert((ParkedLines & InvertedWiring.LineBits()) == InvertedWiring.BothHigh);
 
+/// The shortest time for which the clock line is low. The one clock that has no bit delay ahead of
+/// it, that of a refused byte, would be shorter than the bus allows (4.7 us) on a fast machine.
+inline constexpr std::chrono::microseconds ShortestClockLow{5};
+
 /// How long a claim waits for another user of the port. Longer than a printer needs for a
 /// character, short enough that the program is not taken for dead.
 inline constexpr std::chrono::milliseconds ClaimLimit{500};
@@ -49,6 +53,8 @@ private:
     void Open();
     void Close();
     void SetMode();
+    void KeepClockLow(std::uint8_t value) const;
+    void NoteClock(std::uint8_t value);
     std::string OtherHolder();
     unsigned long Expect(const KernelAnswer& answer, const char* action);
 
@@ -60,6 +66,7 @@ private:
     bool m_claimed = false;
     bool m_modeSet = false;
     std::optional<std::uint8_t> m_lines;
+    std::chrono::steady_clock::time_point m_clockFell;
 };
 
 /// The printer ports that the kernel has, by number.
