@@ -7,8 +7,8 @@ set -euo pipefail
 
 build=(
     g++ cmake ninja-build
-    libi2c-dev                                # the SMBus calls of the kernel
-    qt6-base-dev libgl-dev libqt6svg6         # widgets, and the reader of the icons
+    libi2c-dev                                       # the SMBus calls of the kernel
+    qt6-base-dev libgl-dev libqt6svg6                # widgets, and the reader of the icons
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
     cmark-gfm librsvg2-bin                           # make the handbook and the icons
 )
@@ -16,6 +16,8 @@ tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
 ci=(
     clang-format clang-tidy
     appstream desktop-file-utils dpkg-dev lintian mandoc   # check the package
+    qemu-system-x86 busybox-static cpio kmod make    # the machine of scripts/kernel-test.sh
+    linux-headers-amd64                              # and its board model
 )
 
 wanted=("${build[@]}")
