@@ -5,7 +5,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 scripts/install-dependencies.sh build
 cmake --preset release -DBUILD_TESTING=OFF -DTQX_BENCHMARKS=OFF
-cmake --build --preset release --target tqx7716-simulator tqx7716-tour
+cmake --build --preset release --target tqx7716-simulator tqx7716-tour tqx_packaging
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec build/release/bin/tqx7716-simulator
 fi
