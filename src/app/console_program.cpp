@@ -2,6 +2,7 @@
 
 #include "app/application.h"
 #include "app/end_signals.h"
+#include "app/help_pages.h"
 
 #include <QIcon>
 #include <QScopedValueRollback>
@@ -82,6 +83,8 @@ int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice boar
     QApplication::setDesktopFileName(desktopId);
     QApplication::setWindowIcon(QIcon(":/icons/" + desktopId + ".svg"));
     DesktopDialogs dialogs;
+    HelpPages help(QApplication::applicationDirPath(), dialogs);
+    application.installEventFilter(&help);
     ConsoleProgram program(std::move(board), dialogs);
     application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };
     QObject::connect(&program, &ConsoleProgram::Ended, &application,

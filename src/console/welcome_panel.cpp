@@ -57,11 +57,17 @@ WelcomePanel::WelcomePanel(const QList<QAction*>& keys, QWidget* parent)
     }
     lines->setColumnStretch(2, 1);
 
+    auto* handbook = new QLabel(tr("F1 opens the handbook at the page of the window in front."));
+    handbook->setObjectName("HandbookHint");
+    look::SetInk(*handbook, look::QuietInk);
+
     auto* page = new QVBoxLayout;
     page->addWidget(title);
     page->addWidget(m_version);
     page->addSpacing(32);
     page->addLayout(lines);
+    page->addSpacing(24);
+    page->addWidget(handbook);
 
     auto* centred = new QGridLayout(this);
     centred->setRowStretch(0, 2);

@@ -112,6 +112,8 @@ void frmAbout::MakeLayout() {
                                     "file LICENSE, which goes with every copy."),
                                  "Label2"));
     layout->addWidget(Rule("Line2"));
+    layout->addWidget(SmallPrint(tr("F1 opens the handbook at the page of the window in front."),
+                                 "HandbookHint"));
     layout->addWidget(SmallPrint(tr("Written by the TQX7716 console's developers."), "Label3"));
     layout->addWidget(SmallPrint(tr("Set in Inter and JetBrains Mono, drawn with Qt."), "Label4"));
     layout->addLayout(buttons);
