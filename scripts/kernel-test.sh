@@ -115,8 +115,8 @@ else
     i2cset -y 1 0x2c 0x16 0x41
     as_member /opt/kernel_tests --gtest_filter='Chip.*'
     as_member /opt/kernel_wizard_tests --gtest_filter='ChipWizard.*'
-    # The program itself stays up for an ordinary user; 143 is the end by the time limit.
-    as_member 'timeout 3 /opt/tqx7716-console 2>/dev/null; [ $? = 143 ]'
+    # The program itself stays up for an ordinary user, and ends when it is told to.
+    as_member '/opt/tqx7716-console 2>/dev/null & sleep 3; kill $! && wait $!'
     check /opt/kernel_tests --gtest_filter='Moves.*'
 fi
 echo "verdict: $verdict"
