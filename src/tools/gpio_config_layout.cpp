@@ -24,7 +24,6 @@ HandCombo* Combo(const char* name, int index, int line, const QString& what) {
     combo->setAccessibleName(what.arg(line));
     combo->setToolTip(QObject::tr("%1; a change writes all settings of this window to the chip")
                           .arg(what.arg(line)));
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     return combo;
 }
 
