@@ -12,7 +12,7 @@ namespace parts {
 /// `name(index)`: the objectName of a member of a control array.
 QString MemberName(const char* name, int index);
 
-/// A button that Enter presses only while it has the focus. `shortcut` ("Alt+R"), which may be
+/// A button that is not the default one unless it is made so. `shortcut` ("Alt+R"), which may be
 /// empty, is added to the tooltip.
 QPushButton* Button(const QString& text, const QString& name, const QString& tooltip,
                     const QString& shortcut = {});

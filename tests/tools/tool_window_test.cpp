@@ -1,5 +1,6 @@
 #include <tools/tool_window.h>
 
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -40,6 +41,24 @@ TEST_F(ToolWindowTest, UnloadsAtOnceWhenNothingIsUnderWay) {
     EXPECT_EQ(closed.count(), 1);
     EXPECT_EQ(unloaded.count(), 1);
     EXPECT_EQ(window.AskedToStop, 1);
+}
+
+TEST_F(ToolWindowTest, EnterPressesTheButtonWithTheFocusElseTheDefaultOne) {
+    auto* common = new QPushButton(&window);
+    auto* rare = new QPushButton(&window);
+    common->setDefault(true);
+    rare->setAutoDefault(false);
+    const QSignalSpy commonClicks(common, &QPushButton::clicked);
+    const QSignalSpy rareClicks(rare, &QPushButton::clicked);
+    window.show();
+    rare->setFocus();
+    QTest::keyClick(rare, Qt::Key_Return);
+    EXPECT_EQ(rareClicks.count(), 1);
+    EXPECT_EQ(commonClicks.count(), 0);
+    rare->clearFocus();
+    QTest::keyClick(&window, Qt::Key_Enter);
+    EXPECT_EQ(rareClicks.count(), 1);
+    EXPECT_EQ(commonClicks.count(), 1);
 }
 
 TEST_F(ToolWindowTest, UnloadsOnlyWhenTheLastHandlerHasUnwound) {

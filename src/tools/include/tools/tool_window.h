@@ -11,6 +11,9 @@ namespace tqx {
 /// A close hides the window at once and asks a handler under way to stop. The object lives on
 /// until that handler has come to its end: `Unloaded` tells the owner that no code of the window
 /// is left to run and that it can be destroyed from the event loop.
+///
+/// Enter presses the button that has the focus. With the focus on anything else it presses the
+/// default button, if there is one.
 class ToolWindow : public QDialog {
     Q_OBJECT
 
@@ -51,6 +54,7 @@ protected:
     virtual void AskToStop() {}
 
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool m_unloading = false;
