@@ -1,5 +1,6 @@
 #include "tools/tool_fixture.h"
 
+#include <console/random_fill.h>
 #include <controls/number_entry.h>
 #include <tools/eeprom_com_frm.h>
 #include <tools/high_byte_combo.h>
@@ -8,8 +9,6 @@
 #include <QProgressBar>
 #include <QSignalSpy>
 #include <QTimer>
-
-#include <set>
 
 namespace tqx {
 namespace {
@@ -100,10 +99,13 @@ TEST_F(EEPROMComTest, ReadAllReadsSixteenRowsAndLeavesTheWindowUsable) {
     for (std::size_t i = 0; i < 16; ++i) {
         link.Registers[i] = static_cast<std::uint8_t>(0xA0 + i);
     }
+    auto& progress = Find<QProgressBar>(window, "RWAllProgress");
+    const QSignalSpy steps(&progress, &QProgressBar::valueChanged);
     Click("ReadAllCMD");
     EXPECT_EQ(link.Take().size(), 16U);
     EXPECT_EQ(Shown(15), "AF");
-    EXPECT_EQ(Find<QProgressBar>(window, "RWAllProgress").value(), 0);
+    EXPECT_EQ(steps.count(), 16) << "1 to 15 and back to 0";
+    EXPECT_EQ(progress.value(), 0);
     Click("ReadDataFillCMD");
     EXPECT_EQ(TextOf("WriteDataTXT", 15), "AF");
     EXPECT_THAT(link.Take(), IsEmpty());
@@ -114,6 +116,7 @@ TEST_F(EEPROMComTest, WriteAllToRegistersPausesAheadOfEachByte) {
     bool usable = true;
     duringWait = [&] {
         progress = Find<QProgressBar>(window, "RWAllProgress").value();
+        EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
         usable =
             usable && (Enabled("WriteALLCMD") || Enabled("ReadByteCMD(0)") || Enabled("CloseCMD") ||
                        Enabled("RandomFillCMD") || Enabled("AccessEEPROMCHK"));
@@ -128,6 +131,15 @@ TEST_F(EEPROMComTest, WriteAllToRegistersPausesAheadOfEachByte) {
     EXPECT_FALSE(usable);
     EXPECT_TRUE(AutoRead().isActive());
     EXPECT_TRUE(Enabled("WriteALLCMD"));
+    EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(EEPROMComTest, TheEndOfAnEraseClearsTheFourLowBits) {
+    link.Registers[0x13] = 0xFF;
+    Click("AccessEEPROMCHK");
+    window.EraseHighByte();
+    EXPECT_EQ(link.Registers[0x13], 0xF0);
+    EXPECT_THAT(messages, ElementsAre(protectedMessage, protectedMessage));
 }
 
 TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
@@ -213,14 +225,12 @@ TEST_F(EEPROMComTest, RandomFillRepeatsFromRunToRun) {
     EEPROMComFRM other(bench, door, waiter, "Register Spy 2");
     other.show();
     ToolFixture::Click(other, "RandomFillCMD");
-    std::set<std::string> different;
+    UnseededRandom random;
     for (int i = 0; i < 16; ++i) {
         const auto& entry = Find<NumberEntry>(other, Member("WriteDataTXT", i));
         EXPECT_EQ(entry.Text().toStdString(), TextOf("WriteDataTXT", i));
-        EXPECT_LE(entry.Value(), 254U);
-        different.insert(TextOf("WriteDataTXT", i));
+        EXPECT_EQ(entry.Value(), random.NextByte());
     }
-    EXPECT_GT(different.size(), 8U);
 }
 
 TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
@@ -282,6 +292,17 @@ TEST_F(EEPROMComTest, AFailedLinkCallPassesOnAndLeavesTheWindowUsable) {
     link.FailOn = "BoardBus.ReadByte";
     EXPECT_THROW(Find<QAbstractButton>(window, "AutoReadCHK").click(), LinkError);
     EXPECT_EQ(Find<QAbstractButton>(window, "AutoReadCHK").text(), "AutoRead is Off");
+}
+
+TEST_F(EEPROMComTest, AFailedTickOfAutoReadIsTheLast) {
+    Click("AutoReadCHK");
+    link.FailOn = "BoardBus.ReadByte";
+    QTimerEvent tick(AutoRead().timerId());
+    EXPECT_THROW(QCoreApplication::sendEvent(&AutoRead(), &tick), LinkError);
+    EXPECT_FALSE(AutoRead().isActive());
+    const auto& box = Find<QAbstractButton>(window, "AutoReadCHK");
+    EXPECT_FALSE(box.isChecked());
+    EXPECT_EQ(box.text(), "AutoRead is Off");
 }
 
 TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {

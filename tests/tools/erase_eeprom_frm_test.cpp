@@ -99,6 +99,7 @@ TEST_F(EraseEEPROMTest, WhileEraseAllRunsNothingElseCanErase) {
             EXPECT_FALSE(Enabled(name)) << name;
             Click(name);
         }
+        EXPECT_FALSE(Enabled("EEPROMHighByteCOMBO"));
         QTest::keyClick(window.focusWidget(), Qt::Key_Space);
     });
     EXPECT_EQ(Progress(), 2) << "Space did not stop";

@@ -150,6 +150,18 @@ TEST_F(ToolsTest, AModalWindowComesBackWhenItIsGoneAndOpensAfresh) {
     }
 }
 
+TEST_F(ToolsTest, TheDumpWindowStopsTheMonitorAndStartsNothingAgain) {
+    main->StartMonitorTimers();
+    const auto& monitor = Find<QTimer>(*main, "BargraphTimer");
+    ASSERT_TRUE(monitor.isActive());
+    QTimer::singleShot(0, main.get(), [&] {
+        EXPECT_FALSE(monitor.isActive());
+        OnView<RegisterDumpFRM>()->close();
+    });
+    Key("Save1");
+    EXPECT_FALSE(monitor.isActive());
+}
+
 TEST_F(ToolsTest, ClosingAWindowInItsLongLoopDestroysItOnlyAfterTheLoop) {
     Key("RegAccess");
     QPointer<EEPROMComFRM> window = &EEPROMCom("Register Access 1");
