@@ -1,6 +1,7 @@
 #include "tour.h"
 
 #include <console/main_form.h>
+#include <device/register_addresses.h>
 
 #include <QComboBox>
 #include <QLabel>
@@ -14,6 +15,8 @@ namespace {
 
 /// A register to select on each tab of the register console, in tab order.
 constexpr std::array<int, 7> RegisterOfTab{0x16, 0x08, 0x30, 0x1F, 0x2E, 0x02, 0x00};
+
+constexpr std::uint8_t WriteProtectBit = 0x08;
 
 } // namespace
 
@@ -31,6 +34,14 @@ void Tour::ShowRegisterConsole() {
     }
     Expect(Find<QLabel>(Main(), "current_reg_type_label").text() == "Configuration 1",
            "the register console names the register");
+
+    Click(Find(Main(), "bit5"));
+    Expect(m_board.TheChip().Read(reg::Config1) == 0x23, "a click flips a bit of the chip");
+    Enter(Find(Main(), "HexTXT"), "3");
+    Expect(m_board.TheChip().Read(reg::Config1) == 0x03, "an entry goes to the chip");
+    Click(Find(Main(), "SSRibbon5"));
+    Serve(100);
+    Shoot(Main(), "registers-continuous");
 }
 
 void Tour::ShowBlockPanel() {
@@ -50,6 +61,25 @@ void Tour::ShowBlockPanel() {
                    Find<QLineEdit>(Main(), QStringLiteral("BlockWriteTXT(%1)").arg(column)).text(),
                QStringLiteral("byte %1 of the block reads back").arg(column));
     }
+    ShowRefusedBlocks();
+}
+
+void Tour::ShowRefusedBlocks() {
+    m_board.TheFaults().Always(Fault::WrongPEC);
+    Click(Find(Main(), "BlockReadCMD"));
+    m_board.TheFaults().AllOff();
+    Expect(Find<QLabel>(Main(), "PECStatusLBL").text() == "PEC Failed", "a damaged PEC is told");
+    Shoot(Main(), "blocks-pec-failed");
+
+    m_board.TheChip().Write(reg::EEPROM3, WriteProtectBit);
+    WithModal("MsgBoxFRM", [this](QWidget& box) { Shoot(box, "blocks-write-protected"); });
+    Click(Find(Main(), "BlockWriteCMD"));
+    ExpectModalDone("a write to a protected EEPROM is refused");
+    m_board.TheChip().Write(reg::EEPROM3, 0);
+
+    Click(Find(Main(), "UsePECCHK"));
+    Enter(Find(Main(), "ByteCountTXT"), "5");
+    Shoot(Main(), "blocks-five-bytes");
 }
 
 } // namespace tqx

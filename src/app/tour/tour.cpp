@@ -66,6 +66,13 @@ void Tour::Press(const char* toolbarKey) {
     Click(Find(Find(Main(), "Toolbar1"), toolbarKey));
 }
 
+void Tour::Enter(QWidget& entry, const QString& text) {
+    entry.setFocus();
+    QTest::keySequence(&entry, QKeySequence::SelectAll);
+    QTest::keyClicks(&entry, text);
+    QTest::keyClick(&entry, Qt::Key_Return);
+}
+
 void Tour::PickRow(int row) {
     Click(Find(Main(), QStringLiteral("visualdisplaytext(%1)").arg(row)));
 }
@@ -94,6 +101,26 @@ void Tour::WithModal(const QString& windowName, std::function<void(QWidget& wind
 void Tour::ExpectModalDone(const QString& what) {
     m_modalWatch.stop();
     Expect(std::exchange(m_modalDone, false), what);
+}
+
+void Tour::Meanwhile(std::function<bool()> condition, std::function<void()> scene) {
+    m_meanwhileDone = false;
+    m_meanwhileWatch.disconnect();
+    QObject::connect(&m_meanwhileWatch, &QTimer::timeout, &m_meanwhileWatch,
+                     [this, condition = std::move(condition), scene = std::move(scene)] {
+                         if (m_meanwhileDone || !condition()) {
+                             return;
+                         }
+                         m_meanwhileWatch.stop();
+                         m_meanwhileDone = true;
+                         scene();
+                     });
+    m_meanwhileWatch.start(0);
+}
+
+void Tour::ExpectMeanwhileDone(const QString& what) {
+    m_meanwhileWatch.stop();
+    Expect(std::exchange(m_meanwhileDone, false), what);
 }
 
 MainForm& Tour::Main() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "tour_clock.h"
+#include "tour_dialogs.h"
 
 #include <app/console_program.h>
 #include <simulated/simulated_board.h>
@@ -51,6 +52,12 @@ private:
 
     void ShowLimitDrag();
     void ShowChartTools();
+    void ShowRefusedBlocks();
+    void ShowRegisterAccess();
+    void ShowEEPROMAccess(QWidget& access);
+    void ShowGPIOPanel();
+    void ShowErase();
+    void ShowDump();
 
     /// Saves a picture of `window` as it stands.
     void Shoot(QWidget& window, const QString& name);
@@ -62,6 +69,8 @@ private:
 
     void Click(QWidget& control);
     void Press(const char* toolbarKey);
+    /// Types `text` into an entry box, in place of what stands there, and Enter.
+    static void Enter(QWidget& entry, const QString& text);
     void PickRow(int row);
     /// The monitor runs for a while, so that the chart has something to show.
     void Watch(int milliseconds);
@@ -71,6 +80,12 @@ private:
     void WithModal(const QString& windowName, std::function<void(QWidget& window)> scene);
     /// Checks that the scene handed to the last WithModal has run.
     void ExpectModalDone(const QString& what);
+
+    /// Runs `scene` once as soon as `condition` holds, in a step that serves events for long. To be
+    /// called ahead of that step.
+    void Meanwhile(std::function<bool()> condition, std::function<void()> scene);
+    /// Checks that the scene handed to the last Meanwhile has run.
+    void ExpectMeanwhileDone(const QString& what);
 
     /// The control of that name in `window`; fails when there is none.
     template <typename Control = QWidget>
@@ -92,9 +107,11 @@ private:
     QTimer m_modalWatch;
     std::function<void(QWidget& window)> m_modalScene;
     bool m_modalDone = false;
+    QTimer m_meanwhileWatch;
+    bool m_meanwhileDone = false;
     TourClock m_clock;
     SimulatedBoard m_board;
-    DesktopDialogs m_dialogs;
+    TourDialogs m_dialogs;
     ConsoleProgram m_program;
 };
 
