@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
@@ -39,19 +40,21 @@ std::string SourcesWithWholeLiterals() {
 
 /// The texts in `message` between the "..." that stand for a name or a number. A colon ends one
 /// too: it joins what failed and why.
-std::vector<std::string> FixedParts(std::string message) {
-    for (const std::string_view gap : {"...", ": "}) {
-        for (auto at = message.find(gap); at != std::string::npos; at = message.find(gap)) {
-            message.replace(at, gap.size(), "\n");
+std::vector<std::string_view> FixedParts(std::string_view message) {
+    constexpr std::string_view dots = "...";
+    constexpr std::string_view colon = ": ";
+    std::vector<std::string_view> parts;
+    while (!message.empty()) {
+        const auto end = std::min({message.find(dots), message.find(colon), message.size()});
+        std::string_view part = message.substr(0, end);
+        part.remove_prefix(std::min(part.find_first_not_of(' '), part.size()));
+        part = part.substr(0, part.find_last_not_of(' ') + 1);
+        if (!part.empty()) {
+            parts.push_back(part);
         }
-    }
-    std::vector<std::string> parts;
-    std::istringstream lines(message);
-    for (std::string part; std::getline(lines, part);) {
-        const auto first = part.find_first_not_of(' ');
-        if (first != std::string::npos) {
-            parts.push_back(part.substr(first, part.find_last_not_of(' ') - first + 1));
-        }
+        message.remove_prefix(end);
+        message.remove_prefix(
+            std::min(message.starts_with(dots) ? dots.size() : colon.size(), message.size()));
     }
     return parts;
 }
@@ -75,7 +78,7 @@ TEST(Handbook, ExplainsMessagesInTheWordsOfTheProgram) {
     const std::vector<std::string> messages = MessagesExplained();
     ASSERT_GE(messages.size(), 30U) << "the tables were not found";
     for (const std::string& message : messages) {
-        for (const std::string& part : FixedParts(message)) {
+        for (const std::string_view part : FixedParts(message)) {
             EXPECT_NE(sources.find(part), std::string::npos)
                 << "\"" << part << "\" of \"" << message << "\" is no text of the program";
         }
