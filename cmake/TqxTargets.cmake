@@ -3,12 +3,16 @@
 add_library(tqx_options INTERFACE)
 target_compile_options(tqx_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-qual
-  -Wformat=2 -Wimplicit-fallthrough -Wunused -Wduplicated-cond -Wlogical-op)
+  -Wformat=2 -Wimplicit-fallthrough -Wunused
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wlogical-op>)
 target_compile_definitions(tqx_options INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH)
 if(TQX_SANITIZE)
   target_compile_options(tqx_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1)
   target_link_options(tqx_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(TQX_FUZZ)
+  target_compile_options(tqx_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # tqx_library(NAME [QT] SOURCES ... HEADERS ... [LINKS ...])

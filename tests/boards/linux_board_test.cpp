@@ -44,6 +44,9 @@ TEST(Adapters, TheBaseAddressIsInTheNameOrInTheResources) {
     EXPECT_EQ(baseOf("SMBus PIIX4 adapter at 0700"), 0x700U);
     EXPECT_EQ(baseOf("SMBus PIIX4 adapter port 2 at 0b00"), 0xB00U);
     EXPECT_EQ(baseOf("SMBus PIIX4 adapter SDA0 at 0xfec0"), 0xFEC0U);
+    for (const char* none : {"SMBus at -1", "SMBus at 100000000", "SMBus at 700 or so"}) {
+        EXPECT_EQ(baseOf(none), 0U) << none;
+    }
     EXPECT_EQ(baseOf("i2c-tiny-usb at bus 001 device 005"), 0U);
     EXPECT_EQ(baseOf("SMBus stub driver"), 0U);
     kernel.Files["/sys/bus/i2c/devices/i2c-0/../resource"] =

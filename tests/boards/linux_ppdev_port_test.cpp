@@ -216,12 +216,13 @@ TEST(FindPrinterPorts, GivesThePortsOfTheKernelByNumber) {
     kernel.AddPort(10, "53248\t54272\n");
     kernel.AddPort(2, "888\t0\n");
     kernel.AddPort(3, "");
+    kernel.AddPort(4, "66424\t0\n"); // 378h but for a bit too many
     kernel.Files["/proc/sys/dev/parport/default/timeslice"] = "200\n";
     std::vector<unsigned> addresses;
     for (const auto& port : FindPrinterPorts(kernel)) {
         addresses.push_back(port->BaseAddress());
     }
-    EXPECT_THAT(addresses, testing::ElementsAre(0x378, 0, 0xD000));
+    EXPECT_THAT(addresses, testing::ElementsAre(0x378, 0, 0, 0xD000));
     EXPECT_EQ(kernel.TakeCalls(), "");
 }
 

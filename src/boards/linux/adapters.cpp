@@ -3,7 +3,6 @@
 #include "kernel_files.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <optional>
 #include <sstream>
 
@@ -35,26 +34,19 @@ std::optional<std::uint32_t> AddressInName(const std::string& name) {
     if (at == std::string::npos) {
         return std::nullopt;
     }
-    const char* const digits = name.c_str() + at + before.size();
-    char* end = nullptr;
-    const unsigned long address = std::strtoul(digits, &end, 16);
-    if (end == digits || *end != '\0') {
-        return std::nullopt;
-    }
-    return static_cast<std::uint32_t>(address);
+    return WholeNumber(std::string_view(name).substr(at + before.size()), 16);
 }
 
 /// The first I/O range of a PCI device. A line of its `resource` is start, end and flags.
 std::optional<std::uint32_t> FirstIORange(const std::string& resource) {
-    constexpr unsigned long ioFlag = 0x100;
+    constexpr std::uint32_t ioFlag = 0x100;
     std::istringstream lines(resource);
-    lines >> std::hex;
-    unsigned long start = 0;
-    unsigned long end = 0;
-    unsigned long flags = 0;
+    std::string start;
+    std::string end;
+    std::string flags;
     while (lines >> start >> end >> flags) {
-        if ((flags & ioFlag) != 0) {
-            return static_cast<std::uint32_t>(start);
+        if ((WholeNumber(flags, 16).value_or(0) & ioFlag) != 0) {
+            return WholeNumber(start, 16);
         }
     }
     return std::nullopt;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <charconv>
+#include <utility>
 
 namespace tqx {
 
@@ -36,10 +37,22 @@ std::optional<int> NumberAfter(std::string_view prefix, std::string_view name) {
     if (!name.starts_with(prefix)) {
         return std::nullopt;
     }
-    name.remove_prefix(prefix.size());
-    int number = 0;
-    const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), number);
-    if (error != std::errc() || end != name.data() + name.size() || number < 0) {
+    const auto number = WholeNumber(name.substr(prefix.size()), 10);
+    if (!number || !std::in_range<int>(*number)) {
+        return std::nullopt;
+    }
+    return static_cast<int>(*number);
+}
+
+std::optional<std::uint32_t> WholeNumber(std::string_view text, int base) {
+    constexpr std::string_view hexMark = "0x";
+    if (base == 16 && text.starts_with(hexMark)) {
+        text.remove_prefix(hexMark.size());
+    }
+    std::uint32_t number = 0;
+    const char* const textEnd = text.data() + text.size();
+    const auto [end, error] = std::from_chars(text.data(), textEnd, number, base);
+    if (error != std::errc() || end != textEnd) {
         return std::nullopt;
     }
     return number;

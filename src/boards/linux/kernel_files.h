@@ -2,6 +2,7 @@
 
 #include "linuxboard/kernel_face.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -33,5 +34,9 @@ std::optional<std::string> ReadSmallFile(KernelFace& kernel, const std::string& 
 
 /// The number that a name ends in after `prefix`: 3 of "parport3". Nothing for any other name.
 std::optional<int> NumberAfter(std::string_view prefix, std::string_view name);
+
+/// The number that a text is, in base 10, or in base 16 with or without a leading 0x. Nothing for
+/// any other text, a sign or a number beyond 32 bits among them.
+std::optional<std::uint32_t> WholeNumber(std::string_view text, int base);
 
 } // namespace tqx

@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <utility>
 
 namespace tqx {
@@ -44,6 +43,13 @@ constexpr unsigned ClocksHigh(std::uint8_t lines) {
     constexpr unsigned direct = DirectWiring.DataLowClockHigh;
     constexpr unsigned inverted = InvertedWiring.DataHighClockLow;
     return (lines & direct) | (~unsigned{lines} & inverted);
+}
+
+/// The first of the two decimal numbers of a port's file; 0 where it is none of a port.
+std::uint16_t BaseAddressIn(std::string_view text) {
+    const auto number = WholeNumber(text.substr(0, text.find_first_of(" \t")), 10).value_or(0);
+    return std::in_range<std::uint16_t>(number) ? static_cast<std::uint16_t>(number)
+                                                : std::uint16_t{0};
 }
 
 } // namespace
@@ -220,10 +226,8 @@ std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel) 
     std::vector<std::unique_ptr<ParallelPort>> ports;
     for (const int number : numbers) {
         const std::string name = "parport" + std::to_string(number);
-        // Two decimal numbers, of which the first is the base address.
         const auto text = ReadSmallFile(kernel, FolderOf(name) + "/base-addr").value_or("");
-        const auto baseAddress =
-            static_cast<std::uint16_t>(std::strtoul(text.c_str(), nullptr, 10));
+        const std::uint16_t baseAddress = BaseAddressIn(text);
         ports.push_back(std::make_unique<PpdevPort>(kernel, name, baseAddress));
     }
     return ports;
