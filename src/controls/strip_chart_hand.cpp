@@ -1,5 +1,7 @@
 #include "strip_chart_hand.h"
 
+#include "strip_chart_overlay.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -18,6 +20,10 @@ bool StripHand::OnPaper(const QPointF& at) const {
     return QRectF(m_layers.Layout().Paper).contains(at);
 }
 
+bool StripHand::OnTable(const QPointF& at) const {
+    return OnPaper(at) && StripReadoutBox(m_model, m_layers).contains(at.toPoint());
+}
+
 int StripHand::CursorAt(const QPointF& at) const {
     for (const int cursor : {m_model.Cursors.Active, 1 - m_model.Cursors.Active}) {
         const auto moment = m_model.Cursors.At[static_cast<std::size_t>(cursor)];
@@ -33,9 +39,14 @@ void StripHand::Press(const QPointF& at) {
     m_cursorsBefore = m_model.Cursors;
     m_panValues = false;
     m_pressedLine = StripLegendAt(m_layers.Layout(), at.toPoint());
+    m_pressedTable = OnTable(at);
     m_hold = Hold::Nothing;
     if (m_pressedLine >= 0) {
         m_hold = Hold::Legend;
+    } else if (m_pressedTable) {
+        m_hold = Hold::Table;
+        m_tableFrom =
+            StripReadoutBox(m_model, m_layers).topLeft() - m_layers.Layout().Paper.topLeft();
     } else if (OnPaper(at)) {
         m_heldCursor = CursorAt(at);
         m_hold = m_heldCursor >= 0 ? Hold::Cursor : Hold::Click;
@@ -50,6 +61,9 @@ void StripHand::Move(const QPointF& at) {
         m_model.Cursors.Place(m_heldCursor, m_layers.TimeAt(m_model, x));
     }
     const QPointF moved = at - m_pressedAt;
+    if (m_hold == Hold::Table) {
+        m_model.Cursors.TableAt = m_tableFrom + moved.toPoint();
+    }
     if (m_hold == Hold::Click && std::hypot(moved.x(), moved.y()) >= DragStart) {
         m_hold = Hold::Pan;
     }
@@ -92,7 +106,9 @@ void StripHand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
 }
 
 void StripHand::DoubleClick(const QPointF& at) {
-    if (OnPaper(at)) {
+    if (m_pressedTable) {
+        m_model.Cursors.TableAt.reset();
+    } else if (OnPaper(at)) {
         m_model.Cursors = m_cursorsBefore;
         m_model.View.Live();
         m_hold = Hold::Nothing;
@@ -212,6 +228,9 @@ void StripHand::PanValues(double pages) {
 Qt::CursorShape StripHand::ShapeAt(const QPointF& at) const {
     if (m_hold == Hold::Pan) {
         return Qt::ClosedHandCursor;
+    }
+    if (m_hold == Hold::Table || (m_hold == Hold::Nothing && OnTable(at))) {
+        return Qt::SizeAllCursor;
     }
     if (m_hold == Hold::Cursor || (OnPaper(at) && CursorAt(at) >= 0)) {
         return Qt::SplitHCursor;

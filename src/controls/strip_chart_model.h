@@ -3,6 +3,7 @@
 #include "strip_chart_geometry.h"
 #include "strip_chart_inks.h"
 
+#include <QPoint>
 #include <QString>
 
 #include <optional>
@@ -23,6 +24,9 @@ struct StripCaption {
 struct StripCursors {
     std::array<std::optional<StripTime>, 2> At;
     int Active = 0; ///< the one that keys move
+    /// Where the user has put the table of read-outs, from the paper's corner; empty: it finds a
+    /// place by itself.
+    std::optional<QPoint> TableAt;
 
     bool Any() const { return At[0].has_value() || At[1].has_value(); }
 

@@ -15,7 +15,8 @@ constexpr int Padding = 8;
 constexpr int Column = 12; ///< between the columns of the table
 constexpr int MostLine = 16;
 constexpr int LeastLine = 10;
-constexpr int NoticeRoom = 40; ///< that the notice of a standstill takes from the table
+constexpr int NoticeRoom = 40;     ///< that the notice of a standstill takes from the table
+constexpr QSize TableGrip(48, 24); ///< of a table pushed off the paper, what stays on it
 constexpr int SwatchWidth = 9;
 constexpr double DotRadius = 2.5;
 
@@ -127,7 +128,8 @@ void PaintCursor(QPainter& painter, const StripModel& model, const StripLayers& 
     painter.setPen(QPen(colour, 1, active ? Qt::SolidLine : Qt::DashLine));
     painter.drawLine(QPointF(x, paper.top()), QPointF(x, paper.bottom() + 1));
     PaintDots(painter, model, layers, x, *model.Cursors.At[static_cast<std::size_t>(cursor)]);
-    const QRectF flag(x - 7, paper.top(), 14, 14);
+    const double flagLeft = std::clamp<double>(x - 7, paper.left(), paper.right() - 13);
+    const QRectF flag(flagLeft, paper.top(), 14, 14);
     painter.setPen(QPen(colour, 1));
     painter.setBrush(active ? colour : QColor(look::Paper));
     painter.drawRoundedRect(flag, 2, 2);
@@ -157,9 +159,19 @@ void PaintStandstill(QPainter& painter, const StripModel& model, const QRect& pa
     painter.drawText(badge, Qt::AlignCenter, text);
 }
 
-} // namespace
+/// Where the cursors that stand lie, on the paper or beside it.
+std::vector<double> CursorColumns(const StripModel& model, const StripLayers& layers) {
+    std::vector<double> columns;
+    for (const auto& at : model.Cursors.At) {
+        if (at) {
+            columns.push_back(layers.XOf(model, *at));
+        }
+    }
+    return columns;
+}
 
-QRect StripReadoutBox(const QRect& paper, const QSize& size, const std::vector<double>& cursors) {
+/// The place of a table of that size that leaves the cursors free.
+QRect BesideCursors(const QRect& paper, const QSize& size, const std::vector<double>& cursors) {
     const QRect left(paper.topLeft() + QPoint(Padding, Padding + 10), size);
     const int room = paper.width() - size.width() - 2 * Padding;
     std::vector<QRect> places = {left, left.translated(room, 0)};
@@ -177,6 +189,36 @@ QRect StripReadoutBox(const QRect& paper, const QSize& size, const std::vector<d
         [&](const QRect& one, const QRect& other) { return covered(one) < covered(other); });
 }
 
+/// The place of a table of that size at `at` from the paper's corner, with a grip of it on the
+/// paper.
+QRect WhereItWasPut(const QRect& paper, const QSize& size, const QPoint& at) {
+    const auto keep = [](int from, int length, int grip, int room) {
+        const int least = std::min(grip - length, 0);
+        return std::clamp(from, least, std::max(room - grip, least));
+    };
+    const QPoint kept(keep(at.x(), size.width(), TableGrip.width(), paper.width()),
+                      keep(at.y(), size.height(), TableGrip.height(), paper.height()));
+    return {paper.topLeft() + kept, size};
+}
+
+Table TableOf(const StripModel& model, const StripLayers& layers, const StripReadout& readout) {
+    const int notice = model.View.Following() ? 0 : NoticeRoom;
+    return LayOutTable(readout, layers.Layout().Paper.height() - notice);
+}
+
+QRect BoxOf(const Table& table, const StripModel& model, const StripLayers& layers) {
+    const QRect& paper = layers.Layout().Paper;
+    return model.Cursors.TableAt ? WhereItWasPut(paper, table.Size, *model.Cursors.TableAt)
+                                 : BesideCursors(paper, table.Size, CursorColumns(model, layers));
+}
+
+} // namespace
+
+QRect StripReadoutBox(const StripModel& model, const StripLayers& layers) {
+    return model.Cursors.Any() ? BoxOf(TableOf(model, layers, ReadOut(model)), model, layers)
+                               : QRect();
+}
+
 void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLayers& layers) {
     const QRect& paper = layers.Layout().Paper;
     if (model.View.Following() && !model.Cursors.Any()) {
@@ -185,21 +227,18 @@ void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLa
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipRect(paper, Qt::IntersectClip);
-    std::vector<double> shown;
     for (const int cursor : {1 - model.Cursors.Active, model.Cursors.Active}) {
         if (const auto at = model.Cursors.At[static_cast<std::size_t>(cursor)]) {
             const double x = layers.XOf(model, *at);
-            shown.push_back(x);
             if (x >= paper.left() && x <= paper.right() + 1) {
                 PaintCursor(painter, model, layers, cursor, x);
             }
         }
     }
-    if (!shown.empty()) {
+    if (model.Cursors.Any()) {
         const StripReadout readout = ReadOut(model);
-        const int notice = model.View.Following() ? 0 : NoticeRoom;
-        const Table table = LayOutTable(readout, paper.height() - notice);
-        PaintTable(painter, model, readout, table, StripReadoutBox(paper, table.Size, shown));
+        const Table table = TableOf(model, layers, readout);
+        PaintTable(painter, model, readout, table, BoxOf(table, model, layers));
     }
     PaintStandstill(painter, model, paper);
     painter.restore();

@@ -8,7 +8,8 @@ namespace tqx {
 /// that stands still.
 void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLayers& layers);
 
-/// Where the table of read-outs stands in `paper`: at the side that leaves the cursors free.
-QRect StripReadoutBox(const QRect& paper, const QSize& size, const std::vector<double>& cursors);
+/// Where the table of read-outs stands: where the user has put it, else at the side of the paper
+/// that leaves the cursors free. Empty without a cursor.
+QRect StripReadoutBox(const StripModel& model, const StripLayers& layers);
 
 } // namespace tqx

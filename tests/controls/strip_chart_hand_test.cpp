@@ -233,6 +233,30 @@ TEST_F(StripChartHand, TheLegendHidesShowsAndSinglesOut) {
     EXPECT_TRUE(chart.TraceShown(0));
 }
 
+TEST_F(StripChartHand, TheTableOfReadoutsIsDraggedOutOfTheWay) {
+    const QPoint table(90, 90);
+    const QPoint aside(90, 250);
+    const QRect covered(table - QPoint(10, 10), QSize(60, 30));
+    Key(Qt::Key_Space);
+    const QImage bare = chart.Picture();
+    QTest::mouseClick(&chart, Qt::LeftButton, {}, paper);
+    const QString readout = chart.ReadoutText();
+    const QImage before = chart.Picture();
+    QTest::mousePress(&chart, Qt::LeftButton, {}, table);
+    QMouseEvent move(QEvent::MouseMove, aside, chart.mapToGlobal(aside), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&chart, &move);
+    QTest::mouseRelease(&chart, Qt::LeftButton, {}, aside);
+    const QImage moved = chart.Picture();
+    EXPECT_NE(before.copy(covered), bare.copy(covered));
+    EXPECT_EQ(moved.copy(covered), bare.copy(covered)) << "what it covered is in sight";
+    EXPECT_EQ(chart.ReadoutText(), readout) << "neither the cursor nor the view went along";
+    QTest::mouseClick(&chart, Qt::LeftButton, {}, aside);
+    QTest::mouseDClick(&chart, Qt::LeftButton, {}, aside);
+    EXPECT_EQ(chart.Picture(), before) << "a double click lets it find its place again";
+    EXPECT_TRUE(chart.Frozen());
+}
+
 TEST_F(StripChartHand, KeysZoomPanAndShowTheWholeRun) {
     Key(Qt::Key_Plus);
     EXPECT_NEAR(Seconds(), 48, 0.01);
