@@ -1,27 +1,19 @@
-#include "console/control_centre_fixture.h"
+#include "console/control_centre_limits_fixture.h"
 
 #include <console/limit_handles.h>
 #include <console/size_strip_bar.h>
 #include <link/link_error.h>
 
-#include <algorithm>
-#include <cmath>
+#include <array>
 #include <ostream>
+#include <string>
 
 namespace tqx {
 namespace {
 
-double Place(LinearGauge& gauge, int pointer) {
-    gauge.PointerIndex(pointer);
-    return gauge.PointerValue();
-}
-
-void Put(LinearGauge& gauge, int pointer, double value) {
-    gauge.PointerIndex(pointer);
-    gauge.PointerValue(value);
-}
-
-// ---- the rule that keeps the handles apart ----
+using test::ControlCentreLimits;
+using test::Place;
+using test::Put;
 
 struct RuleCase {
     int Row;     ///< whose scale is on the gauge
@@ -70,54 +62,13 @@ INSTANTIATE_TEST_SUITE_P(
                     // nothing keeps a thrown handle on the scale
                     RuleCase{3, 3, 120, 118, 120, 130}, RuleCase{3, 2, -125, -126, -136.16, -126}));
 
-// ---- the user's hand ----
-
-class ControlCentreLimits : public test::ControlCentreTest {
-protected:
-    /// The row on the gauge with these bytes in its limit registers.
-    void PutOnGauge(int row, std::uint8_t lowRegister, std::uint8_t low, std::uint8_t highRegister,
-                    std::uint8_t high) {
-        EnterAndStop();
-        link->Registers[lowRegister] = low;
-        link->Registers[highRegister] = high;
-        Tabs().setCurrentIndex(row < 7 ? 0 : row < 15 ? 1 : 2);
-        Click(Row(row));
-        panel->StopMonitorTimers();
-        link->Take();
+int Count(const std::string& traffic, const std::string& part) {
+    int count = 0;
+    for (auto at = traffic.find(part); at != std::string::npos; at = traffic.find(part, at + 1)) {
+        ++count;
     }
-
-    /// Where a pointer can be taken with the mouse: a handle by its line, a band by its middle.
-    QPoint Grip(int pointer) {
-        const GaugeGeometry& geometry = Gauge().Geometry();
-        const GaugePointer& at = Gauge().Pointers().at(pointer);
-        return (pointer < 2 ? geometry.Band(at) : geometry.HandleLine(at)).center().toPoint();
-    }
-
-    /// Drags a pointer to a value on the scale in a few steps, and lets go.
-    void Drag(int pointer, double value, bool letGo = true) {
-        const QPoint from = Grip(pointer);
-        const QPoint to(from.x(), qRound(Gauge().Geometry().ToY(value)));
-        QTest::mousePress(&Gauge(), Qt::LeftButton, Qt::NoModifier, from);
-        for (int step = 1; step <= 4; ++step) {
-            const QPoint point = from + (to - from) * step / 4;
-            QMouseEvent move(QEvent::MouseMove, point, Gauge().mapToGlobal(point), Qt::NoButton,
-                             Qt::LeftButton, Qt::NoModifier);
-            QApplication::sendEvent(&Gauge(), &move);
-        }
-        if (letGo) {
-            QTest::mouseRelease(&Gauge(), Qt::LeftButton, Qt::NoModifier, to);
-        }
-    }
-
-    static int Count(const std::string& traffic, const std::string& part) {
-        int count = 0;
-        for (auto at = traffic.find(part); at != std::string::npos;
-             at = traffic.find(part, at + 1)) {
-            ++count;
-        }
-        return count;
-    }
-};
+    return count;
+}
 
 TEST_F(ControlCentreLimits, OnThePrinterPortAreWrittenWhenTheHandleIsLetGo) {
     PutOnGauge(3, 0x69, 0, 0x68, 90);
@@ -140,45 +91,6 @@ TEST_F(ControlCentreLimits, OnTheSMBusAreWrittenAtEveryMove) {
     EXPECT_NEAR(link->Registers[0x69], 40, 1);
 }
 
-TEST_F(ControlCentreLimits, ACrossedHandleIsThrownBackBeforeThePrinterPortWritesIt) {
-    PutOnGauge(3, 0x69, 0, 0x68, 50);
-    Drag(2, 60);
-    EXPECT_EQ(Traffic(), "W69=28 W68=32") << "39.84 goes out as 40 degrees";
-}
-
-TEST_F(ControlCentreLimits, ABandOnThePrinterPortTakesBothHandlesAlong) {
-    PutOnGauge(3, 0x69, 10, 0x68, 60);
-    Gauge().PointerIndex(0);
-    Gauge().PointerTo(12);
-    Gauge().MoveByHand(0, 30);
-    EXPECT_EQ(Place(Gauge(), 2), 30);
-    EXPECT_EQ(Place(Gauge(), 3), 32) << "no spacing rule applies";
-    EXPECT_EQ(Traffic(), "W69=1E W68=20");
-    Gauge().PointerIndex(1);
-    EXPECT_EQ(Gauge().PointerFrom(), 30);
-    EXPECT_EQ(Gauge().PointerTo(), 32);
-}
-
-TEST_F(ControlCentreLimits, ABandOnTheSMBusIsPutBackOnTheHandles) {
-    PutOnGauge(3, 0x69, 10, 0x68, 60);
-    ChooseSMBus();
-    Gauge().MoveByHand(0, 30);
-    EXPECT_GE(Count(Traffic(), "W69=A W68=3C"), 1) << "written where the handles stand";
-    Gauge().PointerIndex(0);
-    EXPECT_EQ(Gauge().PointerFrom(), 10);
-    EXPECT_EQ(Gauge().PointerTo(), 60);
-}
-
-TEST_F(ControlCentreLimits, AFanHasOneHandleAndNoRule) {
-    PutOnGauge(7, 0x60, 0xFF, 0x60, 0xFF);
-    Gauge().MoveByHand(2, 10000);
-    EXPECT_EQ(Traffic(), "W60=87");
-    EXPECT_EQ(Gauge().PointerIndex(), 2);
-    Gauge().PointerIndex(3);
-    EXPECT_EQ(Gauge().PointerMouseControl(), 0);
-    EXPECT_EQ(Gauge().PointerWidth(), 0);
-}
-
 TEST_F(ControlCentreLimits, OfAVoltageGoOutAsCounts) {
     PutOnGauge(18, 0x4E, 27, 0x46, 230);
     Row(18).clearFocus();
@@ -186,6 +98,22 @@ TEST_F(ControlCentreLimits, OfAVoltageGoOutAsCounts) {
     EXPECT_EQ(Traffic(), "W4E=1C W46=C9") << "the low limit reads back with its range's lower end";
     Gauge().MoveByHand(2, 0.5);
     EXPECT_EQ(Traffic(), "W4E=8 W46=C9");
+}
+
+TEST_F(ControlCentreLimits, OfAFanGiveWayToTwoHandlesAndBothBandsAgain) {
+    PutOnGauge(7, 0x60, 0xFF, 0x60, 0xFF);
+    for (const int pointer : {0, 1, 3}) {
+        EXPECT_FALSE(IsDrawn(Gauge().Pointers(), pointer)) << pointer;
+        EXPECT_FALSE(IsDraggable(Gauge().Pointers(), pointer)) << pointer;
+    }
+    PutOnGauge(3, 0x69, 10, 0x68, 60);
+    for (const int pointer : {0, 1, 2, 3}) {
+        EXPECT_TRUE(IsDrawn(Gauge().Pointers(), pointer)) << pointer;
+        EXPECT_TRUE(IsDraggable(Gauge().Pointers(), pointer)) << pointer;
+    }
+    Gauge().PointerIndex(1);
+    EXPECT_EQ(Gauge().PointerFrom(), 10);
+    EXPECT_EQ(Gauge().PointerTo(), 60);
 }
 
 TEST_F(ControlCentreLimits, MoveWithTheKeyboardAndSettleWhenTheKeyComesUp) {
@@ -201,17 +129,14 @@ TEST_F(ControlCentreLimits, MoveWithTheKeyboardAndSettleWhenTheKeyComesUp) {
     EXPECT_EQ(Traffic(), "W69=0 W68=5B");
 }
 
-TEST_F(ControlCentreLimits, AreNotWrittenBeforeTheFirstEntryIsDoneNorWithoutAChannel) {
+TEST_F(ControlCentreLimits, AreNotWrittenBeforeTheFirstEntryIsDone) {
     PutOnGauge(3, 0x69, 0, 0x68, 90);
     panel->ControlCentreReady = false;
     Gauge().MoveByHand(2, 20);
     EXPECT_EQ(Traffic(), "");
-    panel->ControlCentreReady = true;
-    for (const int row : {0, 6}) {
-        panel->SelectedChannel = static_cast<std::int16_t>(row);
-        Gauge().MoveByHand(2, 30);
-        EXPECT_EQ(Traffic(), "");
-    }
+    ChooseSMBus();
+    Gauge().MoveByHand(2, 30);
+    EXPECT_EQ(Traffic(), "");
 }
 
 TEST_F(ControlCentreLimits, AFailedWriteLeavesTheHandleFreeForTheNextTry) {
