@@ -53,12 +53,11 @@ constexpr std::array PortTexts{
     ErrorText{ENXIO, "the port is gone", PortGone},
 };
 
-/// Errors of open() on any device node.
 constexpr std::array OpenTexts{
     ErrorText{EBUSY, "another program keeps it to itself", "Close that program."},
     ErrorText{EINTR, "a signal interrupted the call", Repeat},
-    ErrorText{EMFILE, "this program has too many files open", "Start the program again."},
-    ErrorText{ENFILE, "the system has too many files open", "Close other programs."},
+    ErrorText{EMFILE, "too many files open in this program", "Start the program again."},
+    ErrorText{ENFILE, "too many files open in the system", "Close other programs."},
 };
 
 } // namespace
@@ -69,6 +68,10 @@ std::span<const ErrorText> BusErrors() {
 
 std::span<const ErrorText> PortErrors() {
     return PortTexts;
+}
+
+std::span<const ErrorText> OpenErrors() {
+    return OpenTexts;
 }
 
 bool MeansGone(int error) {
@@ -97,7 +100,7 @@ LinkError CannotOpen(KernelFace& kernel, const std::string& node, const std::str
                 "Load the driver: sudo modprobe " + module + ". To have it loaded at every start " +
                     "of the machine, add the line " + module + " to /etc/modules."};
     default:
-        return Failure(what, OpenTexts, error);
+        return Failure(what, OpenErrors(), error);
     }
 }
 

@@ -17,10 +17,11 @@ struct ErrorText {
     std::string_view Advice;
 };
 
-/// Errors of a transfer on an SMBus adapter and of a call on a printer port.
+/// Errors of a transfer on an SMBus adapter, of a call on a printer port, and of opening either.
 /// @{
 std::span<const ErrorText> BusErrors();
 std::span<const ErrorText> PortErrors();
+std::span<const ErrorText> OpenErrors();
 /// @}
 
 /// True for the numbers that tell that a device has gone.

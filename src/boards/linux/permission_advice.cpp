@@ -56,7 +56,7 @@ std::string PermissionAdvice(KernelFace& kernel, const std::string& node) {
         break;
     }
     return node + " (" + Described(*rights) +
-           ") is given to no group of users. A udev rule has to do that; docs/hardware.md has one.";
+           ") is given to no group of users. A udev rule has to do that; the handbook has one.";
 }
 
 } // namespace tqx
