@@ -1,5 +1,7 @@
 #include "search/result_rows.h"
 
+#include <console/number_text.h>
+
 namespace tqx {
 namespace {
 
@@ -18,13 +20,13 @@ QStringView FromEnd(QStringView row, int first, int last) {
 
 QString PrinterPortRow(std::uint8_t address, std::uint16_t portAddress, int number) {
     return QStringLiteral("Found an TQX7716 at:%1h, on printer port:%2h")
-               .arg(Hex(address / 2U), Hex(portAddress)) +
+               .arg(HexText(address / 2U), HexText(portAddress)) +
            QString(PrinterPortBlanks, ' ') + PrinterPortWord + ' ' + QString::number(number);
 }
 
 QString SMBusRow(std::uint8_t address) {
-    return QStringLiteral("An TQX7716 was found at:%1h, on the SMBus").arg(Hex(address)) +
-           QString(SMBusBlanks, ' ') + SMBusWord + Hex(address);
+    return QStringLiteral("An TQX7716 was found at:%1h, on the SMBus").arg(HexText(address)) +
+           QString(SMBusBlanks, ' ') + SMBusWord + HexText(address);
 }
 
 RowTail TailOfRow(QStringView row) {
@@ -40,10 +42,6 @@ RowTail TailOfRow(QStringView row) {
 
 QString SentenceOfRow(const QString& row) {
     return row.left(row.indexOf(QStringLiteral("   "))).trimmed();
-}
-
-QString Hex(std::uint32_t value) {
-    return QString::number(value, 16).toUpper();
 }
 
 } // namespace tqx

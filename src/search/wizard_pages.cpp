@@ -2,6 +2,7 @@
 
 #include "search/result_rows.h"
 
+#include <console/number_text.h>
 #include <controls/look.h>
 
 #include <QCheckBox>
@@ -160,7 +161,7 @@ SearchMedia MediumPage::Checked() const {
 void MediumPage::OfferSMBus(std::uint32_t baseAddress) {
     SMBusSearchDescLBL->setText(Tr("The Southbridge or ICH of Intel chipsets. For unsupported "
                                    "Intel chipsets, enter SMBBA here (Hex)."));
-    SMBusBaseAddressTXT->setText(Hex(baseAddress));
+    SMBusBaseAddressTXT->setText(HexText(baseAddress));
 }
 
 void MediumPage::RefuseSMBus() {

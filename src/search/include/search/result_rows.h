@@ -34,7 +34,4 @@ RowTail TailOfRow(QStringView row);
 /// The part of a row that the user reads: all before the long run of blanks.
 QString SentenceOfRow(const QString& row);
 
-/// `value` as it is shown: upper case without prefix and leading zeros.
-QString Hex(std::uint32_t value);
-
 } // namespace tqx
