@@ -21,6 +21,7 @@ MsgBoxFRM::MsgBoxFRM(QWidget* parent)
     setObjectName("MsgBoxFRM");
     setWindowTitle(tr("Message Box"));
     m_message->setObjectName("MessageLBL");
+    m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);
     m_message->setMinimumWidth(TextWidth);
     m_message->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -12,6 +12,7 @@ void DesktopDialogs::Message(QWidget* parent, Icon icon, const QString& title,
                 : icon == Icon::Exclamation ? QMessageBox::Warning
                                             : QMessageBox::NoIcon);
     box.setWindowTitle(title);
+    box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setStandardButtons(QMessageBox::Ok);
     box.exec();
