@@ -6,7 +6,7 @@ namespace tqx {
 
 Application::Application(int& argc, char** argv)
     : QApplication(argc, argv) {
-    setApplicationDisplayName("TQX7716 Evaluation Software");
+    // No display name: the desktop would add it to the caption of every window.
     // The last window's close is not the end: the wizard hides when the user skips it.
     setQuitOnLastWindowClosed(false);
     look::Apply(*this);
