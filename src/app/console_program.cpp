@@ -4,6 +4,8 @@
 #include "app/end_signals.h"
 #include "app/help_pages.h"
 
+#include <console/link_failure_notice.h>
+
 #include <QIcon>
 #include <QScopedValueRollback>
 
@@ -34,9 +36,8 @@ void ConsoleProgram::LinkFailed(const LinkError& error) {
         return;
     }
     const QScopedValueRollback telling(m_tellingOfFailure, true);
-    m_dialogs.Message(
-        m_wizard.get(), SystemDialogs::Icon::Exclamation, tr("The link to the TQX7716 failed"),
-        QString::fromUtf8(error.what()) + "\n\n" + QString::fromStdString(error.Advice()));
+    const LinkFailureNotice notice = NoticeOf(error);
+    m_dialogs.Message(m_wizard.get(), SystemDialogs::Icon::Exclamation, notice.Title, notice.Text);
 }
 
 void ConsoleProgram::Load() {

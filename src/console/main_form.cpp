@@ -2,6 +2,7 @@
 
 #include "console/block_panel.h"
 #include "console/control_centre.h"
+#include "console/link_failure_notice.h"
 #include "console/msg_box_frm.h"
 #include "console/register_console.h"
 #include "console/toolbar_keys.h"
@@ -21,6 +22,8 @@
 #include <QScopedValueRollback>
 #include <QToolBar>
 #include <QToolButton>
+
+#include <algorithm>
 
 namespace tqx {
 namespace {
@@ -45,6 +48,7 @@ MainForm::MainForm(Bench& bench, ToolWindows& tools, const QString& boardNote, Q
     ConnectPanels();
     resize(1120, 720);
     Load();
+    ShowLinkNotices();
 }
 
 MainForm::~MainForm() {
@@ -113,6 +117,10 @@ void MainForm::ConnectPanels() {
             [this] { OpenEEPROMCom("Register Spy"); });
     connect(m_blockReadCRCPanel, &BlockPanel::CloseAllEEPROMWanted, this,
             &MainForm::CloseAllEEPROMComs);
+}
+
+/// Only once nothing can raise any more: the way leads to a window, which must be there.
+void MainForm::ShowLinkNotices() {
     m_bench.Link.Setup.Notice = [this](std::string_view title, std::string_view message) {
         QVNMsgBox(QString::fromUtf8(title.data(), static_cast<int>(title.size())),
                   QString::fromUtf8(message.data(), static_cast<int>(message.size())), 1);
@@ -133,7 +141,6 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
                                  std::uint8_t okOnly) {
     QWidget* const inFront = QApplication::activeModalWidget();
     MsgBoxFRM box(inFront != nullptr || !isVisible() ? inFront : this);
-    const QScopedValueRollback onView(m_msgBox, &box);
     connect(&box, &MsgBoxFRM::UserResponse, this, [this](std::uint8_t response) {
         m_answered = true;
         m_response = response;
@@ -168,12 +175,15 @@ void MainForm::LinkFailed(const LinkError& error) {
         // The link is down already, and the user hears of it below.
     }
     m_blockReadCRCPanel->Recover();
+    if (std::ranges::all_of(m_panels, &QWidget::isHidden)) {
+        ShowOnly(m_mainPanel); // the failure came between two panels
+    }
     if (m_tellingOfFailure) {
         return;
     }
     const QScopedValueRollback telling(m_tellingOfFailure, true);
-    QVNMsgBox(tr("The link to the TQX7716 failed"),
-              QString::fromUtf8(error.what()) + "\n\n" + QString::fromStdString(error.Advice()), 1);
+    const LinkFailureNotice notice = NoticeOf(error);
+    QVNMsgBox(notice.Title, notice.Text, 1);
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {

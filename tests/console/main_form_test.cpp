@@ -102,6 +102,13 @@ TEST_F(TheMainForm, LoadsInOrderAndThenLeavesTheChipAlone) {
     EXPECT_THAT(link->Take(), IsEmpty());
 }
 
+TEST_F(TheMainForm, ALoadThatFailsLeavesTheLinkNoWayToAWindow) {
+    test::RecordedBench other;
+    other.Link.FailOn = "EEPROMLink.EEPROMWait";
+    EXPECT_THROW(MainForm(other.Bench, tools), LinkError);
+    EXPECT_EQ(other.Bench.Link.Setup.Notice, nullptr);
+}
+
 TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAlone) {
     Press("ReadWrite1");
     EXPECT_EQ(PanelsOnView(), "ReadWritePanel");

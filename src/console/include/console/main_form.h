@@ -16,7 +16,6 @@ namespace tqx {
 struct Bench;
 class BlockPanel;
 class ControlCentre;
-class MsgBoxFRM;
 class RegisterConsole;
 class WelcomePanel;
 
@@ -54,8 +53,8 @@ public:
     void EEPROMComFormCounter(std::int16_t count) { m_eepromComFormCounter = count; }
 
     /// The end of a failed link call, at the top of the application: everything that reads by
-    /// itself stops, burst mode is let go, the block panel can be used again, and the user is told
-    /// once; failures that come while the message stands are not told again.
+    /// itself stops, burst mode is let go, the block panel can be used again, a panel is on view,
+    /// and the user is told once; failures that come while the message stands are not told again.
     void LinkFailed(const LinkError& error);
 
     Bench& TheBench() { return m_bench; }
@@ -71,6 +70,7 @@ private:
     void MakeToolbar(const QString& boardNote);
     void MakePanels();
     void ConnectPanels();
+    void ShowLinkNotices();
     void Load();
 
     void ShowOnly(QWidget* panel);
@@ -96,7 +96,6 @@ private:
     QList<QWidget*> m_panels;
 
     std::int16_t m_eepromComFormCounter = 0;
-    MsgBoxFRM* m_msgBox = nullptr;
     std::uint8_t m_response = 0;
     bool m_answered = false;
     bool m_tellingOfFailure = false;
