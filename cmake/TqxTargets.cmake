@@ -35,17 +35,21 @@ function(tqx_library name)
   endif()
 endfunction()
 
-# tqx_test(NAME [QT] SOURCES ... LINKS ...)
+# tqx_test(NAME [QT [MAIN file]] SOURCES ... LINKS ...)
 #
-# One test program per folder of src/. QT gives it a main of its own with a QApplication on the
-# offscreen platform.
+# One test program per folder of src/. QT gives it a main with a QApplication on the offscreen
+# platform; MAIN takes another main in its place.
 function(tqx_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "MAIN" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock tqx_options)
   if(arg_QT)
-    target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/support/qt_test_main.cpp)
+    if(NOT arg_MAIN)
+      set(arg_MAIN ${PROJECT_SOURCE_DIR}/tests/support/qt_test_main.cpp)
+    endif()
+    target_sources(${name} PRIVATE
+      ${arg_MAIN} ${PROJECT_SOURCE_DIR}/tests/support/qt_leaks.cpp)
     target_link_libraries(${name} PRIVATE Qt6::Test)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
   else()

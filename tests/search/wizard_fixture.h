@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/answered_dialogs.h"
+#include "support/build_info.h"
 #include "support/recorded_bench.h"
 
 #include <search/init_form.h>
@@ -20,18 +21,6 @@
 #include <vector>
 
 namespace tqx::test {
-
-/// An operating system of a given build.
-class BuildInfo : public OSVersionInfo {
-public:
-    explicit BuildInfo(std::string build)
-        : m_build(std::move(build)) {}
-
-    std::string BuildNumber() override { return m_build; }
-
-private:
-    std::string m_build;
-};
 
 /// A wizard on the recording link. What it does to the main window is written down among the
 /// link's calls, so that the order of both is seen.

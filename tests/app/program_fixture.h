@@ -1,0 +1,128 @@
+#pragma once
+
+#include "support/answered_dialogs.h"
+
+#include <app/application.h>
+#include <app/console_program.h>
+#include <console/msg_box_frm.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <memory>
+#include <stdexcept>
+#include <utility>
+
+namespace tqx::test {
+
+/// The whole program under the application's own top, with a user who clicks OK in every message
+/// box that comes up.
+class ProgramTest : public testing::Test {
+protected:
+    AnsweredDialogs dialogs;
+    std::unique_ptr<ConsoleProgram> program;
+    /// The message boxes so far, as "title|text".
+    QStringList boxes;
+    /// What the user does while a message box stands, ahead of the click on OK.
+    std::function<void()> duringBox = [] {};
+
+    ProgramTest() {
+        QObject::connect(&m_boxWatch, &QTimer::timeout, &m_boxWatch, [this] { AnswerBox(); });
+        m_boxWatch.start(0);
+    }
+
+    ~ProgramTest() override { TheApplication().OnLinkError = nullptr; }
+
+    void Start(BoardChoice board) {
+        program = std::make_unique<ConsoleProgram>(std::move(board), dialogs);
+        TheApplication().OnLinkError = [this](const LinkError& error) {
+            program->LinkFailed(error);
+        };
+        QObject::connect(program.get(), &ConsoleProgram::Ended, qApp,
+                         [] { QCoreApplication::exit(0); });
+        program->Start();
+    }
+
+    /// Runs the program with `user` at it until it ends by itself. False when it has to be stopped.
+    static bool EndsBy(std::function<void()> user) {
+        constexpr int patience = 5000; // milliseconds
+        QTimer::singleShot(0, qApp, std::move(user));
+        QTimer stop;
+        stop.setSingleShot(true);
+        QObject::connect(&stop, &QTimer::timeout, qApp, [] { QCoreApplication::exit(1); });
+        stop.start(patience);
+        return QCoreApplication::exec() == 0;
+    }
+
+    template <typename Control = QWidget>
+    static Control& Find(const QWidget& window, const QString& name) {
+        auto* control = window.findChild<Control*>(name);
+        if (control == nullptr) {
+            throw std::runtime_error("no control " + name.toStdString());
+        }
+        return *control;
+    }
+
+    /// The window of that name that is on view; null when there is none.
+    static QWidget* Window(const QString& name) {
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        const auto at = std::find_if(windows.begin(), windows.end(), [&](const QWidget* window) {
+            return window->objectName() == name && window->isVisible();
+        });
+        return at == windows.end() ? nullptr : *at;
+    }
+
+    /// Clicks a control near its left end, where a check box has its box.
+    static void Click(const QWidget& window, const QString& name) {
+        auto& control = Find(window, name);
+        QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
+    }
+
+    void ClickWizard(const char* name) { Click(*program->Wizard(), name); }
+
+    void Press(const char* toolbarKey) { Click(Find(*program->Main(), "Toolbar1"), toolbarKey); }
+
+    /// Goes through the wizard to the list of chips, with both media searched.
+    void Search() {
+        ClickWizard("NextCMD");
+        auto& smbus = Find<QCheckBox>(*program->Wizard(), "SMBusCheck");
+        smbus.setChecked(true);
+        ClickWizard("NextCMD");
+    }
+
+    /// Goes through the wizard to the main window, on the chip of that row.
+    void Choose(int row) {
+        Search();
+        Find<QListWidget>(*program->Wizard(), "SearchResultsLIST").setCurrentRow(row);
+        ClickWizard("FinishCMD");
+    }
+
+    /// Everything that the user was told.
+    QStringList Told() const { return dialogs.Messages + boxes; }
+
+private:
+    static Application& TheApplication() { return *static_cast<Application*>(qApp); }
+
+    void AnswerBox() {
+        auto* box = qobject_cast<MsgBoxFRM*>(QApplication::activeModalWidget());
+        if (box == nullptr) {
+            return;
+        }
+        boxes << box->windowTitle() + "|" + Find<QLabel>(*box, "MessageLBL").text();
+        m_boxWatch.stop(); // what is done meanwhile may serve events
+        duringBox();
+        m_boxWatch.start(0);
+        Click(*box, "OKCMD");
+    }
+
+    QTimer m_boxWatch;
+};
+
+} // namespace tqx::test
