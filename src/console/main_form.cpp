@@ -147,6 +147,9 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
     });
     box.SetUp(title, message, okOnly == 1);
     box.exec();
+    if (box.isVisible()) {
+        return 0; // the program ends around the box: nobody has agreed to anything
+    }
     return m_answered ? m_response : 0;
 }
 

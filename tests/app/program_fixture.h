@@ -30,12 +30,12 @@ protected:
     std::unique_ptr<ConsoleProgram> program;
     /// The message boxes so far, as "title|text".
     QStringList boxes;
-    /// What the user does while a message box stands, ahead of the click on OK.
+    /// What the user does while a message box stands, ahead of the click on OK. No click comes
+    /// where it ends the program.
     std::function<void()> duringBox = [] {};
 
     ProgramTest() {
         QObject::connect(&m_boxWatch, &QTimer::timeout, &m_boxWatch, [this] { AnswerBox(); });
-        m_boxWatch.start(0);
     }
 
     ~ProgramTest() override { TheApplication().OnLinkError = nullptr; }
@@ -45,8 +45,12 @@ protected:
         TheApplication().OnLinkError = [this](const LinkError& error) {
             program->LinkFailed(error);
         };
-        QObject::connect(program.get(), &ConsoleProgram::Ended, qApp,
-                         [] { QCoreApplication::exit(0); });
+        m_ended = false;
+        m_boxWatch.start(0);
+        QObject::connect(program.get(), &ConsoleProgram::Ended, qApp, [this] {
+            m_ended = true;
+            QCoreApplication::exit(0);
+        });
         program->Start();
     }
 
@@ -118,11 +122,15 @@ private:
         boxes << box->windowTitle() + "|" + Find<QLabel>(*box, "MessageLBL").text();
         m_boxWatch.stop(); // what is done meanwhile may serve events
         duringBox();
+        if (m_ended) {
+            return;
+        }
         m_boxWatch.start(0);
         Click(*box, "OKCMD");
     }
 
     QTimer m_boxWatch;
+    bool m_ended = false;
 };
 
 } // namespace tqx::test

@@ -109,6 +109,17 @@ TEST_F(SimulatorTest, EndsFromWithinAModalWindow) {
     }
 }
 
+/// The box before was answered OK, but this question was not.
+TEST_F(SimulatorTest, AnEndWhileItAsksInitializesNothing) {
+    Choose(0);
+    Press("Go1");
+    WriteAt(program->TheBench().Bus, reg::Mask6, 0x00);
+    duringBox = [this] { program->End(); };
+    EXPECT_TRUE(EndsBy([this] { Press("Go1"); }));
+    EXPECT_THAT(boxes, testing::SizeIs(2));
+    EXPECT_EQ(ReadAt(program->TheBench().Bus, reg::Mask6), 0x00);
+}
+
 /// The desktop shows a caption as it is set.
 TEST_F(SimulatorTest, NothingIsAddedToTheCaptionsOfTheWindows) {
     EXPECT_EQ(QApplication::applicationDisplayName(), QApplication::applicationName());

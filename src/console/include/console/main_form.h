@@ -38,7 +38,7 @@ public:
     /// other value offers Cancel too. 1 for OK, 0 for Cancel.
     ///
     /// A box that its own close control closes gives the answer of the box before it, and 0 where
-    /// there was none. Timers go on behind the box.
+    /// there was none; one that stands while the program ends gives 0. Timers go on behind the box.
     std::uint8_t QVNMsgBox(const QString& title, const QString& message, std::uint8_t okOnly);
 
     void StartMonitorTimers();
