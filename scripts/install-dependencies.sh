@@ -16,6 +16,7 @@ tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
 ci=(
     clang-format clang-tidy
     clang libclang-rt-dev                                  # fuzzing
+    gcovr                                                  # coverage
     appstream desktop-file-utils dpkg-dev lintian mandoc   # check the package
     qemu-system-x86 busybox-static cpio kmod make    # the machine of scripts/kernel-test.sh
     linux-headers-amd64                              # and its board model
