@@ -6,16 +6,22 @@
 #include <controls/strip_chart.h>
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QMouseEvent>
 #include <QTabBar>
 #include <QTabWidget>
+#include <QWheelEvent>
 
 namespace tqx {
 namespace {
 
-constexpr int Row12V = 18;
 constexpr int RowFan0 = 7;
+constexpr int RowMinus12V = 17;
+constexpr int Row12V = 18;
 constexpr int PagesBelowReading = 6; ///< of the high handle, from its default down past +12 V
 constexpr std::uint8_t HighLimit12V = 0x46;
+constexpr std::uint8_t HighLimitMinus12V = 0x47;
+constexpr double HighLimitDraggedTo = -6; ///< V, for the negative rail
 
 /// A chart on the tour's own time, so that a minute is on view in a few seconds.
 StripClock FastClock(const TourClock& clock) {
@@ -26,6 +32,19 @@ StripClock FastClock(const TourClock& clock) {
                     return wall + std::chrono::duration_cast<std::chrono::system_clock::duration>(
                                       clock.Now());
                 }};
+}
+
+/// Sends a move of the mouse with its left button down.
+void DragTo(QWidget& widget, const QPoint& at) {
+    QMouseEvent move(QEvent::MouseMove, at, widget.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&widget, &move);
+}
+
+void TurnWheel(QWidget& widget, const QPoint& at, int notches, Qt::KeyboardModifiers modifiers) {
+    QWheelEvent turn(at, widget.mapToGlobal(at), QPoint(), QPoint(0, 120 * notches), Qt::NoButton,
+                     modifiers, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&widget, &turn);
 }
 
 } // namespace
@@ -63,11 +82,30 @@ void Tour::ShowControlCentre() {
     Expect(gauge.Caption().endsWith(" V"), "the gauge shows a voltage");
     Shoot(Main(), "control-centre-voltages");
 
-    ShowLimitDrag();
+    ShowNegativeRail();
+    ShowLimitHeld();
     ShowChartTools();
 }
 
-void Tour::ShowLimitDrag() {
+void Tour::ShowNegativeRail() {
+    auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
+    PickRow(RowMinus12V);
+    Watch(300);
+    Expect(gauge.Caption().startsWith("-"), "the gauge shows a negative voltage");
+    const std::uint8_t before = m_board.TheChip().Read(HighLimitMinus12V);
+    const GaugeGeometry& geometry = gauge.Geometry();
+    const QPoint from = geometry.HandleLine(gauge.Pointers().at(HighHandle)).center().toPoint();
+    const QPoint to(from.x(), qRound(geometry.ToY(HighLimitDraggedTo)));
+    QTest::mousePress(&gauge, Qt::LeftButton, {}, from);
+    DragTo(gauge, (from + to) / 2);
+    DragTo(gauge, to);
+    Shoot(Main(), "control-centre-handle-dragged");
+    QTest::mouseRelease(&gauge, Qt::LeftButton, {}, to);
+    Expect(m_board.TheChip().Read(HighLimitMinus12V) < before, "the dragged limit is in the chip");
+    PickRow(Row12V);
+}
+
+void Tour::ShowLimitHeld() {
     auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
     auto& lamp = Find<AlarmLamp>(Main(), "SSPanel11(8)");
     Expect(!lamp.Value(), "+12V stands within its limits");
@@ -83,7 +121,7 @@ void Tour::ShowLimitDrag() {
     Serve(60);
     Shoot(Main(), "control-centre-handle-held");
     QTest::keyRelease(&gauge, Qt::Key_PageDown);
-    Expect(m_board.TheChip().Read(HighLimit12V) < before, "the dragged limit is in the chip");
+    Expect(m_board.TheChip().Read(HighLimit12V) < before, "the moved limit is in the chip");
     WaitFor("the lamp of +12V is lit", [&] { return lamp.Value(); });
     Watch(300);
     Shoot(Main(), "control-centre-alarm");
@@ -91,12 +129,18 @@ void Tour::ShowLimitDrag() {
 
 void Tour::ShowChartTools() {
     auto& chart = Find<StripChart>(Main(), "MainStripChart");
+    Watch(2500); // nothing is read while a picture is saved
     chart.setFocus();
     QTest::keyClick(&chart, Qt::Key_Space);
     Expect(chart.Frozen(), "Space freezes the chart");
     Shoot(Main(), "chart-frozen");
-    QTest::keyClick(&chart, Qt::Key_Plus);
-    QTest::keyClick(&chart, Qt::Key_Plus);
+    const std::chrono::nanoseconds minute = chart.TimeOnView();
+    const QPoint among5V(chart.width() / 2, chart.height() * 5 / 8);
+    TurnWheel(chart, among5V, 4, {});
+    TurnWheel(chart, among5V, 4, Qt::ControlModifier);
+    Expect(chart.TimeOnView() < minute && chart.HighOnView() < chart.YHigh(), "the wheel zooms");
+    Shoot(Main(), "chart-zoomed");
+    TurnWheel(chart, among5V, -4, Qt::ControlModifier);
     QTest::keyClick(&chart, Qt::Key_1);
     for (int step = 0; step < 12; ++step) {
         QTest::keyClick(&chart, Qt::Key_Left);

@@ -50,7 +50,8 @@ private:
     void ShowBlockPanel();
     void ShowToolWindows();
 
-    void ShowLimitDrag();
+    void ShowNegativeRail();
+    void ShowLimitHeld();
     void ShowChartTools();
     void ShowRefusedBlocks();
     void ShowRegisterAccess();
