@@ -6,8 +6,8 @@
 #include <controls/look.h>
 #include <controls/percent_bar.h>
 #include <device/bench.h>
+#include <device/eeprom_map.h>
 #include <simulated/simulated_board.h>
-#include <tools/eeprom_pages.h>
 #include <tools/register_dump_frm.h>
 
 #include <QAbstractButton>

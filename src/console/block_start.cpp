@@ -1,6 +1,6 @@
 #include "block_start.h"
 
-#include "console/number_text.h"
+#include "console/high_byte_combo.h"
 
 #include <controls/look.h>
 
@@ -8,25 +8,15 @@
 #include <QLabel>
 
 namespace tqx {
-namespace {
-
-/// The EEPROM's first and last high byte.
-constexpr unsigned FirstHighByte = 0x80;
-constexpr unsigned LastHighByte = 0x9F;
-
-} // namespace
 
 BlockStart::BlockStart(QWidget* parent)
     : QGroupBox("Start Position:", parent)
     , m_accessEEPROM(new QCheckBox("Access EEPROM"))
-    , m_highByte(new QComboBox)
+    , m_highByte(new HighByteCombo)
     , m_lowByte(new NumberEntry(NumberEntry::Hexadecimal)) {
     m_accessEEPROM->setObjectName("AccessEEPROMCHK");
     m_accessEEPROM->setToolTip(tr("Ticked: blocks go to the EEPROM. Unticked: to the registers"));
-    m_highByte->setObjectName("EEPROMHighByteCOMBO");
-    m_highByte->setAccessibleName(tr("High byte of the EEPROM address"));
     m_highByte->setToolTip(tr("High byte of the EEPROM address"));
-    m_highByte->setFont(look::NumbersFont());
     m_highByte->setEnabled(false);
     m_lowByte->setObjectName("LowByteTXT");
     m_lowByte->setAccessibleName(tr("Low byte of the EEPROM address, or the register"));
@@ -45,15 +35,11 @@ BlockStart::BlockStart(QWidget* parent)
 }
 
 void BlockStart::Load() {
-    m_highByte->clear();
-    for (unsigned high = FirstHighByte; high <= LastHighByte; ++high) {
-        m_highByte->addItem(HexText(high));
-    }
     m_highByte->setCurrentIndex(0);
 }
 
 std::uint8_t BlockStart::HighByte() const {
-    return ByteOf(m_highByte->currentText(), 16).value_or(FirstHighByte);
+    return m_highByte->Value();
 }
 
 std::uint8_t BlockStart::LowByte() const {

@@ -3,12 +3,13 @@
 #include <controls/number_entry.h>
 
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGroupBox>
 
 #include <cstdint>
 
 namespace tqx {
+
+class HighByteCombo;
 
 /// "Start Position:": where in the chip a block starts.
 class BlockStart : public QGroupBox {
@@ -17,7 +18,7 @@ class BlockStart : public QGroupBox {
 public:
     explicit BlockStart(QWidget* parent = nullptr);
 
-    /// Fills the list of high bytes and selects its first row.
+    /// Selects the first of the high bytes.
     void Load();
 
     /// True: the EEPROM; False: the RAM registers.
@@ -29,7 +30,7 @@ public:
 
 private:
     QCheckBox* m_accessEEPROM;
-    QComboBox* m_highByte;
+    HighByteCombo* m_highByte;
     NumberEntry* m_lowByte;
 };
 

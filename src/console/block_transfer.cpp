@@ -7,6 +7,7 @@
 #include "pec_results.h"
 
 #include <device/bench.h>
+#include <device/eeprom_map.h>
 #include <device/register_addresses.h>
 
 #include <QPushButton>
@@ -22,10 +23,9 @@ namespace {
 constexpr std::uint8_t WriteCommand = 0xA0;
 constexpr std::uint8_t ReadCommand = 0xA1;
 
-/// Values of "EEPROM3" (13h): the mode bit, with "Clock Extend".
-constexpr std::uint8_t ReadMode = 0x81;
-constexpr std::uint8_t WriteMode = 0x82;
-constexpr std::uint8_t WriteProtectBit = 0x08;
+/// Values of "EEPROM 3" (13h).
+constexpr std::uint8_t ReadMode = eeprom::ReadBit | eeprom::ClockExtendBit;
+constexpr std::uint8_t WriteMode = eeprom::WriteBit | eeprom::ClockExtendBit;
 
 /// The chip takes this long for a byte of a block write, in seconds.
 constexpr float WriteByteDelay = 0.001F;
@@ -200,7 +200,7 @@ bool BlockTransfer::WriteProtected() {
     // Read twice: the second byte counts.
     Bus().ReadByte(Bus().SlaveAddress(), reg::EEPROM3);
     const std::uint8_t mode = Bus().ReadByte(Bus().SlaveAddress(), reg::EEPROM3);
-    return (mode & WriteProtectBit) != 0;
+    return (mode & eeprom::WriteProtectBit) != 0;
 }
 
 void BlockTransfer::KeepByteCountInBlock() {

@@ -1,11 +1,10 @@
 #include "tools/eeprom_com_frm.h"
 
-#include "tools/eeprom_pages.h"
-#include "tools/high_byte_combo.h"
-
+#include <console/high_byte_combo.h>
 #include <console/number_text.h>
 #include <controls/number_entry.h>
 #include <device/bench.h>
+#include <device/eeprom_map.h>
 
 #include <QCheckBox>
 #include <QGroupBox>

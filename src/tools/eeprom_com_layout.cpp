@@ -1,7 +1,7 @@
 #include "form_parts.h"
 #include "tools/eeprom_com_frm.h"
-#include "tools/high_byte_combo.h"
 
+#include <console/high_byte_combo.h>
 #include <controls/look.h>
 
 #include <QCheckBox>

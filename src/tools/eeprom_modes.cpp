@@ -1,5 +1,6 @@
 #include "tools/eeprom_modes.h"
 
+#include <device/eeprom_map.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
 
@@ -8,13 +9,7 @@
 namespace tqx {
 namespace {
 
-/// Bits of "EEPROM 3".
-/// @{
-constexpr int ReadBit = 0x01;
-constexpr int WriteBit = 0x02;
-constexpr int EraseBit = 0x04;
-constexpr int WriteProtectBit = 0x08;
-/// @}
+constexpr int ModeBits = eeprom::ReadBit | eeprom::WriteBit | eeprom::EraseBit;
 
 } // namespace
 
@@ -23,24 +18,24 @@ EEPROMModes::EEPROMModes(LinkNewComPort& bus, MessageDoor door)
     , m_door(std::move(door)) {}
 
 void EEPROMModes::SelectReadMode() {
-    Write((ReadAt(m_bus, reg::EEPROM3) & 0xF9) | ReadBit);
+    Write((ReadAt(m_bus, reg::EEPROM3) & ~ModeBits) | eeprom::ReadBit);
 }
 
 void EEPROMModes::SelectWriteMode() {
-    Write((ReadAndWarn() & 0xFA) | WriteBit);
+    Write((ReadAndWarn() & ~ModeBits) | eeprom::WriteBit);
 }
 
 void EEPROMModes::SelectEraseMode() {
-    Write((ReadAndWarn() & 0xFC) | EraseBit);
+    Write((ReadAndWarn() & ~ModeBits) | eeprom::EraseBit);
 }
 
 void EEPROMModes::EndErase() {
-    Write(ReadAndWarn() & 0xF0);
+    Write(ReadAndWarn() & ~(ModeBits | eeprom::WriteProtectBit));
 }
 
 std::uint8_t EEPROMModes::ReadAndWarn() {
     const std::uint8_t value = ReadAt(m_bus, reg::EEPROM3);
-    if ((value & WriteProtectBit) != 0) {
+    if ((value & eeprom::WriteProtectBit) != 0) {
         m_door("A problem was detected",
                "Can not write to the TQX7716 EEPROM, the write protect bit is set.", 1);
     }

@@ -1,8 +1,8 @@
 #include "tools/erase_eeprom_frm.h"
 
 #include "form_parts.h"
-#include "tools/high_byte_combo.h"
 
+#include <console/high_byte_combo.h>
 #include <console/number_text.h>
 #include <controls/look.h>
 #include <device/bench.h>

@@ -1,7 +1,6 @@
 #include "tools/gpio_config_frm.h"
 
-#include "tools/hand_combo.h"
-
+#include <controls/hand_combo.h>
 #include <device/bench.h>
 
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #include "form_parts.h"
 #include "tools/gpio_config_frm.h"
-#include "tools/hand_combo.h"
 
+#include <controls/hand_combo.h>
 #include <controls/look.h>
 
 #include <QGridLayout>

@@ -1,8 +1,8 @@
 #include "tools/register_dump.h"
 
 #include "tools/dump_file.h"
-#include "tools/eeprom_pages.h"
 
+#include <device/eeprom_map.h>
 #include <link/link_error.h>
 
 namespace tqx {

@@ -1,9 +1,9 @@
 #include "tools/tool_fixture.h"
 
+#include <console/high_byte_combo.h>
 #include <console/random_fill.h>
 #include <controls/number_entry.h>
 #include <tools/eeprom_com_frm.h>
-#include <tools/high_byte_combo.h>
 
 #include <QLabel>
 #include <QProgressBar>

@@ -33,7 +33,7 @@ public:
     ~BlockPanel() override;
 
     /// Its part of the main window's load: `EraseEPROMCMD` stays usable only while the link starts
-    /// on the printer port, and the list of high bytes is filled.
+    /// on the printer port, and the list of high bytes stands on its first row.
     void Load();
     /// The panel comes on view: shows the chip's slave address.
     void Enter();

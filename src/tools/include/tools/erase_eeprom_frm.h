@@ -1,9 +1,10 @@
 #pragma once
 
 #include "tools/eeprom_modes.h"
-#include "tools/eeprom_pages.h"
 #include "tools/tool_window.h"
 #include "tools/wait.h"
+
+#include <device/eeprom_map.h>
 
 #include <array>
 #include <cstdint>

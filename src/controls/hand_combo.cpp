@@ -1,4 +1,4 @@
-#include "tools/hand_combo.h"
+#include "controls/hand_combo.h"
 
 #include <QWheelEvent>
 

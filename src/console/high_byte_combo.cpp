@@ -1,9 +1,8 @@
-#include "tools/high_byte_combo.h"
-
-#include "tools/eeprom_pages.h"
+#include "console/high_byte_combo.h"
 
 #include <console/number_text.h>
 #include <controls/look.h>
+#include <device/eeprom_map.h>
 
 namespace tqx {
 

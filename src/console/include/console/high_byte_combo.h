@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/hand_combo.h"
+#include <controls/hand_combo.h>
 
 #include <cstdint>
 
