@@ -191,6 +191,11 @@ void BlockPanel::Connect() {
 
 void BlockPanel::Run(QPushButton* button, void (BlockTransfer::*transfer)()) {
     const bool focused = button->hasFocus();
+    if (focused) {
+        // A button that is disabled would hand the focus on, and the box that gets it selects its
+        // byte.
+        setFocus();
+    }
     (*m_transfer.*transfer)();
     if (focused) {
         button->setFocus();

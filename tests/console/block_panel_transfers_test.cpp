@@ -2,6 +2,7 @@
 #include "support/recorded_bench.h"
 
 #include <QColor>
+#include <QSignalSpy>
 
 namespace tqx {
 namespace {
@@ -186,12 +187,14 @@ TEST_F(BlockPanelTransfers, ALinkErrorPassesAndThePanelCanBeUsedAgain) {
 }
 
 TEST_F(BlockPanelTransfers, TheButtonPressedByKeyKeepsTheFocus) {
+    const QSignalSpy selections(&panel.WriteBox(1), &QLineEdit::selectionChanged);
     for (const char* name : {"BlockReadCMD", "BlockWriteCMD"}) {
         auto& button = panel.Find(name);
         button.setFocus();
         QTest::keyClick(&button, Qt::Key_Space);
         EXPECT_TRUE(button.hasFocus()) << name;
     }
+    EXPECT_EQ(selections.count(), 0) << "the focus wandered on while the buttons were disabled";
 }
 
 TEST_F(BlockPanelTransfers, TheBoardsBusIsUsedWhateverTheMedium) {
