@@ -22,10 +22,12 @@ constexpr int RowHeight = 9 * look::Grid;
 constexpr int NotesWidth = 220;
 constexpr std::chrono::milliseconds AutoReadInterval{100};
 
-QCheckBox* CheckBox(const QString& text, const QString& name, const QString& tooltip) {
+QCheckBox* CheckBox(const QString& text, const QString& name, const QString& tooltip,
+                    const QString& shortcut) {
     auto* box = new QCheckBox(text);
     box->setObjectName(name);
-    box->setToolTip(tooltip);
+    box->setShortcut(QKeySequence(shortcut));
+    box->setToolTip(QStringLiteral("%1 (%2)").arg(tooltip, shortcut));
     return box;
 }
 
@@ -59,6 +61,7 @@ void EEPROMComFRM::MakeLayout() {
 QGroupBox* EEPROMComFRM::MakeRows() {
     QGroupBox* frame = Frame("RWFrame", tr("Rows"));
     auto* grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(0);
     grid->addWidget(parts::Heading(tr("Address"), "AddressHeading"), 0, 1, Qt::AlignRight);
     grid->addWidget(parts::Heading(tr("Read"), "ReadHeading"), 0, 2, Qt::AlignRight);
@@ -75,6 +78,7 @@ QGroupBox* EEPROMComFRM::MakeRows() {
 QGroupBox* EEPROMComFRM::MakeLegend() {
     QGroupBox* frame = Frame("LegendFrame", "Legend");
     auto* line = new QHBoxLayout(frame);
+    line->setSpacing(4 * look::Grid);
     QLabel* address = parts::Label("Address Pointer", "AddressPointerLegend");
     look::SetInk(*address, look::DarkBlueInk);
     QLabel* read = parts::Label("Read Data", "ReadDataLegend");
@@ -114,11 +118,13 @@ QGroupBox* EEPROMComFRM::MakeEEPROM() {
     QGroupBox* frame = Frame("EEPROMFrame", "EEPROM");
     m_accessEEPROMCHK = CheckBox("Access EEPROM", "AccessEEPROMCHK",
                                  tr("The rows stand for bytes of the EEPROM instead of registers. "
-                                    "The EEPROM is reached over the printer port only."));
+                                    "The EEPROM is reached over the printer port only."),
+                                 "Alt+A");
     m_eraseEEPROMCHK =
         CheckBox("Erase EEPROM before writes", "EraseEEPROMCHK",
                  tr("Write All erases the 256 bytes at the high byte first; a single row cannot be "
-                    "written then"));
+                    "written then"),
+                 "Alt+E");
     m_eepromHighByteCOMBO = new HighByteCombo;
     m_eepromHighByteCOMBO->setToolTip(tr("High address byte of all rows in the EEPROM"));
     QLabel* ramHighByte = parts::NumberLabel("00", "EEPROMHighByteLBL", look::BodyInk);
