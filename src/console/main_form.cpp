@@ -145,6 +145,9 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
         m_answered = true;
         m_response = response;
     });
+    if (box.parentWidget() != nullptr) {
+        box.setWindowModality(Qt::WindowModal); // a window that is none of the console's goes on
+    }
     box.SetUp(title, message, okOnly == 1);
     box.exec();
     if (box.isVisible()) {

@@ -15,6 +15,9 @@ void DesktopDialogs::Message(QWidget* parent, Icon icon, const QString& title,
     box.setTextFormat(Qt::PlainText);
     box.setText(text);
     box.setStandardButtons(QMessageBox::Ok);
+    if (parent != nullptr) {
+        box.setWindowModality(Qt::WindowModal); // a window that is none of the console's goes on
+    }
     box.exec();
 }
 

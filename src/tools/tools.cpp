@@ -141,7 +141,9 @@ void Tools::ShowModal(MainForm& main, QPointer<Window>& instance, std::unique_pt
     StandBefore(main, *window);
     QEventLoop loop;
     connect(window.get(), &ToolWindow::Unloaded, &loop, &QEventLoop::quit);
-    window->setWindowModality(Qt::ApplicationModal);
+    // Before the main window it blocks that and all that stand before it, and no others.
+    const bool before = window->windowHandle()->transientParent() != nullptr;
+    window->setWindowModality(before ? Qt::WindowModal : Qt::ApplicationModal);
     window->show();
     loop.exec(QEventLoop::DialogExec);
 }
