@@ -1,0 +1,43 @@
+#pragma once
+
+#include "board_parts.h"
+
+#include <simulated/faults.h>
+
+#include <array>
+
+class QGridLayout;
+
+namespace tqx {
+
+class SimulatedBoard;
+
+/// The faults that the board can be asked for, each off, always on, or on at every nth occasion.
+class FaultsPage : public BoardPage {
+    Q_OBJECT
+
+public:
+    explicit FaultsPage(SimulatedBoard& board);
+
+    /// How many faults are switched on.
+    int CountOn() const;
+
+Q_SIGNALS:
+    void Changed();
+
+private:
+    struct Line {
+        HandList* When = nullptr;
+        HandNumber* Nth = nullptr;
+    };
+
+    void MakeLine(QGridLayout& grid, int index);
+    void ShowFault(int index);
+    void SetFault(int index);
+    void SwitchAllOff();
+
+    SimulatedBoard& m_board;
+    std::array<Line, FaultCount> m_lines;
+};
+
+} // namespace tqx

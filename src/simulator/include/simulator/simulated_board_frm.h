@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class QTabWidget;
+
+namespace tqx {
+
+class BoardPage;
+class FaultsPage;
+class SimulatedBoard;
+
+/// The simulated board's own window: what a bench would give around the chip, and a trace of the
+/// bus beneath the console.
+///
+/// It works on the board itself, never over the link, and shows how it stands a few times a second
+/// while it is on view. Closing it only puts it away; F12 in any window of the program brings it
+/// back.
+class SimulatedBoardFRM : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The board must outlive the window.
+    explicit SimulatedBoardFRM(SimulatedBoard& board);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    QWidget* MakeBanner();
+    void MakePages(SimulatedBoard& board);
+    void AddPage(BoardPage* page, const QString& name, const QString& caption);
+    void Refresh();
+    void ShowFaultCount();
+    void BringToFront();
+
+    QTimer m_refresh;
+    QTabWidget* m_tabs = nullptr;
+    FaultsPage* m_faults = nullptr;
+};
+
+} // namespace tqx

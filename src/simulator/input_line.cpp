@@ -1,0 +1,113 @@
+#include "input_line.h"
+
+#include <controls/look.h>
+#include <simulated/simulated_board.h>
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QSignalBlocker>
+
+namespace tqx {
+namespace {
+
+constexpr int SliderWidth = 22 * look::Grid; // at least
+constexpr int PagesOfASlider = 10;
+
+} // namespace
+
+InputLine::InputLine(SimulatedBoard& board, ChipInput input, QGridLayout& grid, int row)
+    : QObject(grid.parentWidget())
+    , m_board(board)
+    , m_input(input)
+    , m_range(RangeOf(input)) {
+    MakeControls();
+    NameControls();
+    ConnectControls();
+    int column = 0;
+    for (QWidget* control : std::initializer_list<QWidget*>{new QLabel(m_range.Caption), m_value,
+                                                            m_hold, m_box, m_slider}) {
+        grid.addWidget(control, row, column++);
+    }
+    ShowSetting(m_board.ValueAt(m_input));
+}
+
+void InputLine::MakeControls() {
+    m_value =
+        boardparts::Readout(boardparts::MemberName("InputValueLBL", static_cast<int>(m_input)),
+                            m_range.Text(m_range.Min));
+    m_hold = new QCheckBox(tr("Hold"));
+    m_hold->setChecked(m_board.TheChip().ThePlant().IsForced(m_input));
+    m_box = new HandValue;
+    m_box->setFont(look::NumbersFont());
+    m_box->setRange(m_range.Min, m_range.Max);
+    m_box->setDecimals(m_range.Decimals);
+    m_box->setSingleStep(m_range.Step);
+    m_box->setAlignment(Qt::AlignRight);
+    m_box->setKeyboardTracking(false); // half a number is not held
+    m_slider = new HandSlider;
+    m_slider->setOrientation(Qt::Horizontal);
+    m_slider->setRange(0, m_range.LastPosition());
+    m_slider->setPageStep(m_range.LastPosition() / PagesOfASlider);
+    m_slider->setMinimumWidth(SliderWidth);
+}
+
+void InputLine::NameControls() {
+    const int index = static_cast<int>(m_input);
+    const QString range = tr("%1 to %2 %3")
+                              .arg(m_range.Min, 0, 'f', m_range.Decimals)
+                              .arg(m_range.Max, 0, 'f', m_range.Decimals)
+                              .arg(m_range.Unit);
+    const QString note = SharedPinNote(m_input);
+    m_value->setToolTip(tr("What is at the pin now. %1").arg(note).trimmed());
+    boardparts::Name(
+        *m_hold, boardparts::MemberName("HoldCHK", index), tr("Hold %1").arg(m_range.Caption),
+        tr("Keeps %1 at the value on the right; clear, it runs by itself").arg(m_range.Caption));
+    boardparts::Name(*m_box, boardparts::MemberName("HoldTXT", index),
+                     tr("%1, value to hold").arg(m_range.Caption),
+                     tr("%1: set a value to hold it").arg(range));
+    boardparts::Name(*m_slider, boardparts::MemberName("HoldSlider", index),
+                     tr("%1, slider").arg(m_range.Caption), m_box->toolTip());
+}
+
+void InputLine::ConnectControls() {
+    connect(m_hold, &QCheckBox::toggled, this, [this](bool hold) {
+        if (hold) {
+            HoldAt(m_box->value());
+        } else {
+            LetRun();
+        }
+    });
+    connect(m_box, &QDoubleSpinBox::valueChanged, this, &InputLine::HoldAt);
+    connect(m_slider, &QSlider::valueChanged, this,
+            [this](int position) { HoldAt(m_range.ValueAt(position)); });
+}
+
+void InputLine::Refresh() {
+    const double value = m_board.ValueAt(m_input);
+    m_value->setText(m_board.Powered() ? m_range.Text(value) : QStringLiteral("---"));
+    if (!m_hold->isChecked() && !m_box->hasFocus()) { // nobody is typing
+        ShowSetting(value);
+    }
+}
+
+void InputLine::LetRun() {
+    m_board.TheChip().ThePlant().Release(m_input);
+    Refresh();
+}
+
+void InputLine::HoldAt(double value) {
+    m_board.TheChip().ThePlant().Force(m_input, value);
+    const QSignalBlocker quiet(m_hold);
+    m_hold->setChecked(true);
+    ShowSetting(value);
+    Refresh();
+}
+
+void InputLine::ShowSetting(double value) {
+    const QSignalBlocker quietBox(m_box);
+    const QSignalBlocker quietSlider(m_slider);
+    m_box->setValue(value);
+    m_slider->setValue(m_range.PositionOf(value));
+}
+
+} // namespace tqx

@@ -1,0 +1,158 @@
+#include "pins_page.h"
+
+#include <controls/look.h>
+#include <simulated/simulated_board.h>
+
+#include <QCheckBox>
+#include <QFormLayout>
+#include <QGroupBox>
+#include <QVBoxLayout>
+
+namespace tqx {
+namespace {
+
+constexpr int LinesInAColumn = 9;
+constexpr int ColumnsOfALine = 4;
+constexpr int ThermLine = 16;
+constexpr std::array Addresses{0x58, 0x5A, 0x5C};
+
+QString UseText(int line, PinUse use) {
+    switch (use) {
+    case PinUse::Input:
+        return "input";
+    case PinUse::Output:
+        return "output";
+    case PinUse::OtherFunction:
+        break;
+    }
+    return line == ThermLine ? QStringLiteral("THERM") : QStringLiteral("Fan %1").arg(line);
+}
+
+QString AddressText(int address) {
+    return QStringLiteral("%1h (SMBus %2h)")
+        .arg(QString::number(address, 16).toUpper(), QString::number(address / 2, 16).toUpper());
+}
+
+} // namespace
+
+PinsPage::PinsPage(SimulatedBoard& board)
+    : m_board(board) {
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(2 * look::Grid);
+    layout->addWidget(MakeGPIO());
+    layout->addWidget(MakeJumpers());
+    layout->addStretch();
+}
+
+QWidget* PinsPage::MakeGPIO() {
+    auto* group = new QGroupBox(tr("GPIO lines"));
+    auto* grid = new QGridLayout(group);
+    grid->setHorizontalSpacing(2 * look::Grid);
+    grid->setVerticalSpacing(look::Grid / 2);
+    for (int line = 0; line < GPIOLines::Count; ++line) {
+        MakeLine(*grid, line);
+    }
+    grid->setColumnStretch(ColumnsOfALine - 1, 1);
+    grid->setColumnStretch(2 * ColumnsOfALine - 1, 1);
+    auto* hint =
+        boardparts::Sentence(tr("High puts a level on the pin from outside, which shows while "
+                                "the line is an input. The digit is the level on the pin."));
+    grid->addWidget(hint, LinesInAColumn, 0, 1, 2 * ColumnsOfALine);
+    return group;
+}
+
+void PinsPage::MakeLine(QGridLayout& grid, int line) {
+    const auto index = static_cast<std::size_t>(line);
+    m_levels[index] = boardparts::Readout(boardparts::MemberName("GPIOLevelLBL", line), "0");
+    m_uses[index] = boardparts::Heading(QString());
+    m_uses[index]->setObjectName(boardparts::MemberName("GPIOUseLBL", line));
+    m_uses[index]->setMinimumWidth(m_uses[index]->fontMetrics().horizontalAdvance("THERM "));
+    auto* high = new QCheckBox(tr("High"));
+    high->setChecked(m_board.TheChip().OutsideLevel(line));
+    boardparts::Name(*high, boardparts::MemberName("GPIOHighCHK", line),
+                     tr("GPIO %1 high").arg(line),
+                     tr("Puts a high level on the pin from outside; clear, a low one"));
+    connect(high, &QCheckBox::toggled, this, [this, line](bool level) {
+        m_board.TheChip().GPIOLevel(line, level);
+        Refresh();
+    });
+
+    const int row = line % LinesInAColumn;
+    int column = line / LinesInAColumn * ColumnsOfALine;
+    for (QWidget* control : std::initializer_list<QWidget*>{new QLabel(tr("GPIO %1").arg(line)),
+                                                            m_levels[index], high, m_uses[index]}) {
+        grid.addWidget(control, row, column++);
+    }
+}
+
+QWidget* PinsPage::MakeJumpers() {
+    auto* group = new QGroupBox(tr("Switches and jumpers"));
+    auto* form = new QFormLayout(group);
+    form->setHorizontalSpacing(4 * look::Grid);
+    form->setVerticalSpacing(look::Grid);
+    form->addRow(MakeChassisSwitch());
+    form->addRow(MakeWriteProtect());
+    form->addRow(tr("&Address pins"), MakeAddressPins());
+    form->addRow(tr("&Board mode"), MakeBoardMode());
+    return group;
+}
+
+QCheckBox* PinsPage::MakeChassisSwitch() {
+    auto* open = new QCheckBox(tr("&Chassis open"));
+    open->setChecked(m_board.TheChip().ChassisOpen());
+    boardparts::Name(
+        *open, "ChassisCHK", {},
+        tr("Opens the chassis switch: the alarm in bit 6 of 23h stays until bit 1 of 07h "
+           "clears it while the chassis is closed"));
+    connect(open, &QCheckBox::toggled, this,
+            [this](bool isOpen) { m_board.TheChip().ChassisOpen(isOpen); });
+    return open;
+}
+
+QCheckBox* PinsPage::MakeWriteProtect() {
+    auto* set = new QCheckBox(tr("EEPROM &write-protected"));
+    set->setChecked(m_board.TheChip().WriteProtectPin());
+    boardparts::Name(
+        *set, "WriteProtectCHK", {},
+        tr("Sets the write-protect jumper: bit 3 of 13h reads 1 and nothing is programmed "
+           "or erased"));
+    connect(set, &QCheckBox::toggled, this,
+            [this](bool isSet) { m_board.TheChip().WriteProtectPin(isSet); });
+    return set;
+}
+
+HandList* PinsPage::MakeAddressPins() {
+    auto* list = new HandList;
+    for (const int address : Addresses) {
+        list->addItem(AddressText(address), address);
+    }
+    list->setCurrentIndex(list->findData(int{m_board.SlaveAddress()}));
+    boardparts::Name(*list, "AddressCOMBO", tr("Address pins"),
+                     tr("The address at which the chip answers from now on"));
+    connect(list, &QComboBox::currentIndexChanged, this, [this, list] {
+        m_board.SlaveAddress(static_cast<std::uint8_t>(list->currentData().toInt()));
+    });
+    return list;
+}
+
+HandList* PinsPage::MakeBoardMode() {
+    auto* list = new HandList;
+    list->addItems({tr("False"), tr("True")});
+    list->setCurrentIndex(m_board.BoardMode() ? 1 : 0);
+    boardparts::Name(
+        *list, "BoardModeCOMBO", tr("Board mode"),
+        tr("How the board wires the printer port: it is heard in this board mode only"));
+    connect(list, &QComboBox::currentIndexChanged, this,
+            [this](int index) { m_board.BoardMode(index == 1); });
+    return list;
+}
+
+void PinsPage::Refresh() {
+    for (int line = 0; line < GPIOLines::Count; ++line) {
+        const auto index = static_cast<std::size_t>(line);
+        m_levels[index]->setText(m_board.TheChip().GPIOLevel(line) ? "1" : "0");
+        m_uses[index]->setText(UseText(line, m_board.TheChip().UseOf(line)));
+    }
+}
+
+} // namespace tqx

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "board_parts.h"
+
+#include <simulated/gpio_lines.h>
+
+#include <array>
+
+class QCheckBox;
+class QGridLayout;
+
+namespace tqx {
+
+class SimulatedBoard;
+
+/// The board's pins and jumpers: GPIO lines, chassis switch, write protection, address pins and
+/// board mode.
+class PinsPage : public BoardPage {
+    Q_OBJECT
+
+public:
+    explicit PinsPage(SimulatedBoard& board);
+
+    void Refresh() override;
+
+private:
+    QWidget* MakeGPIO();
+    void MakeLine(QGridLayout& grid, int line);
+    QWidget* MakeJumpers();
+    QCheckBox* MakeChassisSwitch();
+    QCheckBox* MakeWriteProtect();
+    HandList* MakeAddressPins();
+    HandList* MakeBoardMode();
+
+    SimulatedBoard& m_board;
+    std::array<QLabel*, GPIOLines::Count> m_levels{};
+    std::array<QLabel*, GPIOLines::Count> m_uses{};
+};
+
+} // namespace tqx

@@ -1,0 +1,115 @@
+#include "simulator/simulated_board_frm.h"
+
+#include "bus_page.h"
+#include "faults_page.h"
+#include "inputs_page.h"
+#include "pins_page.h"
+#include "trace_page.h"
+
+#include <controls/look.h>
+#include <simulated/simulated_board.h>
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+namespace tqx {
+namespace {
+
+constexpr int RefreshInterval = 250; // ms
+constexpr int BackKey = Qt::Key_F12;
+
+} // namespace
+
+SimulatedBoardFRM::SimulatedBoardFRM(SimulatedBoard& board) {
+    setObjectName("SimulatedBoardFRM");
+    setWindowTitle(tr("Simulated board"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    MakePages(board);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * look::Grid, 2 * look::Grid, 2 * look::Grid, 2 * look::Grid);
+    layout->setSpacing(2 * look::Grid);
+    layout->addWidget(MakeBanner());
+    layout->addWidget(m_tabs, 1);
+    resize(sizeHint()); // the whole of it, where a first show would take two thirds of the screen
+    m_refresh.setInterval(RefreshInterval);
+    connect(&m_refresh, &QTimer::timeout, this, &SimulatedBoardFRM::Refresh);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &SimulatedBoardFRM::Refresh);
+    qApp->installEventFilter(this);
+}
+
+QWidget* SimulatedBoardFRM::MakeBanner() {
+    auto* banner = new QWidget;
+    auto* layout = new QVBoxLayout(banner);
+    layout->setContentsMargins(look::Grid, 0, look::Grid, 0);
+    layout->setSpacing(0);
+    auto* heading = new QLabel(tr("Simulated board"));
+    heading->setObjectName("BannerLBL");
+    heading->setFont(look::WordsFont(12, QFont::DemiBold));
+    layout->addWidget(heading);
+    layout->addWidget(
+        boardparts::Sentence(tr("The chip is simulated: it, its bus and what it measures are a "
+                                "model, which is set here. F12 brings this window back.")));
+    return banner;
+}
+
+void SimulatedBoardFRM::MakePages(SimulatedBoard& board) {
+    m_tabs = new QTabWidget;
+    m_tabs->setObjectName("BoardTab");
+    m_tabs->setAccessibleName(tr("Parts of the simulated board"));
+    AddPage(new InputsPage(board, {InputKind::Voltage}), "VoltagesPage", tr("Voltages"));
+    AddPage(new InputsPage(board, {InputKind::Temperature, InputKind::Fan}), "TempsPage",
+            tr("Temps, fans"));
+    AddPage(new PinsPage(board), "PinsPage", tr("Pins"));
+    AddPage(new BusPage(board), "BusPage", tr("Bus"));
+    AddPage(m_faults = new FaultsPage(board), "FaultsPage", tr("Faults"));
+    AddPage(new TracePage(board), "TracePage", tr("Trace"));
+    connect(m_faults, &FaultsPage::Changed, this, &SimulatedBoardFRM::ShowFaultCount);
+    ShowFaultCount();
+}
+
+void SimulatedBoardFRM::AddPage(BoardPage* page, const QString& name, const QString& caption) {
+    page->setObjectName(name);
+    m_tabs->addTab(page, caption);
+}
+
+/// Says on the tab that faults are on, so that none is forgotten.
+void SimulatedBoardFRM::ShowFaultCount() {
+    const int on = m_faults->CountOn();
+    m_tabs->setTabText(m_tabs->indexOf(m_faults),
+                       on == 0 ? tr("Faults") : tr("Faults: %1 on").arg(on));
+}
+
+void SimulatedBoardFRM::Refresh() {
+    if (isVisible() && !isMinimized()) {
+        static_cast<BoardPage*>(m_tabs->currentWidget())->Refresh();
+    }
+}
+
+void SimulatedBoardFRM::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    Refresh();
+    m_refresh.start();
+}
+
+void SimulatedBoardFRM::hideEvent(QHideEvent* event) {
+    m_refresh.stop();
+    QWidget::hideEvent(event);
+}
+
+bool SimulatedBoardFRM::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == BackKey) {
+        BringToFront();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void SimulatedBoardFRM::BringToFront() {
+    showNormal();
+    raise();
+    activateWindow();
+}
+
+} // namespace tqx

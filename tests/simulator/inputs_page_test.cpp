@@ -1,0 +1,127 @@
+#include "input_range.h"
+#include "simulator/board_window_fixture.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QSlider>
+#include <QWheelEvent>
+
+#include <set>
+
+namespace tqx {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int Plus12V = static_cast<int>(ChipInput::Plus12V);
+constexpr int Fan0 = static_cast<int>(ChipInput::Fan0);
+constexpr std::uint8_t Plus12VValue = 0x2E;
+constexpr std::uint8_t Fan0Value = 0x38;
+
+class InputsPageTest : public test::BoardWindowTest {
+protected:
+    QCheckBox& Hold(int input) { return Find<QCheckBox>("HoldCHK", input); }
+
+    QDoubleSpinBox& Box(int input) { return Find<QDoubleSpinBox>("HoldTXT", input); }
+
+    QSlider& Slider(int input) { return Find<QSlider>("HoldSlider", input); }
+
+    QString Shown(int input) { return Find<QLabel>("InputValueLBL", input).text(); }
+
+    /// Types a number as a user does, up to Enter.
+    void Type(int input, const QString& text) {
+        Box(input).setFocus();
+        Box(input).selectAll();
+        QTest::keyClicks(&Box(input), text);
+        QTest::keyClick(&Box(input), Qt::Key_Return);
+    }
+
+    double Volts() { return 0.062 + Read(Plus12VValue) * 0.062259; }
+};
+
+TEST_F(InputsPageTest, HoldKeepsTheValueOfThisMomentAndClearLetsItRun) {
+    Open("TempsPage");
+    Click(Hold(Fan0));
+    const double held = Box(Fan0).value();
+    const std::uint8_t count = Read(Fan0Value);
+    for (int minute = 0; minute < 5; ++minute) {
+        Time += 1min + 100ms;
+        EXPECT_EQ(Read(Fan0Value), count);
+        EXPECT_EQ(Board.ValueAt(ChipInput::Fan0), held);
+    }
+    Click(Hold(Fan0));
+    EXPECT_NE(Board.ValueAt(ChipInput::Fan0), held);
+    EXPECT_FALSE(Board.TheChip().ThePlant().IsForced(ChipInput::Fan0));
+}
+
+TEST_F(InputsPageTest, ATypedValueIsHeldOnEnter) {
+    Open("VoltagesPage");
+    Box(Plus12V).setFocus();
+    Box(Plus12V).selectAll();
+    QTest::keyClicks(&Box(Plus12V), "9.5");
+    EXPECT_NEAR(Volts(), 12.05, 0.5) << "half a number goes nowhere";
+    QTest::keyClick(&Box(Plus12V), Qt::Key_Return);
+    EXPECT_NEAR(Volts(), 9.5, 0.032);
+    EXPECT_TRUE(Hold(Plus12V).isChecked());
+    EXPECT_EQ(Shown(Plus12V), "  9.500 V");
+    EXPECT_EQ(Slider(Plus12V).value(), Read(Plus12VValue)) << "its steps are the chip's counts";
+}
+
+TEST_F(InputsPageTest, TheSliderMovesByKeyboardOverTheWholeRange) {
+    Open("VoltagesPage");
+    Slider(Plus12V).setFocus();
+    QTest::keyClick(&Slider(Plus12V), Qt::Key_Home);
+    EXPECT_EQ(Read(Plus12VValue), 0x00);
+    QTest::keyClick(&Slider(Plus12V), Qt::Key_Right);
+    EXPECT_EQ(Read(Plus12VValue), 0x01);
+    QTest::keyClick(&Slider(Plus12V), Qt::Key_End);
+    EXPECT_EQ(Read(Plus12VValue), 0xFF);
+    EXPECT_TRUE(Hold(Plus12V).isChecked());
+}
+
+TEST_F(InputsPageTest, ValuesAreLimitedToTheRange) {
+    Open("VoltagesPage");
+    Type(Plus12V, "15.938");
+    Type(Plus12V, "99");
+    EXPECT_LE(Board.ValueAt(ChipInput::Plus12V), 15.938);
+}
+
+TEST_F(InputsPageTest, ARunningInputIsFollowedAndNotHeldByIt) {
+    Open("VoltagesPage");
+    const QString before = Shown(Plus12V);
+    Time += 7s;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(Plus12V) != before; }, 2000));
+    EXPECT_NEAR(Box(Plus12V).value(), Board.ValueAt(ChipInput::Plus12V), 0.001);
+    EXPECT_FALSE(Board.TheChip().ThePlant().IsForced(ChipInput::Plus12V));
+}
+
+TEST_F(InputsPageTest, TheWheelOverAControlWithoutTheFocusHoldsNothing) {
+    Open("VoltagesPage");
+    Find<QTabWidget>("BoardTab").setFocus();
+    for (QWidget* control : std::initializer_list<QWidget*>{&Box(Plus12V), &Slider(Plus12V)}) {
+        QWheelEvent turn(QPointF(5, 5), control->mapToGlobal(QPointF(5, 5)), {}, {0, 120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(control, &turn);
+    }
+    EXPECT_FALSE(Board.TheChip().ThePlant().IsForced(ChipInput::Plus12V));
+}
+
+TEST(InputRange, EveryInputHasANameAndItsModelledValueInItsRange) {
+    SimulatedBoard board;
+    std::set<QString> names;
+    for (const InputFacts& facts : ChipInputs) {
+        const InputRange range = RangeOf(facts.Input);
+        names.insert(range.Caption);
+        const double value = board.ValueAt(facts.Input);
+        EXPECT_GE(value, range.Min) << range.Caption.toStdString();
+        EXPECT_LE(value, range.Max) << range.Caption.toStdString();
+        for (const int position : {0, 1, range.LastPosition()}) {
+            EXPECT_EQ(range.PositionOf(range.ValueAt(position)), position);
+        }
+        EXPECT_DOUBLE_EQ(range.ValueAt(range.LastPosition()), range.Max);
+    }
+    EXPECT_EQ(names.size(), ChipInputCount);
+}
+
+} // namespace
+} // namespace tqx

@@ -1,0 +1,77 @@
+#include "simulator/board_window_fixture.h"
+
+#include <QCheckBox>
+
+namespace tqx {
+namespace {
+
+constexpr std::uint8_t CompanyID = 0x16;
+
+class PinsPageTest : public test::BoardWindowTest {
+protected:
+    PinsPageTest() { Open("PinsPage"); }
+
+    QString Level(int line) { return Find<QLabel>("GPIOLevelLBL", line).text(); }
+
+    QString Use(int line) { return Find<QLabel>("GPIOUseLBL", line).text(); }
+};
+
+TEST_F(PinsPageTest, AnInputTakesTheLevelThatIsPutOnIt) {
+    for (const int line : {9, 15}) {
+        Click(Find<QCheckBox>("GPIOHighCHK", line));
+        EXPECT_EQ(Level(line), "1");
+        EXPECT_EQ(Use(line), "input");
+    }
+    EXPECT_EQ(Read(0x25), 0x82);
+    Click(Find<QCheckBox>("GPIOHighCHK", 9));
+    EXPECT_EQ(Read(0x25), 0x80);
+}
+
+TEST_F(PinsPageTest, ShowsWhatThePinsDo) {
+    Write(0x07, 0xC1); // GPIO16 as an output, active high
+    Write(0x23, 0x80);
+    Write(0x01, 0x01); // GPIO0 and not fan 0
+    Window.hide();
+    Window.show();
+    EXPECT_EQ(Use(16), "output");
+    EXPECT_EQ(Level(16), "1");
+    EXPECT_EQ(Use(0), "input");
+    EXPECT_EQ(Use(1), "Fan 1");
+}
+
+TEST_F(PinsPageTest, ChassisSwitchLatchesTheAlarm) {
+    auto& chassis = Find<QCheckBox>("ChassisCHK");
+    Click(chassis);
+    EXPECT_EQ(Read(0x23) & 0x40, 0x40);
+    Click(chassis);
+    EXPECT_EQ(Read(0x23) & 0x40, 0x40);
+    Write(0x07, 0x02);
+    EXPECT_EQ(Read(0x23) & 0x40, 0);
+}
+
+TEST_F(PinsPageTest, WriteProtectionShowsInTheModeRegisterAndRefuses) {
+    Write(0x13, 0x02);
+    EEPROMLink& eeprom = Link->PrinterPortLink().EEPROMLink();
+    Link->PrinterPortLink().BoardBus().SlaveAddress(0x58);
+    Click(Find<QCheckBox>("WriteProtectCHK"));
+    EXPECT_EQ(Read(0x13), 0x0A);
+    eeprom.WriteEEPROM(0x90, 0, 0x12);
+    EXPECT_EQ(eeprom.ReadEEPROM(0x90, 0), 0xFF);
+    Click(Find<QCheckBox>("WriteProtectCHK"));
+    eeprom.WriteEEPROM(0x90, 0, 0x12);
+    EXPECT_EQ(eeprom.ReadEEPROM(0x90, 0), 0x12);
+}
+
+TEST_F(PinsPageTest, AddressPinsAndBoardModeMoveTheChip) {
+    BoardBus& bus = Link->PrinterPortLink().BoardBus();
+    Choose(Find<QComboBox>("AddressCOMBO"), 2);
+    EXPECT_EQ(bus.ReadByte(0x58, CompanyID), 0xFF);
+    EXPECT_EQ(bus.ReadByte(0x5C, CompanyID), 0x41);
+    Choose(Find<QComboBox>("BoardModeCOMBO"), 1);
+    EXPECT_NE(bus.ReadByte(0x5C, CompanyID), 0x41);
+    bus.BoardMode(true);
+    EXPECT_EQ(bus.ReadByte(0x5C, CompanyID), 0x41);
+}
+
+} // namespace
+} // namespace tqx

@@ -1,0 +1,91 @@
+#include "simulator/board_window_fixture.h"
+
+#include <QClipboard>
+#include <QListView>
+#include <QScrollBar>
+
+namespace tqx {
+namespace {
+
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::IsEmpty;
+
+constexpr const char* IDRead = "S 58w+ 16+ Sr 59r+ 41- P";
+constexpr const char* RevisionRead = "S 58w+ 17+ Sr 59r+ 42- P";
+
+class TracePageTest : public test::BoardWindowTest {
+protected:
+    TracePageTest() { Open("TracePage"); }
+
+    QListView& List() { return Find<QListView>("TraceLIST"); }
+
+    void Press(const char* name) { Click(Find<QAbstractButton>(name)); }
+
+    /// The rows as they stand after the next refresh.
+    std::vector<std::string> Rows() {
+        Window.hide();
+        Window.show();
+        std::vector<std::string> rows;
+        for (int row = 0; row < List().model()->rowCount(); ++row) {
+            rows.push_back(List().model()->index(row, 0).data().toString().toStdString());
+        }
+        return rows;
+    }
+
+    static std::string Clipboard() { return QApplication::clipboard()->text().toStdString(); }
+};
+
+TEST_F(TracePageTest, ShowsTransfersWithTheirTimeTheNewestAtTheBottom) {
+    Time += std::chrono::microseconds(1500250);
+    Read(0x16);
+    Read(0x17);
+    EXPECT_THAT(Rows(), ElementsAre(std::string("    1.500250  ") + IDRead,
+                                    std::string("    1.500250  ") + RevisionRead));
+}
+
+TEST_F(TracePageTest, FollowsByItself) {
+    Read(0x16);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return List().model()->rowCount() == 1; }, 2000));
+}
+
+TEST_F(TracePageTest, PauseStopsItAndClearEmptiesIt) {
+    Read(0x16);
+    Press("PauseCMD");
+    Read(0x17);
+    EXPECT_THAT(Rows(), ElementsAre(EndsWith(IDRead)));
+    Press("PauseCMD");
+    Read(0x17);
+    EXPECT_THAT(Rows(), ElementsAre(EndsWith(IDRead), EndsWith(RevisionRead)));
+    Press("ClearCMD");
+    EXPECT_THAT(Rows(), IsEmpty());
+}
+
+TEST_F(TracePageTest, CopiesTheSelectedLinesOrAll) {
+    Read(0x16);
+    Read(0x17);
+    Press("PauseCMD");
+    const std::vector<std::string> rows = Rows();
+    Press("CopyCMD");
+    EXPECT_EQ(Clipboard(), rows[0] + '\n' + rows[1] + '\n');
+    List().setCurrentIndex(List().model()->index(1, 0));
+    Press("CopyCMD");
+    EXPECT_EQ(Clipboard(), rows[1] + '\n');
+}
+
+TEST_F(TracePageTest, StandsAtTheNewestUnlessTheUserHasScrolledUp) {
+    for (int i = 0; i < 200; ++i) {
+        Read(0x16);
+    }
+    QScrollBar& bar = *List().verticalScrollBar();
+    Rows();
+    EXPECT_EQ(bar.value(), bar.maximum());
+    EXPECT_GT(bar.maximum(), 0);
+    bar.setValue(3);
+    Read(0x17);
+    Rows();
+    EXPECT_EQ(bar.value(), 3);
+}
+
+} // namespace
+} // namespace tqx
