@@ -8,10 +8,30 @@
 
 #include <QIcon>
 #include <QScopedValueRollback>
+#include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace tqx {
+namespace {
+
+constexpr QSize Frame(8, 32); // around a window, about
+constexpr int Gap = 8;
+
+} // namespace
+
+SideBySide PlaceSideBySide(const QRect& room, QSize left, QSize right) {
+    const QSize both(left.width() + Gap + right.width() + 2 * Frame.width(),
+                     std::max(left.height(), right.height()) + Frame.height());
+    const int x = room.left() + std::max(0, (room.width() - both.width()) / 2);
+    const int y = room.top() + std::max(0, (room.height() - both.height()) / 2);
+    const int rightMost = room.right() + 1 - right.width() - Frame.width();
+    return {
+        .Left = {x, y},
+        .Right = {
+            std::max(room.left(), std::min(x + left.width() + Frame.width() + Gap, rightMost)), y}};
+}
 
 ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
     : m_note(std::move(board.Note))
@@ -19,12 +39,26 @@ ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
     , m_bench(std::move(board.Link))
     , m_tools(dialogs)
     , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs,
-                                          static_cast<MainFormDoor&>(*this))) {}
+                                          static_cast<MainFormDoor&>(*this)))
+    , m_boardWindow(board.Window ? board.Window() : nullptr) {}
 
 ConsoleProgram::~ConsoleProgram() = default;
 
 void ConsoleProgram::Start() {
+    if (m_boardWindow) {
+        ShowBoardWindow();
+    }
     m_wizard->show();
+}
+
+void ConsoleProgram::ShowBoardWindow() {
+    const QSize wizard = m_wizard->size();
+    const QSize board = m_boardWindow->sizeHint();
+    const SideBySide places =
+        PlaceSideBySide(m_wizard->screen()->availableGeometry(), wizard, board);
+    m_wizard->move(places.Left);
+    m_boardWindow->move(places.Right);
+    m_boardWindow->show();
 }
 
 void ConsoleProgram::LinkFailed(const LinkError& error) {
@@ -75,6 +109,9 @@ void ConsoleProgram::EndApplication() {
     if (m_main) {
         m_main->StopAllTimers();
         m_main->hide();
+    }
+    if (m_boardWindow) {
+        m_boardWindow->hide();
     }
     Q_EMIT Ended();
 }

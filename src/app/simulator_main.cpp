@@ -1,10 +1,14 @@
 #include <app/console_program.h>
 #include <simulated/simulated_board.h>
+#include <simulator/simulated_board_frm.h>
 
-/// The console on the simulated board.
+#include <memory>
+
+/// The console on the simulated board, whose own window stands beside it.
 int main(int argc, char** argv) {
     tqx::SimulatedBoard board;
     return tqx::RunConsole(argc, argv, QStringLiteral("org.tqx7716.Simulator"),
                            {board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(),
-                            QStringLiteral("Simulated board")});
+                            QStringLiteral("Simulated board"),
+                            [&] { return std::make_unique<tqx::SimulatedBoardFRM>(board); }});
 }

@@ -9,6 +9,7 @@
 #include <controls/look.h>
 #include <controls/row_label.h>
 #include <controls/strip_chart.h>
+#include <simulator/simulated_board_frm.h>
 #include <tools/eeprom_com_frm.h>
 #include <tools/erase_eeprom_frm.h>
 #include <tools/frm_about.h>
@@ -115,6 +116,15 @@ TEST_F(WindowsTest, EveryToolWindowIsForEveryHand) {
     Walk(dump, "dump");
     frmAbout about(door, host);
     Walk(about, "about");
+}
+
+TEST_F(WindowsTest, TheSimulatedBoardsWindowIsForEveryHand) {
+    SimulatedBoardFRM window(board);
+    auto& tabs = Find<QTabWidget>(window, "BoardTab");
+    for (int tab = 0; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        Walk(window, tabs.tabText(tab).toStdString());
+    }
 }
 
 TEST_F(WindowsTest, WhatDrawsItselfTellsItsState) {

@@ -1,6 +1,7 @@
 #include "tour.h"
 
 #include <console/main_form.h>
+#include <simulator/simulated_board_frm.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -19,7 +20,8 @@ Tour::Tour(const QDir& directory, QString suffix)
     : m_directory(directory)
     , m_suffix(std::move(suffix))
     , m_board({.Seed = 7716, .Now = [this] { return m_clock.Now(); }})
-    , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"},
+    , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board",
+                 [this] { return std::make_unique<SimulatedBoardFRM>(m_board); }},
                 m_dialogs) {}
 
 void Tour::Run() {
@@ -29,6 +31,7 @@ void Tour::Run() {
     ShowRegisterConsole();
     ShowBlockPanel();
     ShowToolWindows();
+    ShowSimulatedBoard();
     Main().close();
 }
 

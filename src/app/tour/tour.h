@@ -49,6 +49,7 @@ private:
     void ShowRegisterConsole();
     void ShowBlockPanel();
     void ShowToolWindows();
+    void ShowSimulatedBoard();
 
     void ShowNegativeRail();
     void ShowLimitHeld();

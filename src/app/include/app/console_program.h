@@ -9,6 +9,10 @@
 #include <tools/tools.h>
 
 #include <QObject>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+#include <QWidget>
 
 #include <functional>
 #include <memory>
@@ -21,7 +25,19 @@ struct BoardChoice {
     std::function<std::unique_ptr<OSVersionInfo>()> OSVersion;
     /// What the main window says of it; empty for real hardware.
     QString Note;
+    /// Makes a window of the board's own, which stands beside the wizard; empty: there is none.
+    std::function<std::unique_ptr<QWidget>()> Window = nullptr;
 };
+
+/// Where two windows stand: the places of their frames.
+struct SideBySide {
+    QPoint Left;
+    QPoint Right;
+};
+
+/// The places of two windows in the middle of `room`, with their frames. Where they are too wide
+/// for it they stand at its edges and overlap.
+SideBySide PlaceSideBySide(const QRect& room, QSize left, QSize right);
 
 /// The program put together: the bench that every window works on, the wizard, the main window and
 /// the tool windows, and the order in which they come and go.
@@ -33,7 +49,7 @@ public:
     ConsoleProgram(BoardChoice board, SystemDialogs& dialogs);
     ~ConsoleProgram() override;
 
-    /// Shows the wizard.
+    /// Shows the wizard, and the board's window if there is one.
     void Start();
 
     /// Closes every window and ends the program in order, whatever is under way.
@@ -56,6 +72,7 @@ Q_SIGNALS:
     void Ended();
 
 private:
+    void ShowBoardWindow();
     void Load() override;
     void Show() override;
     void Unload() override;
@@ -67,6 +84,8 @@ private:
     Tools m_tools;
     std::unique_ptr<MainForm> m_main;
     std::unique_ptr<InitForm> m_wizard;
+    /// Independent of the others: no modal window of the console blocks it.
+    std::unique_ptr<QWidget> m_boardWindow;
     bool m_tellingOfFailure = false;
 };
 

@@ -29,7 +29,7 @@ inline constexpr std::array<HelpPage, 4> PanelPages{{
 }};
 
 /// The windows, and parts that have a page of their own while they have the focus.
-inline constexpr std::array<HelpPage, 9> WindowPages{{
+inline constexpr std::array<HelpPage, 10> WindowPages{{
     {"InitForm", "wizard"},
     {"MainForm", "main-window"},
     {"MainStripChart", "strip-chart"},
@@ -39,6 +39,7 @@ inline constexpr std::array<HelpPage, 9> WindowPages{{
     {"RegisterDumpFRM", "dump"},
     {"frmAbout", "about"},
     {"MsgBoxFRM", "trouble-shooting"},
+    {"SimulatedBoardFRM", "../simulated-board"},
 }};
 
 /// The page for the focus at `focused`: that of the innermost part, panel or window around it that
