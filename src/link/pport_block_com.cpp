@@ -43,9 +43,7 @@ void PPortBlockCom::BlockWrite() {
     SendAcknowledged(WriteAddress(m_slaveAddress));
     SendAcknowledged(m_commandCode);
     SendAcknowledged(m_byteCount);
-    m_writeFrame[0] = m_slaveAddress;
-    m_writeFrame[1] = m_commandCode;
-    m_writeFrame[2] = m_byteCount;
+    FillWriteHead();
     for (const std::uint8_t value : data) {
         SendAcknowledged(value);
     }
@@ -95,9 +93,7 @@ std::uint8_t PPortBlockCom::RetrieveBlockData(std::uint8_t dataByte) const {
 }
 
 std::uint8_t PPortBlockCom::PECValue(std::int16_t direction) {
-    m_writeFrame[0] = m_slaveAddress;
-    m_writeFrame[1] = m_commandCode;
-    m_writeFrame[2] = m_byteCount;
+    FillWriteHead();
     m_readFrame[0] = ReadAddress(m_slaveAddress);
     m_readFrame[1] = m_byteCount;
 
@@ -114,6 +110,12 @@ std::uint8_t PPortBlockCom::PECValue(std::int16_t direction) {
     }
     m_pec = sum;
     return sum;
+}
+
+void PPortBlockCom::FillWriteHead() {
+    m_writeFrame[0] = m_slaveAddress;
+    m_writeFrame[1] = m_commandCode;
+    m_writeFrame[2] = m_byteCount;
 }
 
 void PPortBlockCom::SendAcknowledged(std::uint8_t value) {

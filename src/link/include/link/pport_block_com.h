@@ -71,6 +71,7 @@ public:
     std::int16_t PEC() const { return m_pec; }
 
 private:
+    void FillWriteHead();
     void SendAcknowledged(std::uint8_t value);
 
     BoardBus& m_bus;
