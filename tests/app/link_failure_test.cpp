@@ -24,8 +24,6 @@ protected:
 
     LinkFailureTest() { StartAfresh(); }
 
-    ~LinkFailureTest() override { program.reset(); }
-
     void StartAfresh() {
         m_unclaimed = std::make_unique<test::RecordingLink>();
         link = m_unclaimed.get();

@@ -38,7 +38,11 @@ protected:
         QObject::connect(&m_boxWatch, &QTimer::timeout, &m_boxWatch, [this] { AnswerBox(); });
     }
 
-    ~ProgramTest() override { TheApplication().OnLinkError = nullptr; }
+    /// The program goes ahead of what a test has behind its link.
+    void TearDown() override {
+        program.reset();
+        TheApplication().OnLinkError = nullptr;
+    }
 
     void Start(BoardChoice board) {
         program = std::make_unique<ConsoleProgram>(std::move(board), dialogs);

@@ -18,8 +18,6 @@ protected:
         Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"});
     }
 
-    ~SimulatorTest() override { program.reset(); }
-
     BusCell& Cell() { return program->TheBench().Bus.BusCell; }
 };
 
