@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QLabel>
 #include <QSlider>
@@ -40,7 +39,6 @@ protected:
     }
 };
 
-using HandList = HandOnly<QComboBox>;
 using HandSlider = HandOnly<QSlider>;
 using HandNumber = HandOnly<QSpinBox>;
 using HandValue = HandOnly<QDoubleSpinBox>;

@@ -69,7 +69,7 @@ void FaultsPage::MakeLine(QGridLayout& grid, int index) {
     Line& line = m_lines.at(static_cast<std::size_t>(index));
     const FaultText& text = Texts.at(static_cast<std::size_t>(index));
     const QString caption = tr(text.Caption);
-    line.When = new HandList;
+    line.When = new HandCombo;
     line.When->addItems({tr("Off"), tr("Always"), tr("Every")});
     boardparts::Name(*line.When, boardparts::MemberName("FaultCOMBO", index), caption,
                      tr(text.What));

@@ -2,6 +2,7 @@
 
 #include "board_parts.h"
 
+#include <controls/hand_combo.h>
 #include <simulated/faults.h>
 
 #include <array>
@@ -27,7 +28,7 @@ Q_SIGNALS:
 
 private:
     struct Line {
-        HandList* When = nullptr;
+        HandCombo* When = nullptr;
         HandNumber* Nth = nullptr;
     };
 

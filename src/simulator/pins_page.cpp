@@ -121,8 +121,8 @@ QCheckBox* PinsPage::MakeWriteProtect() {
     return set;
 }
 
-HandList* PinsPage::MakeAddressPins() {
-    auto* list = new HandList;
+HandCombo* PinsPage::MakeAddressPins() {
+    auto* list = new HandCombo;
     for (const int address : Addresses) {
         list->addItem(AddressText(address), address);
     }
@@ -135,8 +135,8 @@ HandList* PinsPage::MakeAddressPins() {
     return list;
 }
 
-HandList* PinsPage::MakeBoardMode() {
-    auto* list = new HandList;
+HandCombo* PinsPage::MakeBoardMode() {
+    auto* list = new HandCombo;
     list->addItems({tr("False"), tr("True")});
     list->setCurrentIndex(m_board.BoardMode() ? 1 : 0);
     boardparts::Name(

@@ -2,6 +2,7 @@
 
 #include "board_parts.h"
 
+#include <controls/hand_combo.h>
 #include <simulated/gpio_lines.h>
 
 #include <array>
@@ -29,8 +30,8 @@ private:
     QWidget* MakeJumpers();
     QCheckBox* MakeChassisSwitch();
     QCheckBox* MakeWriteProtect();
-    HandList* MakeAddressPins();
-    HandList* MakeBoardMode();
+    HandCombo* MakeAddressPins();
+    HandCombo* MakeBoardMode();
 
     SimulatedBoard& m_board;
     std::array<QLabel*, GPIOLines::Count> m_levels{};
