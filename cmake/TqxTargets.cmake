@@ -14,7 +14,7 @@ if(TQX_SANITIZE)
   # The sanitizers' own code makes the compiler see variables that are not set where there are none.
   target_compile_options(tqx_options INTERFACE
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1
-    -Wno-maybe-uninitialized)
+    $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
   target_link_options(tqx_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(TQX_FUZZ)
