@@ -115,8 +115,16 @@ else
     i2cset -y 1 0x2c 0x16 0x41
     as_member /opt/kernel_tests --gtest_filter='Chip.*'
     as_member /opt/kernel_wizard_tests --gtest_filter='ChipWizard.*'
-    # The program itself stays up for an ordinary user, and ends when it is told to.
-    as_member '/opt/tqx7716-console 2>/dev/null & sleep 3; kill $! && wait $!'
+    # The program itself stays up for an ordinary user, and ends when it is told to. It takes
+    # SIGTERM once it is up, which takes an emulated machine its time.
+    as_member '/opt/tqx7716-console 2>/dev/null &
+        tries=0
+        while [ $tries -lt 60 ] && ! grep -qE "^SigCgt:.*[4-7c-f]...$" /proc/$!/status; do
+            sleep 1
+            tries=$((tries + 1))
+        done
+        sleep 1
+        kill $! && wait $!'
     check /opt/kernel_tests --gtest_filter='Moves.*'
 fi
 echo "verdict: $verdict"
