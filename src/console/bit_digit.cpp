@@ -86,14 +86,11 @@ void BitDigit::mouseMoveEvent(QMouseEvent*) {
 }
 
 void BitDigit::mousePressEvent(QMouseEvent* event) {
-    m_pressed = event->button() == Qt::LeftButton;
+    m_click.Press(*event);
 }
 
 void BitDigit::mouseReleaseEvent(QMouseEvent* event) {
-    const bool clicked = m_pressed && event->button() == Qt::LeftButton &&
-                         rect().contains(event->position().toPoint());
-    m_pressed = false;
-    if (clicked) {
+    if (m_click.Release(*event, *this)) {
         Q_EMIT Clicked();
     }
 }

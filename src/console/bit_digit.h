@@ -1,5 +1,7 @@
 #pragma once
 
+#include <controls/left_click.h>
+
 #include <QLabel>
 
 namespace tqx {
@@ -39,7 +41,7 @@ private:
 
     int m_bit;
     QString m_legend;
-    bool m_pressed = false;
+    LeftClick m_click;
 };
 
 } // namespace tqx

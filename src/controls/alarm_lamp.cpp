@@ -99,13 +99,11 @@ void AlarmLamp::paintEvent(QPaintEvent*) {
 }
 
 void AlarmLamp::mousePressEvent(QMouseEvent* event) {
-    m_pressed = event->button() == Qt::LeftButton;
+    m_click.Press(*event);
 }
 
 void AlarmLamp::mouseReleaseEvent(QMouseEvent* event) {
-    const bool wasPressed = m_pressed && event->button() == Qt::LeftButton;
-    m_pressed = m_pressed && !wasPressed;
-    if (wasPressed && rect().contains(event->position().toPoint())) {
+    if (m_click.Release(*event, *this)) {
         Q_EMIT Clicked();
     }
 }

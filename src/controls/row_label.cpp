@@ -167,14 +167,12 @@ void RowLabel::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void RowLabel::mousePressEvent(QMouseEvent* event) {
-    m_pressed = event->button() == Qt::LeftButton;
+    m_click.Press(*event);
     Q_EMIT MouseMoved();
 }
 
 void RowLabel::mouseReleaseEvent(QMouseEvent* event) {
-    const bool wasPressed = m_pressed && event->button() == Qt::LeftButton;
-    m_pressed = m_pressed && !wasPressed;
-    if (wasPressed && rect().contains(event->position().toPoint())) {
+    if (m_click.Release(*event, *this)) {
         Q_EMIT Clicked();
     }
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/left_click.h"
+
 #include <QWidget>
 
 namespace tqx {
@@ -35,7 +37,7 @@ protected:
 
 private:
     bool m_value = false;
-    bool m_pressed = false;
+    LeftClick m_click;
 };
 
 } // namespace tqx

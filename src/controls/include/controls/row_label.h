@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/left_click.h"
+
 #include <QString>
 #include <QWidget>
 
@@ -56,7 +58,7 @@ protected:
 private:
     QString m_caption;
     RowColour m_colour = RowColour::Plain;
-    bool m_pressed = false;
+    LeftClick m_click;
 };
 
 } // namespace tqx
