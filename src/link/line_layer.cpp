@@ -48,8 +48,10 @@ void LineLayer::LineStop() {
 }
 
 void LineLayer::ParkLines() {
-    constexpr int longestHold = 9; // clocks of a byte and its acknowledge
-    for (int clock = 0; clock < longestHold && !Run(Sequences::ClockOn); ++clock) {
+    // A slave that acknowledges its address and then sends 00h holds the line for nine clocks; the
+    // tenth is the one that finds it free.
+    constexpr int mostClocks = 10;
+    for (int clock = 0; clock < mostClocks && !Run(Sequences::ClockOn); ++clock) {
     }
     Run(Sequences::StartAndStop);
 }

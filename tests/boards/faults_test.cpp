@@ -107,7 +107,7 @@ TEST_P(FaultsTest, AFailureAtAnyPortAccessLeavesTheBusUsable) {
     for (unsigned access = 1; access < 250; ++access) {
         Board.TheFaults().Every(Fault::LinkFails, access);
         try {
-            Read(CompanyID);
+            Read(Scratch + 1); // 00h: the chip holds the data line for the whole byte
             Write(Scratch, 0x12);
         } catch (const LinkError&) {
         }
