@@ -6,11 +6,17 @@ BoardLines::BoardLines(std::vector<std::unique_ptr<ParallelPort>> ports, const L
     : Ports(std::move(ports))
     , Lines(Ports, DirectWiring, setup) {}
 
-/// Parking leaves both lines high and every slave idle. The error that is on its way out already
-/// tells the user what is wrong; a second one would add nothing.
-void BoardLines::Park() noexcept {
+/// Leaves both lines high and every slave idle.
+void BoardLines::Park(PrinterPorts::Use& use) {
+    Lines.ParkLines();
+    use.BrokenOff(false);
+}
+
+/// The error that is on its way out already tells the user what is wrong; a second one would add
+/// nothing.
+void BoardLines::TryToPark(PrinterPorts::Use& use) noexcept {
     try {
-        Lines.ParkLines();
+        Park(use);
     } catch (...) {
     }
 }

@@ -19,22 +19,29 @@ public:
     LineLayer Lines;
 
     /// Does `work`, which drives the lines, while the port is held. When it raises, the lines are
-    /// parked as far as the port lets it, and the error goes on.
+    /// parked, and the error goes on. Where the port does not let them be parked, that is done
+    /// ahead of the next work on it: a slave that was left in the middle of a byte would miss the
+    /// start, and take for data what is sent to address it.
     template <typename Work>
     auto Transfer(Work&& work) {
-        const PrinterPorts::Use use(Ports);
+        PrinterPorts::Use use(Ports);
         try {
+            if (use.BrokenOff()) {
+                Park(use);
+            }
             return std::forward<Work>(work)();
         } catch (...) {
+            use.BrokenOff(true);
             if (use.Outermost()) {
-                Park();
+                TryToPark(use);
             }
             throw;
         }
     }
 
 private:
-    void Park() noexcept;
+    void Park(PrinterPorts::Use& use);
+    void TryToPark(PrinterPorts::Use& use) noexcept;
 };
 
 } // namespace tqx

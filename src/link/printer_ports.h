@@ -34,6 +34,14 @@ public:
         /// True when no other Use holds the port around this one.
         bool Outermost() const;
 
+        /// A transfer on this port broke off, and nothing has ended it on the lines since.
+        /// @{
+        bool BrokenOff() const { return m_slot.BrokenOff; }
+
+        void BrokenOff(bool brokenOff) { m_slot.BrokenOff = brokenOff; }
+
+        /// @}
+
     private:
         PrinterPorts& m_ports;
         Slot& m_slot;
@@ -66,6 +74,7 @@ private:
         std::unique_ptr<ParallelPort> Port;
         int Users = 0;
         bool Held = false;
+        bool BrokenOff = false;
     };
 
     Slot& Selected();

@@ -179,6 +179,26 @@ TEST_P(PortLinkTransfer, AFailureInTheMiddleParksTheLinesAndLetsThePortGo) {
     }
 }
 
+TEST_P(PortLinkTransfer, AfterAPortHasComeBackTheFirstTransferIsGood) {
+    int broken = 0;
+    for (; broken < 1000; ++broken) {
+        board->WritesLeft = broken;
+        board->Failures = 1000;
+        board->ToSend = {0x00};
+        try {
+            bus.ReadByte(0x58, 0x16);
+            break;
+        } catch (const LinkError&) {
+        }
+        board->WritesLeft = -1;
+        board->TakeBus();
+        board->ToSend = {0x41, 0x41}; // the slave may still go on to the first one's first bit
+        ASSERT_EQ(bus.ReadByte(0x58, 0x16), 0x41) << broken;
+        ASSERT_THAT(board->TakeBus(), testing::EndsWith("S 58+ 16+ S 59+ 41- P ]")) << broken;
+    }
+    EXPECT_GT(broken, 100);
+}
+
 TEST_P(PortLinkTransfer, APortThatIsGoneTellsItsFirstErrorAndIsLetGo) {
     board->WritesLeft = 10;
     board->Failures = 1000;

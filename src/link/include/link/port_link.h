@@ -36,8 +36,12 @@ struct BoardOptions {
 ///
 /// A transfer holds its port and lets it go at its end. In burst mode the first transfer takes the
 /// port and it is kept until the burst ends, another port is selected, or a transfer fails. So
-/// burst mode alone never touches a port. When a call of the port fails in mid-transfer, a stop is
-/// tried to park the lines, the port is let go, and the error passes through.
+/// burst mode alone never touches a port. When a call of the port fails in mid-transfer, the lines
+/// are parked, which ends the transfer for every slave, the port is let go, and the error passes
+/// through. A port that does not let them be parked either gets that ahead of its next transfer.
+///
+/// Byte operations that make up a transfer of the caller's own belong into a burst: by itself each
+/// of them is a transfer here, behind which the port is let go and others may move the lines.
 class PortLink : public PrinterPortLink {
 public:
     /// At most 255 ports are used. The setup must outlive the link.
