@@ -111,6 +111,21 @@ TEST_F(I2CSMBusTest, AChipThatMovedToAnotherAdapterIsFoundByTheNextSearch) {
     EXPECT_EQ(smbus.ReadByte(0x2C, 0x20), 0x2C);
 }
 
+TEST_F(I2CSMBusTest, NoOtherChipAnswersForTheChosenOne) {
+    kernel.AddAdapter(0, Host);
+    kernel.AddAdapter(1, USB);
+    kernel.AddChip(0, 0x2C);
+    kernel.AddChip(1, 0x2C);
+    EXPECT_EQ(smbus.ReadByte(0x2C, 0x16), 0x41);
+    smbus.SlaveAddress(0x2C);
+    kernel.NextErrors["SMBusReadByte"] = {EAGAIN};
+    EXPECT_THROW(smbus.ReadByte(0x2C, 0x16), LinkError);
+    kernel.Chips.erase({"/dev/i2c-0", 0x2C});
+    EXPECT_EQ(smbus.ReadByte(0x2C, 0x16), 0xFF);
+    smbus.WriteByte(0x2C, 0x30, 0x11);
+    EXPECT_EQ((kernel.Chips[{"/dev/i2c-1", 0x2C}][0x30]), 0);
+}
+
 TEST_F(I2CSMBusTest, AFailingAdapterDoesNotHideTheChipOnAnother) {
     kernel.AddAdapter(0, Host);
     kernel.AddAdapter(1, USB);

@@ -46,7 +46,7 @@ std::uint8_t I2CSMBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
     if (address == NoChip) {
         return IdleBusByte;
     }
-    if (reg == IdentityRegister) {
+    if (reg == IdentityRegister && address != m_slaveAddress) {
         return Identify(address);
     }
     return BusOf(address).ReadByte(address, reg);

@@ -14,9 +14,12 @@ namespace tqx {
 
 /// The SMBus of this machine, whatever adapters it has.
 ///
-/// Asked for the identity of a chip that it does not know yet (register 16h), it looks on every
-/// adapter, host controllers first, and remembers the one on which 41h came back. From then on
-/// that address is found there. An address on which no chip was found belongs to the first adapter.
+/// Asked for the identity of a chip (register 16h), it looks on every adapter, host controllers
+/// first, and remembers the one on which 41h came back. From then on that address is found there.
+/// An address on which no chip was found belongs to the first adapter.
+///
+/// Once SlaveAddress says which chip was chosen, its identity is a register like any other: no
+/// other chip ever answers in its place.
 ///
 /// A chip that does not answer gives FFh. So does address 0, at which no chip can be, ahead of any
 /// adapter; a write to it goes nowhere.
