@@ -49,7 +49,7 @@ BitDigit::BitDigit(int bit, QWidget* parent)
     setObjectName(QString("bit%1").arg(bit));
     setToolTip("Click to change");
     setAlignment(Qt::AlignCenter);
-    setFont(look::NumbersFont(20, QFont::DemiBold));
+    setFont(look::NumbersFont(look::Size::Digits, look::Strong));
     look::MakeDisplay(*this);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

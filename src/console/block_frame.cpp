@@ -72,7 +72,7 @@ QLabel* BlockFrame::AddPEC(QGridLayout& grid, int row, const QString& name) {
     auto* label = new QLabel(NoValue);
     label->setObjectName(name);
     label->setAlignment(Qt::AlignCenter);
-    label->setFont(look::NumbersFont(11));
+    label->setFont(look::NumbersFont(look::Size::Section));
     look::MakeDisplay(*label);
     grid.addWidget(label, row, PECColumn);
     return label;

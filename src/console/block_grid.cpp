@@ -41,7 +41,7 @@ constexpr std::array<RowKey, BandRows> RowKeys{{
 QLabel* ByteLabel(const char* name, int column, BandRow row) {
     auto* label = new QLabel;
     label->setObjectName(QString("%1(%2)").arg(name).arg(column));
-    label->setFont(look::NumbersFont(row == NumberRow ? 9 : 12));
+    label->setFont(look::NumbersFont(row == NumberRow ? look::Size::Note : look::Size::Large));
     label->setAlignment(Qt::AlignCenter);
     look::SetInk(*label, RowKeys[row].Ink);
     // A column that no byte belongs to fades.
@@ -76,7 +76,7 @@ QWidget* BlockGrid::MakeHeading() {
     auto* heading = new QWidget(this);
     heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* key = new QLabel("Key");
-    key->setFont(look::WordsFont(10, QFont::DemiBold));
+    key->setFont(look::WordsFont(look::Size::Text, look::Strong));
     m_copy = new QPushButton(tr("Copy Reading"));
     m_copy->setObjectName("CopyReadingCMD");
     m_copy->setAutoDefault(false);
@@ -132,7 +132,7 @@ void BlockGrid::MakeColumn(QGridLayout& band, int column, int at) {
     made.Write->setToolTip(
         tr("Byte %1 to write. Pasted bytes go here and into the boxes that follow").arg(column));
     made.Write->setAlignment(Qt::AlignCenter);
-    made.Write->setFont(look::NumbersFont(12));
+    made.Write->setFont(look::NumbersFont(look::Size::Large));
     made.Write->Text("00");
     connect(made.Write, &BlockByteEntry::Pasted, this,
             [this, column](const QString& text) { Paste(column, text); });

@@ -27,7 +27,7 @@ QLabel* Note(const QString& name, const QString& text) {
     auto* note = new QLabel(text);
     note->setObjectName(name);
     note->setWordWrap(true);
-    note->setFont(look::WordsFont(9));
+    note->setFont(look::WordsFont(look::Size::Note));
     note->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     look::SetInk(*note, look::QuietInk);
     return note;

@@ -57,7 +57,7 @@ void AddInformation(QGridLayout& grid, int index, QWidget* page) {
     auto* const note =
         new QLabel(QStringLiteral("Only available functions will appear here."), page);
     note->setObjectName(QStringLiteral("Information(%1)").arg(index));
-    note->setFont(look::WordsFont(8.5));
+    note->setFont(look::WordsFont(look::Size::Fine));
     note->setWordWrap(true);
     look::SetInk(*note, look::DisplayQuiet);
     const int line = grid.rowCount();

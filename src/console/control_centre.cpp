@@ -34,7 +34,7 @@ constexpr std::uint8_t StartUp = 0x03; ///< of Config 1
 QLabel* NewHeading(const QString& name, const QString& text, QWidget* parent) {
     auto* const heading = new QLabel(text, parent);
     heading->setObjectName(name);
-    heading->setFont(look::WordsFont(10, QFont::DemiBold));
+    heading->setFont(look::WordsFont(look::Size::Text, look::Strong));
     return heading;
 }
 
@@ -111,7 +111,7 @@ void ControlCentre::OrderTabs() {
 
 void ControlCentre::AddBargraph(QVBoxLayout& column) {
     m_channelName.setObjectName(QStringLiteral("ChannelName"));
-    m_channelName.setFont(look::NumbersFont(10, QFont::DemiBold));
+    m_channelName.setFont(look::NumbersFont(look::Size::Text, look::Strong));
     m_channelName.setToolTip(tr("The channel on the bargraph"));
 
     auto* const line = new QHBoxLayout;

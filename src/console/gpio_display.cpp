@@ -53,8 +53,8 @@ GPIODisplay::GPIODisplay(LinkNewComPort& bus, QWidget* parent)
     grid->setContentsMargins(2 * look::Grid, look::Grid, 2 * look::Grid, look::Grid);
     grid->setHorizontalSpacing(0);
     grid->setVerticalSpacing(0);
-    const QFont digitFont = look::NumbersFont(11, QFont::DemiBold);
-    const QFont numberFont = look::NumbersFont(7.5);
+    const QFont digitFont = look::NumbersFont(look::Size::Section, look::Strong);
+    const QFont numberFont = look::NumbersFont(look::Size::Fine);
     for (int line = LastLine; line >= 0; --line) {
         const int column = ColumnOfLine(line);
         grid->addWidget(NewLabel(this, QString::number(line), numberFont, look::DisplayQuiet), 0,

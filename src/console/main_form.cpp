@@ -82,7 +82,7 @@ void MainForm::MakeToolbar(const QString& boardNote) {
         m_toolbar->addWidget(space);
         auto* note = new QLabel(boardNote);
         note->setObjectName("BoardNote");
-        note->setFont(look::WordsFont(10, QFont::DemiBold));
+        note->setFont(look::WordsFont(look::Size::Text, look::Strong));
         note->setContentsMargins(0, 0, 3 * look::Grid, 0);
         look::SetInk(*note, look::QuietInk);
         m_toolbar->addWidget(note);

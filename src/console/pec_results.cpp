@@ -66,7 +66,7 @@ PECResults::PECResults(QWidget* parent)
     , m_status(new QLabel)
     , m_mark(new PECMark) {
     m_status->setObjectName("PECStatusLBL");
-    m_status->setFont(look::WordsFont(11, QFont::DemiBold));
+    m_status->setFont(look::WordsFont(look::Size::Section, look::Strong));
     auto* line = new QHBoxLayout(this);
     line->setSpacing(3 * look::Grid);
     line->addWidget(m_mark);

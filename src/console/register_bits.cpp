@@ -46,7 +46,7 @@ void RegisterBits::MakeBit(int bit) {
     auto* digit = new BitDigit(bit, this);
     auto* legend = new QLabel(QString("Bit %1").arg(bit), this);
     legend->setObjectName(QString("bitname(%1)").arg(bit));
-    legend->setFont(look::WordsFont(8));
+    legend->setFont(look::WordsFont(look::Size::Fine));
     legend->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
     legend->setContentsMargins(0, 0, 0, look::Grid);
 

@@ -15,7 +15,7 @@ NumberEntry* Entry(const QString& name, NumberEntry::Base base, const QString& t
     entry->setObjectName(name);
     entry->setAccessibleName(means);
     entry->setToolTip(means + ". Enter writes it");
-    entry->setFont(look::NumbersFont(13));
+    entry->setFont(look::NumbersFont(look::Size::Large));
     entry->Text(text);
     return entry;
 }
@@ -23,7 +23,7 @@ NumberEntry* Entry(const QString& name, NumberEntry::Base base, const QString& t
 QLabel* WrittenLabel(const QString& name) {
     auto* label = new QLabel;
     label->setObjectName(name);
-    label->setFont(look::NumbersFont(11, QFont::DemiBold));
+    label->setFont(look::NumbersFont(look::Size::Section, look::Strong));
     return label;
 }
 

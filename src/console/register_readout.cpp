@@ -27,13 +27,15 @@ QLabel* ReadOut(const QString& name, const QFont& font, QRgb ink) {
 
 RegisterReadout::RegisterReadout(QWidget* parent)
     : QFrame(parent)
-    , m_typeLabel(
-          ReadOut("current_reg_type_label", look::WordsFont(11, QFont::DemiBold), look::DisplayInk))
-    , m_addressLabel(ReadOut("current_reg_address_label", look::NumbersFont(11, QFont::DemiBold),
+    , m_typeLabel(ReadOut("current_reg_type_label",
+                          look::WordsFont(look::Size::Section, look::Strong), look::DisplayInk))
+    , m_addressLabel(ReadOut("current_reg_address_label",
+                             look::NumbersFont(look::Size::Section, look::Strong),
                              look::DisplayInk))
-    , m_hexLabel(ReadOut("p_Value_read_hex_label", look::NumbersFont(30, QFont::DemiBold),
-                         look::DisplayGreen))
-    , m_decLabel(ReadOut("p_Value_read_dec_label", look::NumbersFont(30, QFont::DemiBold),
+    , m_hexLabel(ReadOut("p_Value_read_hex_label",
+                         look::NumbersFont(look::Size::ReadOut, look::Strong), look::DisplayGreen))
+    , m_decLabel(ReadOut("p_Value_read_dec_label",
+                         look::NumbersFont(look::Size::ReadOut, look::Strong),
                          look::DisplayGreen)) {
     look::MakeDisplay(*this);
     m_typeLabel->setText("Configuration");

@@ -57,7 +57,7 @@ void RegisterRows::MakeRow(int index) {
     auto* row = new RowLabel(Text(entry.Caption), &Page(entry.Tab));
     row->setObjectName(QString("read_writedisplaytext(%1)").arg(index));
     row->setToolTip(Text(entry.Tooltip));
-    row->setFont(look::NumbersFont(11));
+    row->setFont(look::NumbersFont(look::Size::Section));
     row->setFocusPolicy(Qt::ClickFocus);
     row->installEventFilter(this);
     m_rows[static_cast<std::size_t>(index)] = row;

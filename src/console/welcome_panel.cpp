@@ -37,7 +37,7 @@ WelcomePanel::WelcomePanel(const QList<QAction*>& keys, QWidget* parent)
     setObjectName("MainPanel");
     auto* title = new QLabel(tr("TQX7716 Evaluation Software"));
     title->setObjectName("Label1");
-    title->setFont(look::WordsFont(24, QFont::DemiBold));
+    title->setFont(look::WordsFont(look::Size::Banner, look::Strong));
     m_version->setObjectName("lblVersion");
     look::SetInk(*m_version, look::QuietInk);
 
@@ -48,7 +48,7 @@ WelcomePanel::WelcomePanel(const QList<QAction*>& keys, QWidget* parent)
         QAction* key = keys[row];
         const int index = LineOfKey(key->objectName());
         auto* name = new QLabel(key->text());
-        name->setFont(look::WordsFont(10.5, QFont::DemiBold));
+        name->setFont(look::WordsFont(look::Size::Section, look::Strong));
         auto* text = new QLabel(tr(HelpLines.at(static_cast<std::size_t>(index)).Text));
         text->setObjectName(QStringLiteral("Label2(%1)").arg(index));
         lines->addWidget(KeyButton(key), row, 0);

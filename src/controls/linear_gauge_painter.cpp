@@ -110,15 +110,15 @@ void DrawFlag(QPainter& painter, const GaugeGeometry& geometry, const Reading& r
 } // namespace
 
 QFont LabelFont() {
-    return look::NumbersFont(8.5);
+    return look::NumbersFont(look::Size::Fine);
 }
 
 QFont FlagFont() {
-    return look::NumbersFont(9.0);
+    return look::NumbersFont(look::Size::Note);
 }
 
 QFont CaptionFont() {
-    return look::NumbersFont(20.0, QFont::Medium);
+    return look::NumbersFont(look::Size::Digits, look::Strong);
 }
 
 GaugeTextSizes TextSizes() {

@@ -55,22 +55,22 @@ QPalette BodyPalette() {
     return palette;
 }
 
-QFont Face(const QStringList& families, double points, QFont::Weight weight) {
+QFont Face(const QStringList& families, Size size, QFont::Weight weight) {
     QFont font;
     font.setFamilies(families);
-    font.setPointSizeF(points);
+    font.setPointSize(static_cast<int>(size));
     font.setWeight(weight);
     return font;
 }
 
 } // namespace
 
-QFont WordsFont(double points, QFont::Weight weight) {
-    return Face({"Inter", "Noto Sans", "DejaVu Sans"}, points, weight);
+QFont WordsFont(Size size, QFont::Weight weight) {
+    return Face({"Inter", "Noto Sans", "DejaVu Sans"}, size, weight);
 }
 
-QFont NumbersFont(double points, QFont::Weight weight) {
-    QFont font = Face({"JetBrains Mono", "DejaVu Sans Mono"}, points, weight);
+QFont NumbersFont(Size size, QFont::Weight weight) {
+    QFont font = Face({"JetBrains Mono", "DejaVu Sans Mono"}, size, weight);
     font.setStyleHint(QFont::Monospace);
     return font;
 }

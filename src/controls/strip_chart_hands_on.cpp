@@ -16,7 +16,7 @@ QToolButton* TitleButton(StripChart& chart, const QString& text, const QString& 
     button->setText(text);
     button->setToolTip(tip);
     button->setAccessibleDescription(tip);
-    button->setFont(look::WordsFont(9));
+    button->setFont(look::WordsFont(look::Size::Note));
     button->setFocusPolicy(Qt::NoFocus);
     return button;
 }

@@ -18,15 +18,15 @@ constexpr int LeastLegendName = 72;
 constexpr int MostLegendName = 180;
 
 QFont TitleFont() {
-    return look::WordsFont(11, QFont::DemiBold);
+    return look::WordsFont(look::Size::Section, look::Strong);
 }
 
 QFont LabelFont() {
-    return look::NumbersFont(8.5);
+    return look::NumbersFont(look::Size::Fine);
 }
 
 QFont LegendFont(int lineHeight) {
-    QFont font = look::WordsFont(9);
+    QFont font = look::WordsFont(look::Size::Note);
     if (lineHeight < 16) {
         font.setPixelSize(std::max(lineHeight - 3, 6));
     }
@@ -74,12 +74,12 @@ double StripLayers::YOf(const StripModel& model, double value) const {
 
 StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
     const QFontMetrics labels(LabelFont());
-    const QFontMetrics legend(look::WordsFont(9));
+    const QFontMetrics legend(look::WordsFont(look::Size::Note));
     StripTextSizes sizes{};
     sizes.TitleHeight = std::max(QFontMetrics(TitleFont()).height(), 24);
-    sizes.TimeCaptionWidth =
-        QFontMetrics(look::WordsFont(9)).horizontalAdvance(model.Captions[TimeCaption].Text) +
-        labels.horizontalAdvance(QStringLiteral(" 00 00 00")) + 4;
+    sizes.TimeCaptionWidth = QFontMetrics(look::WordsFont(look::Size::Note))
+                                 .horizontalAdvance(model.Captions[TimeCaption].Text) +
+                             labels.horizontalAdvance(QStringLiteral(" 00 00 00")) + 4;
     sizes.LabelHeight = labels.height();
     sizes.ValueLabelWidth = labels.horizontalAdvance(QStringLiteral("-00.00"));
     for (int variable = 0; variable < StripLegendLines; ++variable) {
@@ -246,7 +246,7 @@ void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripMod
         painter.setFont(LabelFont());
         painter.drawText(m_layout.TimeCaption, Qt::AlignRight | Qt::AlignVCenter,
                          StripClockText(model, model.History.Newest()));
-        painter.setFont(look::WordsFont(9));
+        painter.setFont(look::WordsFont(look::Size::Note));
         painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
                          model.Captions[TimeCaption].Text);
     }

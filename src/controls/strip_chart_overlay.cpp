@@ -145,7 +145,7 @@ void PaintStandstill(QPainter& painter, const StripModel& model, const QRect& pa
     if (text.isEmpty()) {
         return;
     }
-    painter.setFont(look::WordsFont(9, QFont::DemiBold));
+    painter.setFont(look::WordsFont(look::Size::Note, look::Strong));
     const QFontMetrics metrics(painter.font());
     const QSize size(metrics.horizontalAdvance(text) + 2 * Padding, metrics.height() + Padding);
     QRect badge(QPoint(0, 0), size);

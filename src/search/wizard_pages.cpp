@@ -39,7 +39,7 @@ QLabel* Text(const QString& name, const QString& text) {
 
 QLabel* Heading(const QString& name, const QString& text) {
     QLabel* label = Text(name, text);
-    label->setFont(look::WordsFont(15, QFont::Bold));
+    label->setFont(look::WordsFont(look::Size::Title, look::Strong));
     return label;
 }
 
@@ -56,7 +56,7 @@ QCheckBox* Medium(const QString& name, const QString& text, const QString& key,
     box->setObjectName(name);
     box->setShortcut(QKeySequence(key));
     box->setToolTip(tooltip);
-    box->setFont(look::WordsFont(10.5, QFont::DemiBold));
+    box->setFont(look::WordsFont(look::Size::Section, look::Strong));
     return box;
 }
 
@@ -95,7 +95,7 @@ WelcomePage::WelcomePage(QWidget* parent)
 
     QLabel* welcome = Text("WelcomeLBL", Tr("This TQX7716 Search Wizard will find any TQX7716s "
                                             "that can be controlled by this software"));
-    welcome->setFont(look::WordsFont(15, QFont::DemiBold));
+    welcome->setFont(look::WordsFont(look::Size::Title, look::Strong));
     QVBoxLayout* page = PageLayout(this);
     page->addWidget(welcome);
     page->addWidget(Text("WelcomeInstructionsLBL", Tr("Click 'Next' to start.")));
@@ -222,7 +222,7 @@ ResultsPage::ResultsPage(QWidget* parent)
     SearchResultsLIST->setObjectName("SearchResultsLIST");
     SearchResultsLIST->setAccessibleName(Tr("TQX7716s found"));
     SearchResultsLIST->setToolTip(Tr("A double click on a row takes that chip"));
-    SearchResultsLIST->setFont(look::NumbersFont(9.5));
+    SearchResultsLIST->setFont(look::NumbersFont());
     SearchResultsLIST->setItemDelegate(new SentenceDelegate(SearchResultsLIST));
     SearchResultsLIST->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     look::SetInk(*SearchNotesLBL, look::QuietInk);

@@ -52,7 +52,7 @@ void DrawChip(QPainter& painter) {
     painter.setBrush(QColor(look::DisplayQuiet));
     painter.drawEllipse(Chip.topLeft() + QPointF(12, 12), 3.5, 3.5);
     painter.setPen(QColor(look::DisplayInk));
-    painter.setFont(look::NumbersFont(9, QFont::DemiBold));
+    painter.setFont(look::WordsFont(look::Size::Title, look::Strong));
     painter.drawText(Chip, Qt::AlignCenter, "TQX\n7716");
 }
 

@@ -3,12 +3,6 @@
 #include <controls/look.h>
 
 namespace tqx::boardparts {
-namespace {
-
-constexpr double SentencePoints = 9;
-
-} // namespace
-
 QString MemberName(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }
@@ -34,7 +28,7 @@ QLabel* Readout(const QString& objectName, const QString& widest) {
 
 QLabel* Sentence(const QString& text) {
     auto* label = new QLabel(text);
-    label->setFont(look::WordsFont(SentencePoints));
+    label->setFont(look::WordsFont(look::Size::Note));
     look::SetInk(*label, look::QuietInk);
     label->setWordWrap(true);
     return label;

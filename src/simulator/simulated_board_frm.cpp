@@ -46,7 +46,7 @@ QWidget* SimulatedBoardFRM::MakeBanner() {
     layout->setSpacing(0);
     auto* heading = new QLabel(tr("Simulated board"));
     heading->setObjectName("BannerLBL");
-    heading->setFont(look::WordsFont(12, QFont::DemiBold));
+    heading->setFont(look::WordsFont(look::Size::Large, look::Strong));
     layout->addWidget(heading);
     layout->addWidget(
         boardparts::Sentence(tr("The chip is simulated: it, its bus and what it measures are a "

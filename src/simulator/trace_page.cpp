@@ -15,15 +15,9 @@
 #include <algorithm>
 
 namespace tqx {
-namespace {
-
-constexpr double TracePoints = 9;
-
-} // namespace
-
 TracePage::TracePage(SimulatedBoard& board)
     : m_trace(board.Trace())
-    , m_model(m_trace, look::NumbersFont(TracePoints)) {
+    , m_model(m_trace, look::NumbersFont(look::Size::Note)) {
     MakeList();
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(2 * look::Grid);
@@ -39,7 +33,7 @@ void TracePage::MakeList() {
     boardparts::Name(
         *m_list, "TraceLIST", tr("Bus trace"),
         tr("The last transfers on the bus, the newest at the bottom. Pause to select."));
-    m_list->setFont(look::NumbersFont(TracePoints));
+    m_list->setFont(look::NumbersFont(look::Size::Note));
     look::MakeDisplay(*m_list);
     m_list->setModel(&m_model);
     m_list->setUniformItemSizes(true);

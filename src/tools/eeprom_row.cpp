@@ -39,7 +39,7 @@ void MarkWhatIsNoByte(NumberEntry& entry, QLabel& mark, QRgb ink, const QString&
 
 QLabel* Mark(const char* name, int index) {
     QLabel* mark = parts::Label({}, parts::MemberName(name, index));
-    mark->setFont(look::WordsFont(11, QFont::Bold));
+    mark->setFont(look::WordsFont(look::Size::Section, look::Strong));
     look::SetInk(*mark, look::DarkRedInk);
     mark->setFixedWidth(2 * look::Grid);
     mark->setAlignment(Qt::AlignCenter);

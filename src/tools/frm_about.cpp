@@ -46,7 +46,7 @@ QLabel* Picture() {
 
 QLabel* SmallPrint(const QString& text, const QString& name) {
     QLabel* note = parts::Note(text, name, TextWidth);
-    note->setFont(look::WordsFont(9));
+    note->setFont(look::WordsFont(look::Size::Note));
     look::SetInk(*note, look::QuietInk);
     return note;
 }
@@ -62,11 +62,11 @@ frmAbout::frmAbout(MessageDoor door, SysInfoHost& host)
 
 void frmAbout::MakeLayout() {
     QLabel* title = parts::Label(ApplicationTitle, "lblTitle");
-    title->setFont(look::WordsFont(15, QFont::Bold));
+    title->setFont(look::WordsFont(look::Size::Title, look::Strong));
     QLabel* version = parts::Label(tr("Version %1").arg(VersionText), "lblVersion");
     look::SetInk(*version, look::QuietInk);
     QLabel* warning = parts::Label("Warning: ", "lblDisclaimer");
-    warning->setFont(look::WordsFont(9, QFont::Bold));
+    warning->setFont(look::WordsFont(look::Size::Note, look::Strong));
 
     auto* names = new QVBoxLayout;
     names->setSpacing(look::Grid);

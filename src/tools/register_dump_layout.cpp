@@ -43,7 +43,7 @@ QCheckBox* TickedBox(const QString& text, const QString& name, const QString& to
 
 QLabel* SampleText(const QString& text, const QString& name) {
     QLabel* sample = parts::NumberLabel(text, name, look::BodyInk);
-    sample->setFont(look::NumbersFont(14));
+    sample->setFont(look::NumbersFont(look::Size::Large));
     return sample;
 }
 

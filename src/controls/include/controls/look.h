@@ -70,11 +70,28 @@ inline constexpr QRgb PaperInk = 0xFF262B31;
 /// The unit of every distance in a window, in device-independent pixels.
 inline constexpr int Grid = 4;
 
-/// The face for words, `points` high.
-QFont WordsFont(double points = 10.0, QFont::Weight weight = QFont::Normal);
+/// The sizes of text, in points. There are no others: each size of a face costs time at its first
+/// use, and a window with few of them reads better.
+enum class Size {
+    Fine = 8,     ///< scales, legends in narrow columns
+    Note = 9,     ///< notes, legends
+    Text = 10,    ///< everything that has no reason to be else
+    Section = 11, ///< headings within a window, rows, choices
+    Large = 12,   ///< bytes to type or to compare
+    Title = 15,   ///< heading of a window or of a page
+    Digits = 20,  ///< one bit, one reading
+    Banner = 24,  ///< the program's name
+    ReadOut = 30, ///< the value just read
+};
 
-/// The fixed-width face for every number, register caption and byte, `points` high.
-QFont NumbersFont(double points = 10.0, QFont::Weight weight = QFont::Normal);
+/// The one weight of what stands out.
+inline constexpr QFont::Weight Strong = QFont::DemiBold;
+
+/// The face for words.
+QFont WordsFont(Size size = Size::Text, QFont::Weight weight = QFont::Normal);
+
+/// The fixed-width face for every number, register caption and byte.
+QFont NumbersFont(Size size = Size::Text, QFont::Weight weight = QFont::Normal);
 
 /// The palette of a dark display.
 QPalette DisplayPalette();
