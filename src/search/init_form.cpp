@@ -65,7 +65,9 @@ void InitForm::MakeWindow() {
     for (QWidget* page :
          std::initializer_list<QWidget*>{m_welcome = new WelcomePage, m_medium = new MediumPage,
          m_searching = new SearchingPage, m_results = new ResultsPage}) {
-        m_pages->addWidget(page);
+        page->setParent(m_pages);
+        page->hide();
+        m_pageOf.push_back(page);
     }
     auto* rule = new QFrame;
     rule->setFixedHeight(1);
@@ -150,9 +152,14 @@ void InitForm::ApplyBuildRules() {
     }
 }
 
+/// A page joins the stack when it is first shown: what is not laid out does not delay the start.
 void InitForm::ShowPage(int page) {
     m_currentPage = page;
-    m_pages->setCurrentIndex(page - 1);
+    QWidget* shown = m_pageOf[static_cast<std::size_t>(page - 1)];
+    if (m_pages->indexOf(shown) < 0) {
+        m_pages->addWidget(shown);
+    }
+    m_pages->setCurrentWidget(shown);
 }
 
 void InitForm::EnableButtons(const WizardButtons& buttons) {

@@ -91,6 +91,8 @@ private:
     MediumPage* m_medium = nullptr;
     SearchingPage* m_searching = nullptr;
     ResultsPage* m_results = nullptr;
+    /// The pages in their order, the first one being number 1.
+    std::vector<QWidget*> m_pageOf;
 
     QPushButton* m_back = nullptr;
     QPushButton* m_next = nullptr;
