@@ -62,12 +62,11 @@ protected:
         return trace;
     }
 
-    static std::vector<std::string> Lines(const std::vector<std::string>& operations) {
-        std::vector<std::string> lines = operations;
-        for (std::string& line : lines) {
+    static std::vector<std::string> Lines(std::vector<std::string> operations) {
+        for (std::string& line : operations) {
             line.insert(0, "BoardBus.");
         }
-        return lines;
+        return operations;
     }
 };
 
@@ -99,22 +98,9 @@ TEST_F(BlockTransfer, APECThatTheChipRefusesIsNotOK) {
     EXPECT_FALSE(block.PECOK());
 }
 
-TEST_F(BlockTransfer, AnEmptyWriteCoversItsHeadAlone) {
-    block.UsePEC(true);
-    const std::uint8_t pec = PECStep(PECStep(PECStep(0, 0x58), 0xA0), 0x00);
-    char sent[16];
-    std::snprintf(sent, sizeof sent, "SendBusByte %X", pec);
-    EXPECT_EQ(Write({}),
-              Lines({"BusRelease", "BusStart", "SendBusByte 58", "WaitAck", "SendBusByte A0",
-                     "WaitAck", "SendBusByte 0", "WaitAck", sent, "AckStatus", "BusStop"}));
-    EXPECT_EQ(block.PEC(), pec);
-}
-
 TEST_F(BlockTransfer, AFullWriteEndsItsTraceAtIndex34AndShorterOnesKeepTheTail) {
     block.UsePEC(true);
-    const std::vector<std::uint8_t> data(32, 0x5A);
-    // Release, start, 35 bytes with their acknowledge, PEC with its own, stop.
-    EXPECT_EQ(Write(data).size(), 2U + 35U * 2U + 2U + 1U);
+    Write(std::vector<std::uint8_t>(32, 0x5A));
     const std::uint8_t last = block.BlockPECData(34);
     EXPECT_EQ(block.PEC(), last);
     EXPECT_EQ(block.BlockPECData(35), 0);
@@ -132,7 +118,6 @@ TEST_F(BlockTransfer, WithoutPECTheResultsOfTheLastOneStand) {
                                  "SendBusByte A0", "WaitAck", "SendBusByte 1", "WaitAck",
                                  "SendBusByte 7", "WaitAck", "BusStop"}));
     Read(0xEE);
-    EXPECT_EQ(block.RetrieveBlockData(34), 0xEE);
     EXPECT_TRUE(block.PECOK());
     EXPECT_EQ(block.PEC(), 0x66);
 }
@@ -145,22 +130,19 @@ TEST_F(BlockTransfer, AnOddAddressGoesOutEvenAndEntersThePECAsItStands) {
 }
 
 TEST_F(BlockTransfer, AReadTakes34BytesAndAcknowledgesAllButTheLast) {
-    std::vector<std::string> expected =
-        Lines({"BusStart", "SendBusByte 58", "WaitAck", "SendBusByte A1", "WaitAck", "BusRelease",
-               "BusStart", "SendBusByte 59", "WaitAck"});
+    std::vector<std::string> expected{"BusStart",       "SendBusByte 58", "WaitAck",
+                                      "SendBusByte A1", "WaitAck",        "BusRelease",
+                                      "BusStart",       "SendBusByte 59", "WaitAck"};
     for (int i = 0; i < 33; ++i) {
-        expected.emplace_back("BoardBus.ReadBusByte");
-        expected.emplace_back("BoardBus.SendAck");
+        expected.insert(expected.end(), {"ReadBusByte", "SendAck"});
     }
-    for (const char* operation :
-         {"BoardBus.ReadBusByte", "BoardBus.SendNack", "BoardBus.BusStop"}) {
-        expected.emplace_back(operation);
-    }
-    EXPECT_EQ(Read(0), expected);
+    expected.insert(expected.end(), {"ReadBusByte", "SendNack", "BusStop"});
+    EXPECT_EQ(Read(0xEE), Lines(expected));
     EXPECT_EQ(block.ByteCount(), 32);
     EXPECT_EQ(block.RetrieveBlockData(0), 0x59);
-    EXPECT_EQ(block.RetrieveBlockData(2), 0);
+    EXPECT_EQ(block.RetrieveBlockData(1), 32);
     EXPECT_EQ(block.RetrieveBlockData(33), 31);
+    EXPECT_EQ(block.RetrieveBlockData(34), 0xEE);
     EXPECT_THAT(notices, IsEmpty());
 }
 
@@ -168,6 +150,7 @@ TEST_F(BlockTransfer, AReadIsGoodWhenTheChipSendsTheComputedPEC) {
     block.UsePEC(true);
     Read(PECOfCountingRead);
     EXPECT_TRUE(block.PECOK());
+    EXPECT_EQ(block.BlockPECData(0), 0x88); // of the read address
     EXPECT_EQ(block.BlockPECData(33), PECOfCountingRead);
     Read(PECOfCountingRead ^ 0x10);
     EXPECT_FALSE(block.PECOK());
@@ -188,35 +171,12 @@ TEST_F(BlockTransfer, AnotherCountEndsTheReadWhereItStands) {
     EXPECT_TRUE(block.PECOK());
 }
 
-TEST_F(BlockTransfer, TheReadFrameIsComputedFromItsAddressOn) {
-    bus.BusBytes = {32, 0x11, 0x22};
-    block.BlockRead();
-    block.ByteCount(2);
-    EXPECT_EQ(block.PECValue(0), 0x20);
-    EXPECT_THAT(Trace(4), ElementsAre(0x88, 0xBF, 0x43, 0x20));
-}
-
-TEST_F(BlockTransfer, AnUnknownDirectionRefreshesTheHeadsAndClearsThePECAlone) {
-    block.UsePEC(true);
-    Write({0x11, 0x22});
-    block.SlaveAddress(0x5A);
-    EXPECT_EQ(block.PECValue(1), 0);
-    EXPECT_EQ(block.PEC(), 0);
-    EXPECT_THAT(Trace(5), ElementsAre(0x8F, 0xCD, 0x63, 0x59, 0x66));
-    EXPECT_EQ(block.RetrieveBlockData(0), 0x5B);
-    EXPECT_EQ(block.RetrieveBlockData(1), 2);
-}
-
 TEST_F(BlockTransfer, WhatDoesNotFitTheFramesIsRefusedWithNothingSent) {
     block.SetupBlockData(37, 1);
-    EXPECT_EQ(block.RetrieveBlockData(37), 0);
-    EXPECT_EQ(block.BlockPECData(37), 0);
     EXPECT_THROW(block.SetupBlockData(38, 1), std::out_of_range);
     EXPECT_THROW(block.RetrieveBlockData(38), std::out_of_range);
-    EXPECT_THROW(block.BlockPECData(38), std::out_of_range);
     block.ByteCount(36);
     EXPECT_THROW(block.BlockWrite(), std::out_of_range);
-    EXPECT_THROW(block.PECValue(-1), std::out_of_range);
     EXPECT_THAT(bus.Take(), IsEmpty());
 }
 

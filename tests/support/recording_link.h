@@ -3,6 +3,7 @@
 #include <link/link_error.h>
 #include <link/link_server.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdint>
@@ -42,7 +43,6 @@ public:
     int FailAfter = 0;
 
     std::uint8_t Ports = 1;
-    std::uint16_t FirstPortAddress = 0x378;
     FrameBytes ReadFrame{};
     FrameBytes Trace{};
     std::int16_t PEC = 0;
@@ -57,10 +57,7 @@ public:
 
     tqx::SMBusLink& SMBusLink() override { return *this; }
 
-    std::int16_t ActiveMedium() override {
-        Got("LinkServer.ActiveMedium");
-        return m_medium;
-    }
+    std::int16_t ActiveMedium() override { return Got("LinkServer.ActiveMedium", m_medium); }
 
     void ActiveMedium(std::int16_t medium) override {
         Note("LinkServer.ActiveMedium", {medium});
@@ -68,21 +65,14 @@ public:
     }
 
     // ---- PrinterPortLink ----
-    std::uint8_t PortCount() override {
-        Got("PrinterPortLink.PortCount");
-        return Ports;
-    }
+    std::uint8_t PortCount() override { return Got("PrinterPortLink.PortCount", Ports); }
 
     void PortIndex(std::uint8_t index) override {
         Note("PrinterPortLink.PortIndex", {index});
-        m_portAddress = static_cast<std::uint16_t>(FirstPortAddress - 0x100 * index);
+        m_portAddress = static_cast<std::uint16_t>(0x378 - 0x100 * index);
     }
 
-    /// Both PrinterPortLink and BoardBus have it: the base of the selected port.
-    std::uint16_t PortAddress() override {
-        Got("PortAddress");
-        return m_portAddress;
-    }
+    std::uint16_t PortAddress() override { return Got("PortAddress", m_portAddress); }
 
     void BurstMode(bool on) override { Note("PrinterPortLink.BurstMode", {on}); }
 
@@ -91,10 +81,7 @@ public:
     tqx::EEPROMLink& EEPROMLink() override { return *this; }
 
     // ---- BoardBus; the slave address is shared with SMBusLink, as one chip is chosen ----
-    std::uint8_t SlaveAddress() override {
-        Got("SlaveAddress");
-        return m_slaveAddress;
-    }
+    std::uint8_t SlaveAddress() override { return Got("SlaveAddress", m_slaveAddress); }
 
     void SlaveAddress(std::uint8_t address) override {
         Note("SlaveAddress", {address});
@@ -106,10 +93,7 @@ public:
         m_portAddress = address;
     }
 
-    bool BoardMode() override {
-        Got("BoardBus.BoardMode");
-        return m_boardMode;
-    }
+    bool BoardMode() override { return Got("BoardBus.BoardMode", m_boardMode); }
 
     void BoardMode(bool mode) override {
         Note("BoardBus.BoardMode", {mode});
@@ -154,25 +138,13 @@ public:
         Note("BoardBus.BlockWrite", arguments);
     }
 
-    FrameBytes BlockData() override {
-        Got("BoardBus.BlockData");
-        return ReadFrame;
-    }
+    FrameBytes BlockData() override { return Got("BoardBus.BlockData", ReadFrame); }
 
-    FrameBytes PECTrace() override {
-        Got("BoardBus.PECTrace");
-        return Trace;
-    }
+    FrameBytes PECTrace() override { return Got("BoardBus.PECTrace", Trace); }
 
-    std::int16_t PECResult() override {
-        Got("BoardBus.PECResult");
-        return PEC;
-    }
+    std::int16_t PECResult() override { return Got("BoardBus.PECResult", PEC); }
 
-    bool PECOK() override {
-        Got("BoardBus.PECOK");
-        return PECGood;
-    }
+    bool PECOK() override { return Got("BoardBus.PECOK", PECGood); }
 
     void BusStart() override { Note("BoardBus.BusStart", {}); }
 
@@ -234,10 +206,7 @@ public:
     void EEPROMDelay(std::int16_t delay) override { Note("EEPROMLink.EEPROMDelay", {delay}); }
 
     // ---- SMBusLink ----
-    std::uint32_t BaseAddress() override {
-        Got("SMBusLink.BaseAddress");
-        return SMBusBase;
-    }
+    std::uint32_t BaseAddress() override { return Got("SMBusLink.BaseAddress", SMBusBase); }
 
 private:
     static std::string MediumOf(std::uint8_t address) {
@@ -245,15 +214,8 @@ private:
     }
 
     bool Answers(std::uint8_t address) const {
-        if (Answering.empty()) {
-            return true;
-        }
-        for (const std::uint8_t answering : Answering) {
-            if (answering == address) {
-                return true;
-            }
-        }
-        return false;
+        return Answering.empty() ||
+               std::find(Answering.begin(), Answering.end(), address) != Answering.end();
     }
 
     void Note(const std::string& operation, const std::vector<int>& arguments) {
@@ -270,10 +232,12 @@ private:
         }
     }
 
-    void Got(const std::string& property) {
+    template <typename Value>
+    Value Got(const std::string& property, const Value& value) {
         if (RecordGets) {
             Note(property + "?", {});
         }
+        return value;
     }
 
     std::int16_t m_medium = ActivePrinterPort;

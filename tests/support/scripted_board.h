@@ -1,6 +1,6 @@
 #pragma once
 
-#include <link/board_wiring.h>
+#include <link/line_port.h>
 #include <link/link_error.h>
 #include <link/parallel_port.h>
 
@@ -8,20 +8,23 @@
 #include <cstdint>
 #include <cstdio>
 #include <deque>
+#include <gtest/gtest.h>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace tqx::test {
 
-/// A printer port with a bus slave of a few lines behind it, which acknowledges every byte and
-/// sends what a test has laid out. It writes down the accesses and what they mean on the bus.
-class ScriptedBoard : public ParallelPort {
+/// A printer port, also as the line layer sees it, with a bus slave of a few lines behind it. The
+/// slave acknowledges every byte and sends what a test has laid out. The port writes down the
+/// accesses and what they mean on the bus.
+class ScriptedBoard : public ParallelPort, public LinePort {
 public:
-    explicit ScriptedBoard(const BoardWiring& wiring = DirectWiring, std::uint16_t base = 0x378)
-        : Wiring(wiring)
+    /// `boardMode` tells which values the line states have on the port.
+    explicit ScriptedBoard(bool boardMode = false, std::uint16_t base = 0x378)
+        : m_states(boardMode ? "\xB0\xB4\xBC\xB8" : "\xB3\xB2\xB0\xB1")
         , m_base(base) {}
 
-    BoardWiring Wiring;
     /// False: nothing is on the bus, so that the data line is the master's alone.
     bool Answers = true;
     /// The byte that the slave does not acknowledge, counted from the start of the run; -1 none.
@@ -38,7 +41,8 @@ public:
     bool Held = false;
     std::chrono::nanoseconds Delayed{0};
 
-    /// Every access: a data write as two digits, "r" a look at the status, "d" a delay.
+    /// Every access by its letter: H both lines high, s data low and clock high, L both low, h data
+    /// high and clock low, ? no line state, r a look at the status, d a delay.
     std::string TakeAccesses() { return std::exchange(m_accesses, {}); }
 
     /// The bus as it was seen: "S" and "P" for start and stop, bytes with "+" for an acknowledge
@@ -53,25 +57,22 @@ public:
             throw LinkError("cannot write to the port", "it was unplugged", "Plug it in.");
         }
         WritesLeft -= WritesLeft > 0 ? 1 : 0;
-        Note(m_accesses, Hex(value));
-        const std::uint8_t lines = value & Wiring.LineBits();
-        const bool clock = lines == Wiring.BothHigh || lines == Wiring.DataLowClockHigh;
-        const bool data = lines == Wiring.BothHigh || lines == Wiring.DataHighClockLow;
+        const std::size_t state = m_states.find(static_cast<char>(value));
+        m_accesses += state == std::string_view::npos ? '?' : "HsLh"[state];
+        const bool clock = state <= 1;
         // A write that moves both lines moves the data line while the clock is low.
-        if (clock && !m_clock) {
-            MasterData(data);
-            ClockRose();
-        } else if (!clock && m_clock) {
+        if (m_clock && !clock) {
             ClockFell();
-            MasterData(data);
-        } else {
-            MasterData(data);
+        }
+        MasterData(state == 0 || state == 3);
+        if (!m_clock && clock) {
+            ClockRose();
         }
     }
 
     std::uint8_t ReadStatus() override {
-        Note(m_accesses, "r");
-        return DataLine() ? 0xFF : 0xFF & ~DataLineStatusBit;
+        m_accesses += 'r';
+        return DataLine() ? 0xFF : 0xEF;
     }
 
     void Hold(bool hold) override {
@@ -79,13 +80,24 @@ public:
             throw LinkError("cannot take the port", "it is in use", "Close the other program.");
         }
         Held = hold;
-        Note(m_bus, hold ? "[" : "]");
+        Note(hold ? "[" : "]");
     }
 
     void Delay(std::chrono::nanoseconds time) override {
-        Note(m_accesses, "d");
+        m_accesses += 'd';
         Delayed += time;
     }
+
+    std::uint16_t PortAddress() override { return m_base; }
+
+    void PortOut(std::uint8_t value) override { WriteData(value); }
+
+    std::uint8_t PortIn(std::uint16_t port) override {
+        EXPECT_EQ(port, m_base + 1);
+        return ReadStatus();
+    }
+
+    void LineDelay(std::chrono::nanoseconds time) override { Delay(time); }
 
 private:
     bool DataLine() const { return m_masterData && !m_slavePulls; }
@@ -100,7 +112,7 @@ private:
         m_bits = 0;
         m_started = before;
         m_addressed = false;
-        Note(m_bus, before ? "S" : "P");
+        Note(before ? "S" : "P");
     }
 
     void ClockRose() {
@@ -113,7 +125,9 @@ private:
             m_byte = static_cast<std::uint8_t>(m_byte << 1 | (DataLine() ? 1 : 0));
             return;
         }
-        Note(m_bus, Hex(m_byte) + (DataLine() ? "-" : "+"));
+        char text[4];
+        std::snprintf(text, sizeof text, "%02X%c", m_byte, DataLine() ? '-' : '+');
+        Note(text);
         if (!m_addressed) {
             m_addressed = true;
             m_sending = Answers && (m_byte & 1) != 0;
@@ -124,12 +138,9 @@ private:
 
     void ClockFell() {
         m_clock = false;
-        if (m_bits == 9) {
-            m_bits = 0;
-        }
-        const bool receives = !m_sending || !m_addressed;
+        m_bits %= 9;
         m_slavePulls = false;
-        if (receives && m_bits == 8) {
+        if (m_bits == 8 && !(m_sending && m_addressed)) {
             m_slavePulls = Answers && m_received++ != Refused;
         } else if (m_sending && m_bits < 8) {
             m_slavePulls = !NextBit();
@@ -147,16 +158,9 @@ private:
         return (m_out >> (7 - m_bits) & 1) != 0;
     }
 
-    static std::string Hex(std::uint8_t value) {
-        char text[4];
-        std::snprintf(text, sizeof text, "%02X", value);
-        return text;
-    }
+    void Note(const std::string& word) { m_bus += (m_bus.empty() ? "" : " ") + word; }
 
-    static void Note(std::string& line, const std::string& word) {
-        line += (line.empty() ? "" : " ") + word;
-    }
-
+    std::string_view m_states; ///< the values of H, s, L and h
     std::uint16_t m_base;
     std::string m_accesses;
     std::string m_bus;
