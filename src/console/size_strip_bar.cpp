@@ -96,9 +96,13 @@ void SetYRange(StripChart& chart, const StripGroupSetting& group) {
     }
 }
 
+QString Text(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 void SetCaption(StripChart& chart, int caption, std::string_view text) {
     chart.CaptionIndex(caption);
-    chart.Caption(QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+    chart.Caption(Text(text));
 }
 
 void SetLegend(StripChart& chart, int variable, std::string_view text) {
@@ -115,6 +119,7 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
     SetCaption(chart, TitleCaption, group.Title);
     int variable = 0;
     for (const StripTrace& trace : group.Traces) {
+        chart.NameVariable(variable, Text(trace.Legend));
         if (trace.RowTested == AlwaysWritten || rowVisible(trace.RowTested)) {
             SetLegend(chart, variable, trace.Legend);
         } else {

@@ -207,6 +207,13 @@ std::uint32_t StripChart::VariableColor() const {
     return any ? ToBgr(m_parts->Model.Ink(index).Colour) : 0;
 }
 
+void StripChart::NameVariable(int variable, const QString& name) {
+    if (variable >= 0 && variable < StripVariableCount) {
+        m_parts->Model.Names[static_cast<std::size_t>(variable)] = name;
+        update();
+    }
+}
+
 bool StripChart::Antialiased() const {
     return m_parts->Model.Antialiased;
 }

@@ -11,6 +11,10 @@ QString StripModel::Name(int variable) const {
     if (hasLine && !Legend(variable).isEmpty()) {
         return Legend(variable);
     }
+    const QString& own = Names[static_cast<std::size_t>(variable)];
+    if (!own.isEmpty()) {
+        return own;
+    }
     return QCoreApplication::translate("StripChart", "Variable %1").arg(variable);
 }
 

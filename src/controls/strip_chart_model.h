@@ -46,6 +46,8 @@ struct StripModel {
     StripView View;
     StripInks Inks = DefaultStripInks();
     std::array<StripCaption, StripCaptionCount> Captions;
+    /// What variables without a legend line are called; one may have none of its own.
+    std::array<QString, StripVariableCount> Names;
     StripCursors Cursors;
     int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
     bool Antialiased = true;

@@ -67,5 +67,14 @@ TEST_F(ControlCentreStrip, TheTwo33VoltLegendsAreDecidedCrosswise) {
     EXPECT_EQ(Captions().at(18), "");
 }
 
+TEST_F(ControlCentreStrip, AChannelWithoutALegendLineIsReadOutUnderItsName) {
+    panel->StripGroup = 1;
+    panel->SetUpDisplay();
+    panel->BargraphTick();
+    ASSERT_EQ(Captions().at(15), "");
+    EXPECT_TRUE(Chart().LatestText().contains("Ain 7 0.02, Ain 8 0.02, Ain 9 0.02"))
+        << Chart().LatestText().toStdString();
+}
+
 } // namespace
 } // namespace tqx

@@ -96,6 +96,10 @@ public:
     void VariableIndex(int index);
     std::uint32_t VariableColor() const;
 
+    /// What `variable`, 0 to 17, is called where its legend line is empty: its trace and its
+    /// samples are there all the same.
+    void NameVariable(int variable, const QString& name);
+
     /// Whether the ends of lines are smoothed; they are unless this is switched off.
     bool Antialiased() const;
     void Antialiased(bool smoothed);
