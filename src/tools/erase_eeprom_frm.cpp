@@ -78,18 +78,21 @@ void EraseEEPROMFRM::ShowHighByte(const QString& highByte) {
 
 void EraseEEPROMFRM::ErasePage(int i) {
     const Yielding yielding(*this);
+    m_statusLBL->clear();
     m_modes.SelectEraseMode();
     if (Unloading()) {
         return;
     }
-    const auto row = static_cast<std::size_t>(i);
-    m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(ByteShown(*m_highByteLBL[row]),
-                                                           ByteShown(*m_lowByteLBL[row]), 0);
+    const QLabel& high = *m_highByteLBL[static_cast<std::size_t>(i)];
+    const QLabel& low = *m_lowByteLBL[static_cast<std::size_t>(i)];
+    m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(ByteShown(high), ByteShown(low), 0);
+    m_statusLBL->setText(tr("Erase of page %1 %2 sent.").arg(high.text(), low.text()));
 }
 
 void EraseEEPROMFRM::EraseAll() {
     const Yielding yielding(*this);
     const EraseAllScope running(*this);
+    m_statusLBL->clear();
     m_modes.SelectEraseMode();
     m_totalProgress->setValue(0);
     for (int high = eeprom::FirstHighByte; high <= eeprom::LastHighByte && !Unloading(); ++high) {
@@ -99,6 +102,11 @@ void EraseEEPROMFRM::EraseAll() {
             break;
         }
     }
+    m_statusLBL->setText(
+        m_stopRequested
+            ? tr("Stopped after page %1 %2.")
+                  .arg(m_highByteVaueLBL->text(), m_lowByteValueLBL->text().rightJustified(2, '0'))
+            : tr("Erase of all pages sent."));
 }
 
 void EraseEEPROMFRM::EraseBlock(std::uint8_t high) {
@@ -128,12 +136,17 @@ void EraseEEPROMFRM::MakeLayout() {
     m_closeCMD = parts::Button("Close", "CloseCMD",
                                tr("Closes this window; an erase under way stops first"), "Alt+C");
     m_closeCMD->setDefault(true);
+    m_statusLBL = parts::Heading({}, "StatusLBL");
+    m_statusLBL->setAccessibleName(tr("Status"));
+    auto* end = new QHBoxLayout;
+    end->addWidget(m_statusLBL, 1);
+    end->addWidget(m_closeCMD);
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(3 * look::Grid);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(MakePages());
     layout->addWidget(MakeFullErase());
-    layout->addWidget(m_closeCMD, 0, Qt::AlignRight);
+    layout->addLayout(end);
     m_closeCMD->setFocus();
 }
 

@@ -51,6 +51,7 @@ TEST_F(EraseEEPROMTest, ErasesThePageOfTheRow) {
     EXPECT_THAT(link.Take(),
                 ElementsAre("BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
                             "BoardBus.WriteByte 58 13 F4", "EEPROMLink.ErasePage 9F C0 0"));
+    EXPECT_EQ(Text("StatusLBL"), "Erase of page 9F C0 sent.");
 }
 
 TEST_F(EraseEEPROMTest, WriteProtectionWarnsAndErasesAllTheSame) {
@@ -75,6 +76,7 @@ TEST_F(EraseEEPROMTest, EraseAllTakesEveryPageInOrder) {
     EXPECT_EQ(Progress(), 31);
     EXPECT_EQ(Text("HighByteVaueLBL"), "9F");
     EXPECT_EQ(Text("LowByteValueLBL"), "C0");
+    EXPECT_EQ(Text("StatusLBL"), "Erase of all pages sent.");
     EXPECT_FALSE(Enabled("StopEraseCMD"));
 }
 
@@ -82,7 +84,7 @@ TEST_F(EraseEEPROMTest, StopOnTheFirstPageErasesOnePageAndASecondRunStartsOver) 
     const auto stop = [this] { Click("StopEraseCMD"); };
     EXPECT_EQ(Only(EraseAll(1, stop), "EEPROMLink.ErasePage").size(), 1U);
     EXPECT_EQ(Progress(), 1);
-    EXPECT_EQ(Text("LowByteValueLBL"), "0");
+    EXPECT_EQ(Text("StatusLBL"), "Stopped after page 80 00.");
     EXPECT_FALSE(Enabled("StopEraseCMD"));
     EXPECT_THAT(Only(EraseAll(6, stop), "EEPROMLink.ErasePage"),
                 ElementsAre("EEPROMLink.ErasePage 80 0 0", "EEPROMLink.ErasePage 80 40 0",
@@ -126,10 +128,12 @@ TEST_F(EraseEEPROMTest, ACloseBehindTheWarningErasesNothing) {
 }
 
 TEST_F(EraseEEPROMTest, AFailedLinkCallLeavesTheWindowUsable) {
+    Click("ErasePageCMD(0)");
     link.FailOn = "EEPROMLink.ErasePage 82";
     EXPECT_THROW(Find<QAbstractButton>(window, "EraseAllCMD").click(), LinkError);
     EXPECT_FALSE(Enabled("StopEraseCMD"));
     EXPECT_TRUE(Enabled("EraseAllCMD"));
+    EXPECT_EQ(Text("StatusLBL"), "") << "still tells of the page before";
     link.FailOn.clear();
     link.Take();
     EXPECT_EQ(Only(EraseAll(0, [] {}), "EEPROMLink.ErasePage").size(), 128U);

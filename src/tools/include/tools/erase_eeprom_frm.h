@@ -59,6 +59,8 @@ private:
     QProgressBar* m_totalProgress = nullptr;
     QLabel* m_highByteVaueLBL = nullptr;
     QLabel* m_lowByteValueLBL = nullptr;
+    /// What the last command came to; empty while one runs and after one that failed.
+    QLabel* m_statusLBL = nullptr;
     QPushButton* m_closeCMD = nullptr;
 };
 
