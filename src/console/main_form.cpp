@@ -181,6 +181,9 @@ void MainForm::LinkFailed(const LinkError& error) {
         // The link is down already, and the user hears of it below.
     }
     m_blockReadCRCPanel->Recover();
+    if (!m_controlCentrePanel->ControlCentreReady) {
+        m_controlCentrePanel->hide(); // half set up it writes no limit; the next entry starts anew
+    }
     if (std::ranges::all_of(m_panels, &QWidget::isHidden)) {
         ShowOnly(m_mainPanel); // the failure came between two panels
     }

@@ -172,6 +172,18 @@ TEST_F(LinkFailureTest, OfAKeyIsToldOnceAndAPanelIsOnView) {
     EXPECT_EQ(Window("GPIOConfigFRM"), nullptr);
 }
 
+/// Half set up it would take a moved handle and write no limit.
+TEST_F(LinkFailureTest, OfTheFirstEntryLeavesNoControlCentreOnView) {
+    Choose(0);
+    link->FailOn = "BoardBus.WriteByte 58 0";
+    EXPECT_THAT(ToldBy([this] { Press("ControlPanel1"); }), SizeIs(1));
+    EXPECT_TRUE(Find(*program->Main(), "MainPanel").isVisible());
+    EXPECT_FALSE(Find(*program->Main(), "ControlCentrePanel").isVisible());
+    link->FailOn.clear();
+    EXPECT_THAT(ToldBy([this] { Press("ControlPanel1"); }), IsEmpty());
+    EXPECT_THAT(link->Take(), Contains("BoardBus.WriteByte 58 0 3"));
+}
+
 TEST_F(LinkFailureTest, EndsWhileOneIsTold) {
     Choose(0);
     duringBox = [this] { program->Main()->close(); };
