@@ -51,8 +51,9 @@ void ChannelLimits::PutOnGauge(int row) {
     try {
         ReadLimits(row);
     } catch (...) {
-        // The handles still stand where another channel had them: none may be written to this one.
+        // The handles still stand where another channel had them.
         m_state.SelectedChannel = 0;
+        m_sizes.PrepareNoHandleGauge();
         m_gauge.BarValue(std::numeric_limits<double>::quiet_NaN());
         m_gauge.Caption(QString());
         throw;

@@ -39,6 +39,7 @@ constexpr std::array<PointerShape, 3> CollapsedPointers{{
 }};
 
 constexpr PointerShape OneHandle{LowHandle, 0, 1, HandleWidth, 1};
+constexpr PointerShape NoHandle{LowHandle, 1, 1, 0.0, 0};
 
 /// The scale of a group of rows.
 struct RowScale {
@@ -156,6 +157,11 @@ void SizeStripBar::PrepareOneHandleGauge() {
     m_gauge.PointerFlagA(false);
     m_gauge.PointerFlagB(false);
     ShapePointer(m_gauge, OneHandle);
+}
+
+void SizeStripBar::PrepareNoHandleGauge() {
+    PrepareOneHandleGauge();
+    ShapePointer(m_gauge, NoHandle);
 }
 
 void SizeStripBar::SizeGauge(int row) {

@@ -123,6 +123,9 @@ TEST_F(ControlCentreRows, AClickWhoseReadFailsPutsNoChannelOnTheGaugeAndCanBeRep
     EXPECT_THROW(Click(Row(4)), LinkError);
     EXPECT_FALSE(MonitorRuns());
     EXPECT_EQ(panel->SelectedChannel, 0) << "no handle of another channel may reach this one";
+    for (const int pointer : {0, 1, 2, 3}) {
+        EXPECT_FALSE(IsDrawn(Gauge().Pointers(), pointer)) << "nor stand there as its limit";
+    }
     EXPECT_EQ(Gauge().Caption(), "") << "nor may its reading stand under the new name";
     link->FailOn.clear();
     Click(Row(4));

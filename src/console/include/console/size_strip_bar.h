@@ -23,6 +23,8 @@ public:
     void PrepareTwoHandleGauge();
     /// One limit handle alone, as fans have it.
     void PrepareOneHandleGauge();
+    /// Neither handles nor bands: no channel is on the gauge.
+    void PrepareNoHandleGauge();
 
     /// Each empties the chart, and names only the channels whose rows are visible.
     /// @{
