@@ -10,6 +10,7 @@
 #include "console/welcome_panel.h"
 
 #include <controls/look.h>
+#include <controls/press_focused_button.h>
 #include <device/bench.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
@@ -200,6 +201,12 @@ void MainForm::closeEvent(QCloseEvent* event) {
     m_tools.UnloadAll();
     event->accept();
     Q_EMIT Unloaded();
+}
+
+void MainForm::keyPressEvent(QKeyEvent* event) {
+    if (!PressFocusedButton(*this, *event)) {
+        QMainWindow::keyPressEvent(event);
+    }
 }
 
 void MainForm::ShowOnly(QWidget* panel) {

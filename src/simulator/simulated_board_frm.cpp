@@ -7,6 +7,7 @@
 #include "trace_page.h"
 
 #include <controls/look.h>
+#include <controls/press_focused_button.h>
 #include <simulated/simulated_board.h>
 
 #include <QApplication>
@@ -96,6 +97,12 @@ void SimulatedBoardFRM::showEvent(QShowEvent* event) {
 void SimulatedBoardFRM::hideEvent(QHideEvent* event) {
     m_refresh.stop();
     QWidget::hideEvent(event);
+}
+
+void SimulatedBoardFRM::keyPressEvent(QKeyEvent* event) {
+    if (!PressFocusedButton(*this, *event)) {
+        QWidget::keyPressEvent(event);
+    }
 }
 
 bool SimulatedBoardFRM::eventFilter(QObject* watched, QEvent* event) {

@@ -1,8 +1,8 @@
 #include "tools/tool_window.h"
 
+#include <controls/press_focused_button.h>
+
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QPushButton>
 
 namespace tqx {
 
@@ -31,15 +31,9 @@ void ToolWindow::closeEvent(QCloseEvent* event) {
 }
 
 void ToolWindow::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    auto* button = qobject_cast<QPushButton*>(focusWidget());
-    if (!enter || button == nullptr) {
-        QDialog::keyPressEvent(event);
-        return;
-    }
     // A dialog of its own accord would press the default button, which is another one.
-    if (!event->isAutoRepeat()) {
-        button->click();
+    if (!PressFocusedButton(*this, *event)) {
+        QDialog::keyPressEvent(event);
     }
 }
 

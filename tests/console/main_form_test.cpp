@@ -7,6 +7,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -219,6 +220,40 @@ TEST_F(TheMainForm, ToolKeysOpenTheirWindows) {
         Press(key);
     }
     EXPECT_THAT(tools.Opened, ElementsAre("dump", "gpio", "erase", "about"));
+}
+
+TEST_F(TheMainForm, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
+    Press("BlockReadWrite");
+
+    struct {
+        const char* Focused;
+        const char* Call; // null: nothing goes out
+    } const table[] = {
+        {"BlockReadCMD", "BoardBus.BlockRead AA A"},
+        {"UsePECCHK", nullptr},
+        {"ByteCountTXT", nullptr},
+        {"BlockWriteTXT(1)", nullptr},
+    };
+
+    for (const auto& row : table) {
+        auto* control = Find<QWidget>(row.Focused);
+        control->setFocus();
+        link->Take();
+        QTest::keyClick(control, Qt::Key_Return);
+        const auto calls = link->Take();
+        EXPECT_EQ(calls.empty(), row.Call == nullptr) << row.Focused;
+        if (row.Call != nullptr) {
+            EXPECT_THAT(calls, testing::Contains(row.Call));
+        }
+    }
+    EXPECT_FALSE(Find<QCheckBox>("UsePECCHK")->isChecked());
+
+    auto* gpio = Find<QToolButton>("GPIO");
+    gpio->setFocus();
+    QTest::keyClick(gpio, Qt::Key_Enter);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Enter, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(gpio, &held);
+    EXPECT_THAT(tools.Opened, ElementsAre("gpio"));
 }
 
 TEST_F(TheMainForm, ALinkThatFailsInTheMonitorIsToldOnceAndStopsIt) {
