@@ -143,6 +143,7 @@ void RegisterConsole::ClickRow(int row) {
 void RegisterConsole::DisplayRegister(int index) {
     const RegisterEntry& entry = RegisterMap[static_cast<std::size_t>(index)];
     Cell().RegisterPointer = entry.Address;
+    m_registerOnView = entry.Address;
     // Should the read below fail, the last register's byte must not stand under this one's name.
     m_readout->Clear();
     m_bits->Clear();
@@ -167,8 +168,13 @@ void RegisterConsole::SetEntryEnabled(bool readOnly) {
 
 void RegisterConsole::RefreshReadDisplay() {
     m_bench.Bus.ReadRegister();
-    m_readout->Address(Cell().RegisterPointer);
+    ShowAddress();
     ShowValueRead();
+}
+
+void RegisterConsole::ShowAddress() {
+    m_registerOnView = Cell().RegisterPointer;
+    m_readout->Address(*m_registerOnView);
 }
 
 void RegisterConsole::ShowValueRead() {
@@ -177,18 +183,22 @@ void RegisterConsole::ShowValueRead() {
 
 void RegisterConsole::ShowBits() {
     m_bits->Show(m_showWriteValue ? Cell().WriteValue : Cell().ReadValue);
-    m_readout->Address(Cell().RegisterPointer);
+    ShowAddress();
 }
 
 void RegisterConsole::FlipBit(int bit) {
     if (!m_benchTests->EntryEnabled()) {
         return;
     }
+    if (m_registerOnView) {
+        // The monitor and the tool windows have moved the pointer since.
+        Cell().RegisterPointer = *m_registerOnView;
+    }
+    m_bench.Bus.ReadRegister();
     // Runs as the last step, and after a failed transfer too: a flip that never reached the chip
     // must not stay on the panel.
     const auto showBits = qScopeGuard([this] { ShowBits(); });
     const auto mask = static_cast<std::uint8_t>(1U << bit);
-    m_bench.Bus.ReadRegister();
     BitDigit& digit = m_bits->Bit(bit);
     const bool set = !digit.IsOne();
     digit.Caption(set ? "1" : "0");

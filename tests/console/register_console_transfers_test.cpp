@@ -43,6 +43,20 @@ TEST_F(RegisterConsoleTransfers, TheFlipFollowsTheDigitAndTheOtherBitsTheChip) {
     EXPECT_EQ(link.Registers[0x18], 0xF0) << "the digit said 1, so the click clears it";
 }
 
+TEST_F(RegisterConsoleTransfers, AFlipGoesToTheRegisterOnViewWhereverThePointerHasGone) {
+    bench.Bus.BusCell.RegisterPointer = 0x70;
+    ClickBit(0);
+    EXPECT_EQ(link.Registers[0x70], 0x01) << "nothing was on view yet";
+
+    Select(0x18, 0x00);
+    bench.Bus.BusCell.RegisterPointer = 0x13; // as a tool window or the monitor leaves it
+    link.Registers[0x13] = 0x80;
+    ClickBit(2);
+    EXPECT_EQ(link.Registers[0x18], 0x04);
+    EXPECT_EQ(link.Registers[0x13], 0x80);
+    EXPECT_EQ(Bits(), "00000100");
+}
+
 TEST_F(RegisterConsoleTransfers, ABitThatDoesNotStickFlipsBackAtOnce) {
     Select(0x18, 0x40);
     link.KeepWrites = false;
@@ -195,6 +209,8 @@ TEST_F(RegisterConsoleTransfers, AFailedReadShowsNoByteUnderTheNewName) {
     EXPECT_THROW(QMetaObject::invokeMethod(&Row(0x61), "Clicked"), LinkError);
     EXPECT_EQ(Text("current_reg_type_label"), "Fan1 High Limit");
     EXPECT_EQ(Text("p_Value_read_hex_label") + Text("p_Value_read_dec_label") + Bits(), "");
+    EXPECT_THROW(QMetaObject::invokeMethod(&Find("bit0"), "Clicked"), LinkError);
+    EXPECT_EQ(Bits(), "") << "the byte of the register before";
     link.FailOn.clear();
     ClickRow(0x61);
     EXPECT_EQ(Bits(), "00000000");

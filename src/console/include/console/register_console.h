@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <optional>
 
 class QLabel;
 class QPushButton;
@@ -57,6 +58,7 @@ private:
     void SetPointer(std::uint8_t address);
     void SwitchContinuousReading(bool on);
     void ContinuousRead();
+    void ShowAddress();
     void ShowValueRead();
 
     tqx::BusCell& Cell() const;
@@ -74,6 +76,8 @@ private:
 
     /// The row clicked last, to which entries go.
     int m_selectedRegister = 0;
+    /// The register whose address and bits the panel shows, to which bit flips go.
+    std::optional<std::uint8_t> m_registerOnView;
     bool m_showWriteValue = false;
 };
 
