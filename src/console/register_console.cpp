@@ -68,6 +68,13 @@ void RegisterConsole::MakeReadWriteGroup() {
     auto* heading = new QLabel("(Click Digits)");
     heading->setObjectName("bitname(9)");
     look::SetInk(*heading, look::QuietInk);
+    m_readOnly = new QLabel(tr("Read only"));
+    m_readOnly->setObjectName("ReadOnlyNote");
+    m_readOnly->setToolTip(tr("Bits and boxes write nothing to this register"));
+    m_readOnly->hide();
+    auto* headings = new QHBoxLayout;
+    headings->addWidget(heading, 1);
+    headings->addWidget(m_readOnly);
 
     auto* group = new QGroupBox("Read/Write");
     group->setObjectName("SSPanel38");
@@ -78,7 +85,7 @@ void RegisterConsole::MakeReadWriteGroup() {
     auto* column = new QVBoxLayout(group);
     column->setSpacing(2 * look::Grid);
     column->addLayout(toggle);
-    column->addWidget(heading);
+    column->addLayout(headings);
     column->addWidget(m_bits);
     m_readWrite = group;
 }
@@ -164,6 +171,7 @@ void RegisterConsole::ShowDefaultLegends() {
 
 void RegisterConsole::SetEntryEnabled(bool readOnly) {
     m_benchTests->EntryEnabled(!readOnly);
+    m_readOnly->setVisible(readOnly);
 }
 
 void RegisterConsole::RefreshReadDisplay() {

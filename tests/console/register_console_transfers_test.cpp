@@ -88,11 +88,13 @@ TEST_F(RegisterConsoleTransfers, ARowWithoutEntryIsDeadToBitsAndEntries) {
         EXPECT_EQ(Bits(), "00010000");
         EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "5A") << "what was typed stays";
         EXPECT_EQ(Find<NumberEntry>("DecTXT").Text(), "0");
+        EXPECT_TRUE(Find("ReadOnlyNote").isVisible());
         QTest::mouseMove(&Find("bit0"));
         EXPECT_EQ(console.cursor().shape(), Qt::ArrowCursor);
     }
     for (const int index : {0x16, 0x23, 0x25}) {
         Select(index, 0x10);
+        EXPECT_TRUE(Find("ReadOnlyNote").isHidden());
         QTest::mouseMove(&Find("bit0"));
         EXPECT_EQ(console.cursor().shape(), Qt::PointingHandCursor);
         ClickBit(0);

@@ -34,7 +34,7 @@ public:
     /// Makes the register at `index`, 0 to 111, the one on view, and reads it once.
     void DisplayRegister(int index);
     void ShowDefaultLegends();
-    /// Whether the register on view takes bit flips and entries.
+    /// Whether the register on view takes bit flips and entries; says so where it does not.
     void SetEntryEnabled(bool readOnly);
     /// Reads the register at RegisterPointer and shows its address and value.
     void RefreshReadDisplay();
@@ -71,6 +71,8 @@ private:
     QWidget* m_readWrite = nullptr;
     QPushButton* m_continuous = nullptr;
     QLabel* m_continuousLabel = nullptr;
+    /// On view while the register takes no writes: a click on a bit then does nothing.
+    QLabel* m_readOnly = nullptr;
     BenchTests* m_benchTests;
     QTimer* m_timer3;
 
