@@ -190,14 +190,18 @@ void BlockPanel::Connect() {
 }
 
 void BlockPanel::Run(QPushButton* button, void (BlockTransfer::*transfer)()) {
-    const bool focused = button->hasFocus();
-    if (focused) {
+    if (button->hasFocus()) {
         // A button that is disabled would hand the focus on, and the box that gets it selects its
         // byte.
-        setFocus();
+        m_lostFocus = button;
+        m_grid->setFocus();
     }
     (*m_transfer.*transfer)();
-    if (focused) {
+    GiveFocusBack();
+}
+
+void BlockPanel::GiveFocusBack() {
+    if (QPushButton* button = std::exchange(m_lostFocus, nullptr)) {
         button->setFocus();
     }
 }
@@ -214,13 +218,13 @@ void BlockPanel::Enter() {
 }
 
 void BlockPanel::Recover() {
-    if (m_blockRead->isEnabledTo(this) && m_blockWrite->isEnabledTo(this)) {
-        return;
+    if (!m_blockRead->isEnabledTo(this) || !m_blockWrite->isEnabledTo(this)) {
+        m_blockRead->setEnabled(true);
+        m_blockWrite->setEnabled(true);
+        // No transfer is under way any more, and its PEC is not known.
+        m_results->Reset(m_frame->UsePEC());
     }
-    m_blockRead->setEnabled(true);
-    m_blockWrite->setEnabled(true);
-    // No transfer is under way any more, and its PEC is not known.
-    m_results->Reset(m_frame->UsePEC());
+    GiveFocusBack();
 }
 
 void BlockPanel::UsePECClicked(bool use) {

@@ -193,6 +193,11 @@ TEST_F(BlockPanelTransfers, TheButtonPressedByKeyKeepsTheFocus) {
         button.setFocus();
         QTest::keyClick(&button, Qt::Key_Space);
         EXPECT_TRUE(button.hasFocus()) << name;
+        link.FailOn = "BoardBus.UsePEC";
+        panel.ClickRaises(name);
+        link.FailOn.clear();
+        panel.Panel.Recover();
+        EXPECT_TRUE(button.hasFocus()) << name << " after a failed transfer";
     }
     EXPECT_EQ(selections.count(), 0) << "the focus wandered on while the buttons were disabled";
 }

@@ -57,6 +57,7 @@ private:
 
     /// Runs a transfer for its button, which keeps the keyboard focus that it loses while disabled.
     void Run(QPushButton* button, void (BlockTransfer::*transfer)());
+    void GiveFocusBack();
     void UsePECClicked(bool use);
     void RandomDataFill();
     void ReadDataFill();
@@ -72,6 +73,8 @@ private:
     QPushButton* m_eraseEPROM = nullptr;
     QPushButton* m_blockWrite = nullptr;
     QPushButton* m_blockRead = nullptr;
+    /// The button of the transfer under way, while it has no focus for being disabled.
+    QPushButton* m_lostFocus = nullptr;
     std::unique_ptr<BlockTransfer> m_transfer;
 };
 
