@@ -213,6 +213,14 @@ void MainForm::ShowOnly(QWidget* panel) {
     for (QWidget* each : m_panels) {
         each->setVisible(each == panel);
     }
+    GiveKeyboard(*panel);
+}
+
+void MainForm::GiveKeyboard(QWidget& panel) {
+    if (!panel.isAncestorOf(focusWidget())) {
+        panel.setFocus();
+        focusNextChild();
+    }
 }
 
 void MainForm::KeyPressed(const QString& key) {
@@ -251,6 +259,7 @@ void MainForm::ShowControlPanel() {
     m_controlCentrePanel->SetUpDisplay();
     m_blockReadCRCPanel->hide();
     m_controlCentrePanel->show();
+    GiveKeyboard(*m_controlCentrePanel);
     if (!m_controlCentrePanel->ControlCentreReady) {
         m_controlCentrePanel->SetUpControlCentre();
     }

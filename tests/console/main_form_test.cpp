@@ -110,17 +110,28 @@ TEST_F(TheMainForm, ALoadThatFailsLeavesTheLinkNoWayToAWindow) {
     EXPECT_EQ(other.Bench.Link.Setup.Notice, nullptr);
 }
 
-TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAlone) {
-    Press("ReadWrite1");
-    EXPECT_EQ(PanelsOnView(), "ReadWritePanel");
-    Press("BlockReadWrite");
-    EXPECT_EQ(PanelsOnView(), "BlockReadCRCPanel");
-    Press("ControlPanel1");
-    EXPECT_EQ(PanelsOnView(), "ControlCentrePanel");
+TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAloneAndGivesItTheKeyboard) {
+    struct {
+        const char* Key;
+        const char* Panel;
+    } const table[] = {
+        {"ReadWrite1", "ReadWritePanel"},
+        {"BlockReadWrite", "BlockReadCRCPanel"},
+        {"ControlPanel1", "ControlCentrePanel"},
+    };
+
+    for (const auto& row : table) {
+        Press(row.Key);
+        EXPECT_EQ(PanelsOnView(), row.Panel);
+        EXPECT_TRUE(Find<QWidget>(row.Panel)->isAncestorOf(form->focusWidget())) << row.Key;
+    }
     EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Stop");
     Press("ReadWrite1");
     EXPECT_EQ(PanelsOnView(), "ReadWritePanel");
     EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+    Find<QWidget>("HexTXT")->setFocus();
+    Press("ReadWrite1");
+    EXPECT_EQ(form->focusWidget()->objectName(), "HexTXT") << "it had the keyboard already";
 }
 
 TEST_F(TheMainForm, ASecondVisitToTheControlCentreStartsNothing) {

@@ -75,6 +75,8 @@ private:
     void Load();
 
     void ShowOnly(QWidget* panel);
+    /// A panel that comes on view takes the focus with its first control.
+    void GiveKeyboard(QWidget& panel);
     void KeyPressed(const QString& key);
     void ShowReadWrite();
     void ShowControlPanel();
