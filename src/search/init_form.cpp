@@ -12,6 +12,7 @@
 #include <device/bench.h>
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -218,18 +219,25 @@ void InitForm::StartSearch() {
         m_scan.SearchAllMedia(media, {.Max = [this](int max) { m_searching->Max(max); },
                                       .Step = [this](int step) { m_searching->Step(step); }});
     } catch (...) {
-        unsetCursor();
+        EndWaiting();
         ReturnToMedia();
         throw;
     }
+    EndWaiting();
     EnableButtons(OnResults);
-    unsetCursor();
     ShowSearchResults();
     ShowPage(ResultsAt);
     m_searching->Rewind();
     if (!m_rowAddress.empty()) {
         m_results->SearchResultsLIST->setFocus();
     }
+}
+
+/// The scan has held all events up. What was clicked meanwhile was clicked on buttons that could
+/// not be pressed: it comes in now, before they can, and not on the page that follows.
+void InitForm::EndWaiting() {
+    QCoreApplication::processEvents();
+    unsetCursor();
 }
 
 void InitForm::ShowSearchResults() {

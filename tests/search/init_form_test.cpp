@@ -2,6 +2,7 @@
 
 #include <search/result_rows.h>
 
+#include <QMouseEvent>
 #include <QPaintEvent>
 
 namespace tqx {
@@ -34,13 +35,27 @@ protected:
     /// State and pointer of the wizard while the main window loads.
     std::string stateAtLoad;
     Qt::CursorShape pointerAtLoad = Qt::ArrowCursor;
+    /// A button on which the user clicks while the search holds the events up.
+    const char* clickedMeanwhile = nullptr;
     /// What the progress bar has shown.
     std::vector<int> progress;
 
     void Load() override {
         stateAtLoad = State();
         pointerAtLoad = wizard->cursor().shape();
+        if (clickedMeanwhile != nullptr) {
+            PostClick(The<QPushButton>(clickedMeanwhile));
+        }
         WizardTest::Load();
+    }
+
+    static void PostClick(QPushButton& button) {
+        const QPointF at = button.rect().center();
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QCoreApplication::postEvent(&button, new QMouseEvent(type, at, button.mapToGlobal(at),
+                                                                 Qt::LeftButton, Qt::LeftButton,
+                                                                 Qt::NoModifier));
+        }
     }
 
     void WatchProgress() {
@@ -91,6 +106,27 @@ TEST_F(InitFormSearch, HoldsTheButtonsAndShowsTheHourglass) {
     EXPECT_EQ(wizard->cursor().shape(), Qt::ArrowCursor);
 }
 
+TEST_F(InitFormSearch, AClickMadeWhileItSearchesIsNotMadeGoodAfterwards) {
+    ChipsAt({0x58});
+    for (const char* button : {"FinishCMD", "CancelCMD", "BackCMD"}) {
+        clickedMeanwhile = button;
+        Search(true, false);
+        link.Take();
+        QCoreApplication::processEvents();
+        EXPECT_EQ(State(), "4 Back Finish Cancel") << button;
+        EXPECT_THAT(link.Take(), IsEmpty()) << button;
+    }
+    clickedMeanwhile = "NextCMD";
+    Open();
+    Click("NextCMD");
+    link.FailOn = "BoardBus.ReadByte";
+    EXPECT_THROW(ClickRaising("NextCMD"), LinkError);
+    link.Take();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(State(), "2 Back Next Cancel");
+    EXPECT_THAT(link.Take(), IsEmpty()) << "a search that was not asked for";
+}
+
 TEST_F(InitFormSearch, ProgressStopsAtItsEndAndGoesBackToTheStart) {
     Open();
     WatchProgress();
@@ -115,7 +151,7 @@ TEST_F(InitFormSearch, ThePageIsPaintedWhenItComesUpAndAtEachStep) {
     Check("SMBusCheck", true);
     const auto* page = new PaintCounter(The<QWidget>("SearchingPanel"));
     Click("NextCMD");
-    EXPECT_EQ(page->Paints, 5); // as it comes up, one port, three addresses
+    EXPECT_EQ(page->Paints, 6); // as it comes up, one port, three addresses, when all is over
 }
 
 TEST_F(InitFormSearch, AChipInBothWiringsHasTwoRowsAheadOfTheSMBus) {

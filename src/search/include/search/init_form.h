@@ -64,7 +64,7 @@ private:
     void DispatchPage();
 
     void StartSearch();
-    void SearchAllMedia(const SearchMedia& media);
+    void EndWaiting();
     void ShowSearchResults();
     void ReturnToMedia();
 
