@@ -20,16 +20,18 @@ int LimitSignal() {
 
 void Nothing(int /*signal*/) {}
 
-/// Stays in place to the end of the process, for a signal that is late.
-bool CatchSignal() {
+/// Stays in place to the end of the process, for a signal that is late. Gives 0, or why it failed.
+int CatchSignal() {
     struct sigaction action {};
 
     action.sa_handler = Nothing; // no SA_RESTART: calls are to end
     sigset_t signals;
     sigemptyset(&signals);
     sigaddset(&signals, LimitSignal());
-    return sigaction(LimitSignal(), &action, nullptr) == 0 &&
-           pthread_sigmask(SIG_UNBLOCK, &signals, nullptr) == 0;
+    if (sigaction(LimitSignal(), &action, nullptr) != 0) {
+        return errno;
+    }
+    return pthread_sigmask(SIG_UNBLOCK, &signals, nullptr);
 }
 
 timespec ToTimespec(std::chrono::nanoseconds time) {
@@ -40,13 +42,16 @@ timespec ToTimespec(std::chrono::nanoseconds time) {
 } // namespace
 
 CallLimit::CallLimit(std::chrono::nanoseconds limit) {
-    static const bool caught = CatchSignal();
+    static const int notCaught = CatchSignal();
+    m_error = notCaught;
     sigevent event{};
     event.sigev_notify = SIGEV_THREAD_ID;
     event.sigev_signo = LimitSignal();
     event.sigev_notify_thread_id = gettid();
-    if (!caught || timer_create(CLOCK_MONOTONIC, &event, &m_timer) != 0) {
+    if (m_error == 0 && timer_create(CLOCK_MONOTONIC, &event, &m_timer) != 0) {
         m_error = errno;
+    }
+    if (m_error != 0) {
         return;
     }
     constexpr std::chrono::milliseconds again{10};

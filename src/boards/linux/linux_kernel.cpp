@@ -2,6 +2,7 @@
 
 #include "call_limit.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
