@@ -37,7 +37,7 @@ void FaultySMBus::Transfer() {
         throw RequestedFault("cannot reach the simulated SMBus");
     }
     if (m_faults.Strikes(Fault::DataStuckLow) || m_faults.Strikes(Fault::ClockStuckLow)) {
-        throw LinkError("transfer on the simulated SMBus", "time-out, a line is held low",
+        throw LinkError("cannot transfer on the simulated SMBus", "time-out, a line is held low",
                         "Release the line on the simulated board.");
     }
     if (m_faults.Strikes(Fault::SlowBus)) {

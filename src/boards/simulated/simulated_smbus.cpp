@@ -10,7 +10,7 @@ constexpr int WriteBitTimes = 3 * 9 + 2;
 
 constexpr std::uint8_t HighestAddress = 0x7F;
 
-constexpr std::uint8_t WriteAddress(std::uint8_t address) {
+constexpr std::uint8_t InEightBits(std::uint8_t address) {
     return static_cast<std::uint8_t>(address << 1);
 }
 
@@ -21,7 +21,7 @@ SimulatedSMBus::SimulatedSMBus(ByteSlave& slave, BusPacer& pacer)
     , m_pacer(pacer) {}
 
 std::uint8_t SimulatedSMBus::ReadByte(std::uint8_t address, std::uint8_t reg) {
-    const bool answered = Select(address, reg) && Start(WriteAddress(address) | ReadBit);
+    const bool answered = Select(address, reg) && Start(InEightBits(address) | ReadBit);
     const std::uint8_t value = answered ? Receive() : IdleBus;
     m_slave.Stop();
     m_pacer.BitTimes(ReadBitTimes);
@@ -37,7 +37,7 @@ void SimulatedSMBus::WriteByte(std::uint8_t address, std::uint8_t reg, std::uint
 }
 
 bool SimulatedSMBus::Select(std::uint8_t address, std::uint8_t reg) {
-    return address <= HighestAddress && Start(WriteAddress(address)) && Send(reg);
+    return address <= HighestAddress && Start(InEightBits(address)) && Send(reg);
 }
 
 bool SimulatedSMBus::Start(std::uint8_t address) {

@@ -11,8 +11,8 @@ class LinkNewComPort;
 /// Revolutions per minute of a tachometer count, and the count of a speed: each is the same
 /// function of the other.
 ///
-/// `divisor` is 1, 2, 4 or 8. The result is a whole number and never above the ceiling of the
-/// divisor: 10000, 10074, 10227 or 10546.
+/// `divisor` is 1, 2, 4 or 8. A `value` of 0 counts as 1. The result is a whole number and never
+/// above the ceiling of the divisor: 10000, 10074, 10227 or 10546.
 double FanCountConvert(double value, std::int16_t divisor);
 
 /// The divisor that a two-bit divisor field stands for: 1, 2, 4, 8 for the codes 0 to 3, nothing

@@ -24,7 +24,7 @@ public:
     /// The slowest speed without an alarm, in revolutions per minute.
     ///
     /// A limit slower than the chip can count is written as the count FFh; one that has no count
-    /// at all (a negative speed) as 00h.
+    /// at all (a negative speed, or one beyond the chip's clock) as 00h.
     /// @{
     double Limit();
     void Limit(double rpm);

@@ -9,6 +9,9 @@ namespace tqx {
 
 /// Single-byte transfers that take the register as an argument and leave BusCell alone, and the
 /// raw access to the printer port of the chosen chip. Errors of the link pass through.
+///
+/// The transfers go by the link's own ActiveMedium and SlaveAddress, not by BusCell. On a medium
+/// that is neither of the two a read gives 0 and a write does nothing.
 class ComsPort : public LinePort {
 public:
     ComsPort(LinkRoot& link, const BusCell& cell);
@@ -20,6 +23,7 @@ public:
     std::uint8_t ReadRegisterByte(std::uint8_t reg);
     void WriteRegisterByte(std::uint8_t reg, std::uint8_t value);
 
+    /// As BusCell has it. PortOut goes to the port that the board's bus is on.
     std::uint16_t PortAddress() override;
     void PortOut(std::uint8_t value) override;
     std::uint8_t PortIn(std::uint16_t port) override;

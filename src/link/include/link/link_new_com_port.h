@@ -37,7 +37,8 @@ public:
 
     /// Reads the register at RegisterPointer into ReadValue.
     void ReadRegister();
-    /// Writes WriteValue to the register at RegisterPointer.
+    /// Writes WriteValue to the register at RegisterPointer; on the printer port the board's bus is
+    /// put on BusCell.PortAddress first.
     void WriteRegister();
 
     tqx::BusCell BusCell;

@@ -37,8 +37,12 @@ public:
     virtual void WriteByte(std::uint8_t address, std::uint8_t reg, std::uint8_t value) = 0;
     /// @}
 
+    /// What a link makes of these two is its own: False once, ahead of any transfer, and False
+    /// after the chip's address pointer was moved.
+    /// @{
     virtual void StartupOption(bool option) = 0;
     virtual void ClearPointerFlag(bool flag) = 0;
+    /// @}
 
     /// @name Block transfers, at the chip's address pointer
     /// @{
@@ -95,12 +99,16 @@ public:
 
     /// Reads one byte and leaves the chip's pointer at high:low.
     virtual std::uint8_t ReadEEPROM(std::uint8_t high, std::uint8_t low) = 0;
+    /// Does not wait until the chip has programmed the byte: that time is the caller's.
     virtual void WriteEEPROM(std::uint8_t high, std::uint8_t low, std::uint8_t value) = 0;
     /// Clears the 64 bytes of the page at high:low. The third argument is 0; the result carries
     /// nothing.
     virtual std::uint8_t ErasePage(std::uint8_t high, std::uint8_t low, std::uint8_t zero) = 0;
+    /// What a link makes of these two is its own: False, then 0, once at the program's start.
+    /// @{
     virtual void EEPROMWait(bool wait) = 0;
     virtual void EEPROMDelay(std::int16_t delay) = 0;
+    /// @}
 };
 
 /// The printer ports of the machine and the board on the selected one.

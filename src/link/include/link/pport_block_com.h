@@ -40,7 +40,8 @@ public:
     /// Reads 32 data bytes to index 2 and up, and the byte after them to index 34.
     ///
     /// A chip that announces another count ends the transfer where it stands, with no acknowledge
-    /// and no stop: the user is told, ByteCount is that count, and the frames stay as they were.
+    /// and no stop: the user is told, ByteCount is that count, and the data and the PEC of the last
+    /// read stay.
     void BlockRead();
 
     void CommandCode(std::uint8_t code) { m_commandCode = code; }
