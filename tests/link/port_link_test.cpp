@@ -195,7 +195,8 @@ TEST_P(PortLinkTransfer, APortThatIsGoneIsLetGoByEveryTransfer) {
     }
 }
 
-TEST_P(PortLinkTransfer, AnEngineOfOnesOwnRunsOnTheByteOperations) {
+TEST_P(PortLinkTransfer, AnEngineOfOnesOwnRunsOnTheByteOperationsInABurst) {
+    const BurstScope burst(link);
     board->ToSend = {0x12, 0x34};
     bus.BusRelease();
     bus.BusStart();
@@ -206,7 +207,7 @@ TEST_P(PortLinkTransfer, AnEngineOfOnesOwnRunsOnTheByteOperations) {
     EXPECT_EQ(bus.ReadBusByte(), 0x34);
     bus.SendNack();
     bus.BusStop();
-    EXPECT_EQ(board->TakeBus(), "[ ] [ S ] [ ] [ 59+ ] [ ] [ 12+ ] [ ] [ 34- ] [ P ]");
+    EXPECT_EQ(board->TakeBus(), "[ S 59+ 12+ 34- P");
 }
 
 TEST(Burst, EndsWithItsScopeOnEveryWayOut) {
