@@ -19,25 +19,31 @@ public:
     LineLayer Lines;
 
     /// Does `work`, which drives the lines, while the port is held. When it raises, the lines are
-    /// parked, and the error goes on. Where the port does not let them be parked, that is done
-    /// ahead of the next work on it: a slave that was left in the middle of a byte would miss the
-    /// start, and take for data what is sent to address it.
+    /// parked, and the error goes on.
+    ///
+    /// They are parked ahead of the work as well where a slave may be in the middle of a byte, as
+    /// it would miss the start and take for data what is sent to address it: on the first use of a
+    /// port, since a program before this one may have been killed; with another wiring; and after
+    /// an error where the port did not let them be parked.
     template <typename Work>
     auto Transfer(Work&& work) {
         PrinterPorts::Use use(Ports);
         try {
-            if (use.BrokenOff()) {
+            if (!use.Parked()) {
                 Park(use);
             }
             return std::forward<Work>(work)();
         } catch (...) {
-            use.BrokenOff(true);
+            use.Parked(false);
             if (use.Outermost()) {
                 TryToPark(use);
             }
             throw;
         }
     }
+
+    /// How the board takes the line states from now on.
+    void Wiring(const BoardWiring& wiring);
 
 private:
     void Park(PrinterPorts::Use& use);

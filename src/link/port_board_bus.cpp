@@ -57,8 +57,10 @@ void PortBoardBus::PortAddress(std::uint16_t address) {
 }
 
 void PortBoardBus::BoardMode(bool mode) {
-    m_boardMode = mode;
-    m_board.Lines.Wiring(WiringOf(mode));
+    if (mode != m_boardMode) {
+        m_boardMode = mode;
+        m_board.Wiring(WiringOf(mode));
+    }
 }
 
 std::uint8_t PortBoardBus::ReadByte(std::uint8_t address, std::uint8_t reg) {

@@ -101,6 +101,12 @@ void PrinterPorts::Burst(bool on) {
     }
 }
 
+void PrinterPorts::LinesUnknown() {
+    for (Slot& slot : m_slots) {
+        slot.Parked = false;
+    }
+}
+
 void PrinterPorts::Write(std::uint16_t port, std::uint8_t value) {
     Slot* const slot = Find(port);
     if (slot == nullptr) {

@@ -34,11 +34,12 @@ public:
         /// True when no other Use holds the port around this one.
         bool Outermost() const;
 
-        /// A transfer on this port broke off, and nothing has ended it on the lines since.
+        /// The lines of the port were parked since the last time that a transfer may have broken
+        /// off on them.
         /// @{
-        bool BrokenOff() const { return m_slot.BrokenOff; }
+        bool Parked() const { return m_slot.Parked; }
 
-        void BrokenOff(bool brokenOff) { m_slot.BrokenOff = brokenOff; }
+        void Parked(bool parked) { m_slot.Parked = parked; }
 
         /// @}
 
@@ -56,6 +57,8 @@ public:
     /// Selects the port with this base address. Without ports any address will do.
     void SelectAddress(std::uint16_t address);
     void Burst(bool on);
+    /// From now on the lines of no port count as parked.
+    void LinesUnknown();
 
     /// Raw access: the data register of any port is written, its status register read.
     /// @{
@@ -74,7 +77,7 @@ private:
         std::unique_ptr<ParallelPort> Port;
         int Users = 0;
         bool Held = false;
-        bool BrokenOff = false;
+        bool Parked = false;
     };
 
     Slot& Selected();

@@ -3,6 +3,7 @@
 #include "support/scripted_board.h"
 
 #include <link/burst_scope.h>
+#include <link/line_layer.h>
 #include <link/port_link.h>
 
 #include <chrono>
@@ -28,18 +29,21 @@ class PortLinkTransfer : public testing::TestWithParam<bool> {
 protected:
     LinkSetup setup;
     test::ScriptedBoard* board = new test::ScriptedBoard(GetParam());
-    PortLink link{OnePort(), setup};
+    PortLink link{OnePort(board), setup};
     BoardBus& bus = link.BoardBus();
     EEPROMLink& eeprom = link.EEPROMLink();
 
     void SetUp() override {
         bus.BoardMode(GetParam());
         bus.SlaveAddress(0x58);
+        bus.BusStop(); // the first use of the port, which parks its lines
+        board->TakeBus();
+        board->TakeAccesses();
     }
 
-    std::vector<std::unique_ptr<ParallelPort>> OnePort() const {
+    static std::vector<std::unique_ptr<ParallelPort>> OnePort(ParallelPort* port) {
         std::vector<std::unique_ptr<ParallelPort>> ports;
-        ports.emplace_back(board);
+        ports.emplace_back(port);
         return ports;
     }
 
@@ -179,6 +183,21 @@ TEST_P(PortLinkTransfer, AfterAPortHasComeBackTheFirstTransferIsGood) {
         ASSERT_THAT(board->TakeBus(), EndsWith("S 58+ 16+ S 59+ 41- P ]")) << broken;
     }
     EXPECT_GT(broken, 100);
+}
+
+TEST_P(PortLinkTransfer, AfterAProgramThatWasKilledTheFirstTransferIsGood) {
+    auto* left = new test::ScriptedBoard(GetParam());
+    PortLink next(OnePort(left), setup);
+    LineLayer killed(*left, WiringOf(GetParam()), setup);
+    killed.LineStart();
+    killed.ClockOutByte(0x58);
+    killed.ClockAck();
+    killed.ClockOutByte(0x74); // whose acknowledge the slave goes on giving
+
+    next.BoardBus().BoardMode(GetParam());
+    left->ToSend = {0x41};
+    EXPECT_EQ(next.BoardBus().ReadByte(0x58, 0x16), 0x41);
+    EXPECT_THAT(left->TakeBus(), EndsWith("S P S 58+ 16+ S 59+ 41- P ]"));
 }
 
 TEST_P(PortLinkTransfer, APortThatIsGoneIsLetGoByEveryTransfer) {

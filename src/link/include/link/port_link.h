@@ -38,7 +38,9 @@ struct BoardOptions {
 /// port and it is kept until the burst ends, another port is selected, or a transfer fails. So
 /// burst mode alone never touches a port. When a call of the port fails in mid-transfer, the lines
 /// are parked, which ends the transfer for every slave, the port is let go, and the error passes
-/// through. A port that does not let them be parked either gets that ahead of its next transfer.
+/// through. A port that does not let them be parked either gets that ahead of its next transfer. So
+/// do a port's first transfer and the first one in another board mode, as nobody knows what was on
+/// the lines before.
 ///
 /// Byte operations that make up a transfer of the caller's own belong into a burst: by itself each
 /// of them is a transfer here, behind which the port is let go and others may move the lines.
