@@ -37,9 +37,12 @@ QLabel* Text(const QString& name, const QString& text) {
     return label;
 }
 
+/// In bold Arial, or what the system has in its place.
 QLabel* Heading(const QString& name, const QString& text) {
     QLabel* label = Text(name, text);
-    label->setFont(look::WordsFont(look::Size::Title, look::Strong));
+    QFont font = look::WordsFont(look::Size::Title, QFont::Bold);
+    font.setFamilies(QStringList("Arial") + font.families());
+    label->setFont(font);
     return label;
 }
 

@@ -62,6 +62,10 @@ TEST_F(InitFormPages, TheTextsStandToTheLetter) {
           Text{"USBCheck", "USB"}}) {
         EXPECT_EQ(The<QAbstractButton>(name).text(), words);
     }
+    for (const char* heading : {"SearchingLBL", "SearchResultsDescLBL"}) {
+        EXPECT_EQ(The<QLabel>(heading).font().family(), "Arial");
+        EXPECT_TRUE(The<QLabel>(heading).font().bold());
+    }
 }
 
 TEST_F(InitFormPages, TheBuildDecidesOnTheMedia) {
