@@ -1,6 +1,7 @@
 #include "bench_tests.h"
 
 #include "console/number_text.h"
+#include "register_entries.h"
 
 #include <controls/look.h>
 
@@ -65,10 +66,10 @@ QPushButton* UpdateButton(const QString& name, const QString& means) {
 
 } // namespace
 
-BenchTests::BenchTests(QWidget& page, QGridLayout& entries, int row, QObject* parent)
+BenchTests::BenchTests(QWidget& page, RegisterEntries& entries, QObject* parent)
     : QObject(parent) {
     MakeAddressPointer(page);
-    MakeWriteFields(entries, row);
+    MakeWriteFields(entries);
 }
 
 void BenchTests::MakeAddressPointer(QWidget& page) {
@@ -97,15 +98,17 @@ void BenchTests::MakeAddressPointer(QWidget& page) {
     connect(m_addrPtrCMD, &QPushButton::clicked, this, &BenchTests::SetPointer);
 }
 
-void BenchTests::MakeWriteFields(QGridLayout& entries, int row) {
+void BenchTests::MakeWriteFields(RegisterEntries& entries) {
     m_text6 = Field("Text6", tr("Byte to write, in hexadecimal"));
     m_command4 = UpdateButton("Command4", tr("Write the hexadecimal byte"));
     m_text7 = Field("Text7", tr("Byte to write, in decimal"));
     m_command5 = UpdateButton("Command5", tr("Write the decimal byte"));
-    entries.addWidget(m_command4, row, 0);
-    entries.addWidget(m_text6, row, 1);
-    entries.addWidget(m_command5, row, 2);
-    entries.addWidget(m_text7, row, 3);
+    constexpr int row = RegisterEntries::OldWriteFieldsRow;
+    QGridLayout& grid = entries.Grid();
+    grid.addWidget(m_command4, row, 0);
+    grid.addWidget(m_text6, row, 1);
+    grid.addWidget(m_command5, row, 2);
+    grid.addWidget(m_text7, row, 3);
 
     connect(m_text6, &QLineEdit::textChanged, this,
             [this] { Paint(*m_command4, look::BenchChanged); });

@@ -6,10 +6,9 @@
 
 #include <cstdint>
 
-class QGridLayout;
-class QGroupBox;
-
 namespace tqx {
+
+class RegisterEntries;
 
 /// Two groups of bench controls that are created hidden and that nothing shows: an address pointer
 /// that reaches every register, and an older pair of write fields.
@@ -21,8 +20,8 @@ class BenchTests : public QObject {
     Q_OBJECT
 
 public:
-    /// Puts the address pointer on `page` and the write fields in row `row` of `entries`.
-    BenchTests(QWidget& page, QGridLayout& entries, int row, QObject* parent);
+    /// Puts the address pointer on `page` and the write fields under the boxes of `entries`.
+    BenchTests(QWidget& page, RegisterEntries& entries, QObject* parent);
 
     /// The Entry flag of the register displayed last. True at start.
     bool EntryEnabled() const;
@@ -39,7 +38,7 @@ protected:
 
 private:
     void MakeAddressPointer(QWidget& page);
-    void MakeWriteFields(QGridLayout& entries, int row);
+    void MakeWriteFields(RegisterEntries& entries);
 
     void SetPointer();
     void SendHexadecimal();

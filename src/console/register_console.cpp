@@ -11,7 +11,6 @@
 #include <device/bench.h>
 #include <device/register_map.h>
 
-#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -25,7 +24,6 @@ namespace tqx {
 namespace {
 
 constexpr std::chrono::milliseconds ContinuousInterval{1};
-constexpr int OldWriteFieldsRow = 1; // of the grid in RegisterEntries
 constexpr int ReadoutWidth = 94 * look::Grid;
 
 } // namespace
@@ -37,9 +35,7 @@ RegisterConsole::RegisterConsole(Bench& bench, QWidget* parent)
     , m_readout(new RegisterReadout)
     , m_bits(new RegisterBits)
     , m_entries(new RegisterEntries)
-    , m_benchTests(new BenchTests(m_rows->Page(RegisterTab::Main),
-                                  static_cast<QGridLayout&>(*m_entries->layout()),
-                                  OldWriteFieldsRow, this))
+    , m_benchTests(new BenchTests(m_rows->Page(RegisterTab::Main), *m_entries, this))
     , m_timer3(new QTimer(this)) {
     setObjectName("ReadWritePanel");
     m_timer3->setObjectName("Timer3");

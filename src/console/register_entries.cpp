@@ -37,26 +37,25 @@ QLabel* Quiet(const QString& text) {
 
 RegisterEntries::RegisterEntries(QWidget* parent)
     : QGroupBox("Write", parent)
+    , m_grid(new QGridLayout(this))
     , m_hexTXT(Entry("HexTXT", NumberEntry::Hexadecimal, "00", "Byte to write, in hexadecimal"))
     , m_decTXT(Entry("DecTXT", NumberEntry::Decimal, "0", "Byte to write, in decimal"))
     , m_writtenHex(WrittenLabel("p_Value_written_hex_label"))
     , m_writtenDec(WrittenLabel("p_Value_written_dec_label")) {
     setObjectName("SSPanel37");
-    auto* grid = new QGridLayout(this);
-    grid->setHorizontalSpacing(2 * look::Grid);
-    grid->setVerticalSpacing(look::Grid);
-    grid->setColumnStretch(1, 1);
-    grid->setColumnStretch(3, 1);
-    grid->addWidget(new QLabel("Hex"), 0, 0);
-    grid->addWidget(m_hexTXT, 0, 1);
-    grid->addWidget(new QLabel("Dec"), 0, 2);
-    grid->addWidget(m_decTXT, 0, 3);
-    // Row 1 is left to the old write fields, which stand under the boxes.
-    grid->addWidget(Quiet("Previous value written:"), 2, 0, 1, 4);
-    grid->addWidget(Quiet("(Hex)"), 3, 0);
-    grid->addWidget(m_writtenHex, 3, 1);
-    grid->addWidget(Quiet("(Dec)"), 3, 2);
-    grid->addWidget(m_writtenDec, 3, 3);
+    m_grid->setHorizontalSpacing(2 * look::Grid);
+    m_grid->setVerticalSpacing(look::Grid);
+    m_grid->setColumnStretch(1, 1);
+    m_grid->setColumnStretch(3, 1);
+    m_grid->addWidget(new QLabel("Hex"), 0, 0);
+    m_grid->addWidget(m_hexTXT, 0, 1);
+    m_grid->addWidget(new QLabel("Dec"), 0, 2);
+    m_grid->addWidget(m_decTXT, 0, 3);
+    m_grid->addWidget(Quiet("Previous value written:"), 2, 0, 1, 4);
+    m_grid->addWidget(Quiet("(Hex)"), 3, 0);
+    m_grid->addWidget(m_writtenHex, 3, 1);
+    m_grid->addWidget(Quiet("(Dec)"), 3, 2);
+    m_grid->addWidget(m_writtenDec, 3, 3);
 }
 
 void RegisterEntries::PreviousValueWritten(std::uint8_t value) {

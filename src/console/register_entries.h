@@ -7,6 +7,8 @@
 
 #include <cstdint>
 
+class QGridLayout;
+
 namespace tqx {
 
 /// `SSPanel37`: the two boxes in which a whole byte is entered, and the byte written last. They are
@@ -22,11 +24,17 @@ public:
     /// Another register is on view, to which nothing was written yet.
     void NothingWritten();
 
+    /// The row under the boxes, which is left to the old write fields of the bench tests.
+    static constexpr int OldWriteFieldsRow = 1;
+
+    QGridLayout& Grid() const { return *m_grid; }
+
     NumberEntry& HexTXT() const { return *m_hexTXT; }
 
     NumberEntry& DecTXT() const { return *m_decTXT; }
 
 private:
+    QGridLayout* m_grid;
     NumberEntry* m_hexTXT;
     NumberEntry* m_decTXT;
     QLabel* m_writtenHex;
