@@ -42,9 +42,12 @@ MainForm::MainForm(Bench& bench, ToolWindows& tools, const QString& boardNote, Q
     , m_bench(bench)
     , m_tools(tools) {
     setObjectName("MainForm");
-    setWindowTitle(boardNote.isEmpty() ? tr("TQX7716 Evaluation Software")
-                                       : tr("TQX7716 Evaluation Software - %1").arg(boardNote));
-    MakeToolbar(boardNote);
+    setWindowTitle(tr("TQX7716 Evaluation Software"));
+    MakeToolbar();
+    if (!boardNote.isEmpty()) {
+        setWindowTitle(tr("%1 - %2").arg(windowTitle(), boardNote));
+        AddBoardNote(boardNote);
+    }
     MakePanels();
     ConnectPanels();
     resize(1120, 720);
@@ -56,7 +59,7 @@ MainForm::~MainForm() {
     m_bench.Link.Setup.Notice = nullptr;
 }
 
-void MainForm::MakeToolbar(const QString& boardNote) {
+void MainForm::MakeToolbar() {
     m_toolbar = addToolBar(tr("Tools"));
     m_toolbar->setObjectName("Toolbar1");
     m_toolbar->setMovable(false);
@@ -77,17 +80,18 @@ void MainForm::MakeToolbar(const QString& boardNote) {
         button->setFocusPolicy(Qt::TabFocus);
         button->setMinimumWidth(76);
     }
-    if (!boardNote.isEmpty()) {
-        auto* space = new QWidget;
-        space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-        m_toolbar->addWidget(space);
-        auto* note = new QLabel(boardNote);
-        note->setObjectName("BoardNote");
-        note->setFont(look::WordsFont(look::Size::Text, look::Strong));
-        note->setContentsMargins(0, 0, 3 * look::Grid, 0);
-        look::SetInk(*note, look::QuietInk);
-        m_toolbar->addWidget(note);
-    }
+}
+
+void MainForm::AddBoardNote(const QString& text) {
+    auto* space = new QWidget;
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_toolbar->addWidget(space);
+    auto* note = new QLabel(text);
+    note->setObjectName("BoardNote");
+    note->setFont(look::WordsFont(look::Size::Text, look::Strong));
+    note->setContentsMargins(0, 0, 3 * look::Grid, 0);
+    look::SetInk(*note, look::QuietInk);
+    m_toolbar->addWidget(note);
 }
 
 void MainForm::MakePanels() {

@@ -68,7 +68,8 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void MakeToolbar(const QString& boardNote);
+    void MakeToolbar();
+    void AddBoardNote(const QString& text);
     void MakePanels();
     void ConnectPanels();
     void ShowLinkNotices();
