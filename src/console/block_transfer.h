@@ -36,17 +36,17 @@ public:
 
     /// Always 32 bytes.
     void Read();
-    /// As many bytes as the byte count says, 1 to 32. Refused with a message, before anything is
-    /// written to the chip, while the chip's write-protect bit is set.
+    /// As many bytes as the byte count says, 1 to 32. Refused with a message while the chip's
+    /// write-protect bit is set; an EEPROM target goes back to read mode then too, which clears
+    /// the bit.
     void Write();
 
     /// Takes a byte count as it was typed: more than a block holds becomes a whole block.
     void EnterByteCount(const QString& text);
 
+private:
     void ClearBlockDisplay();
     void ResetReadColumns();
-
-private:
     /// Moves the chip's address pointer to the start of the block.
     void SetBlockStart();
     /// False when the link broke the read off with a notice: it then still holds the block and the
