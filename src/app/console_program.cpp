@@ -84,6 +84,7 @@ void ConsoleProgram::Load() {
 
 void ConsoleProgram::Show() {
     Load();
+    m_main->resize(m_main->size().boundedTo(m_main->screen()->availableSize() - Frame));
     m_main->show();
     m_main->raise();
     m_main->activateWindow();
