@@ -10,6 +10,9 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   target_compile_options(tqx_options INTERFACE -Wno-restrict)
 endif()
 target_compile_definitions(tqx_options INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH)
+# As Debian builds its own programs, but for binding every symbol at the start, which delays it.
+target_compile_options(tqx_options INTERFACE
+  $<$<CONFIG:Release>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2 -fstack-protector-strong>)
 if(TQX_SANITIZE)
   # The sanitizers' own code makes the compiler see variables that are not set where there are none.
   target_compile_options(tqx_options INTERFACE

@@ -74,6 +74,8 @@ package=$(echo $build/package/*.deb)
 check_version "$(dpkg-deb --field "$package" Version)"
 mandoc -T lint -W warning packaging/man/*.in
 lintian --allow-root --fail-on error,warning "$package"
+apt-get install --simulate --quiet=2 "./$package" >/dev/null ||
+    fail "its dependencies cannot be had on this system"
 
 dpkg-deb --extract "$package" "$work/unpacked"
 check_tree "$work/unpacked/usr"

@@ -61,7 +61,8 @@ const passwd* Account(uid_t user, passwd& entry, std::span<char> buffer) {
 
 std::vector<unsigned> SessionGroups() {
     std::vector<unsigned> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
-    getgroups(static_cast<int>(groups.size()), groups.data());
+    const int count = getgroups(static_cast<int>(groups.size()), groups.data());
+    groups.resize(static_cast<std::size_t>(std::max(count, 0)));
     groups.push_back(getegid());
     return groups;
 }
