@@ -10,6 +10,7 @@
 #include <controls/look.h>
 #include <controls/strip_chart.h>
 #include <device/bench.h>
+#include <device/gpio_lines.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
 
@@ -25,10 +26,7 @@
 namespace tqx {
 namespace {
 
-constexpr int GPIOPins = 8;            ///< pins that are a tachometer input or a GPIO line
-constexpr int LineOfTHERMPin = 16;     ///< the GPIO line on the pin of EnGPIO1/THERM
 constexpr unsigned EnVExt2 = 1U << 3;  ///< of Config 1: Ain 8 and Ain 9 instead of ExtTemp1
-constexpr unsigned EnGPIO1 = 1U << 0;  ///< of Config 3
 constexpr std::uint8_t StartUp = 0x03; ///< of Config 1
 
 QLabel* NewHeading(const QString& name, const QString& text, QWidget* parent) {
@@ -183,12 +181,13 @@ void ControlCentre::SetUpControlCentre() {
 void ControlCentre::SetUpDisplay() {
     ShowPins(ReadAt(m_bench.Bus, reg::Config2));
     ShowSharedInputs((ReadAt(m_bench.Bus, reg::Config1) & EnVExt2) != 0);
-    m_gpio.LineVisible(LineOfTHERMPin, (ReadAt(m_bench.Bus, reg::Config3) & EnGPIO1) != 0);
+    m_gpio.LineVisible(gpio::ThermLine,
+                       (ReadAt(m_bench.Bus, reg::Config3) & gpio::ThermEnable) != 0);
     m_sizes.SizeStrip(StripGroup);
 }
 
 void ControlCentre::ShowPins(unsigned config2) {
-    for (int pin = 0; pin < GPIOPins; ++pin) {
+    for (int pin = 0; pin < gpio::FanLineCount; ++pin) {
         const bool isGPIO = (config2 >> pin & 1U) != 0;
         m_gpio.LineVisible(pin, isGPIO);
         ShowRow(FirstFanRow + pin, !isGPIO);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <device/gpio_lines.h>
+
 #include <QAbstractButton>
 
 #include <array>
@@ -18,7 +20,7 @@ class GPIODisplay : public QAbstractButton {
     Q_OBJECT
 
 public:
-    static constexpr int LineCount = 17;
+    static constexpr int LineCount = gpio::LineCount;
 
     explicit GPIODisplay(LinkNewComPort& bus, QWidget* parent = nullptr);
 

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "tools/gpio_lines.h"
 #include "tools/tool_window.h"
+
+#include <device/gpio_lines.h>
 
 #include <array>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <device/register_addresses.h>
+#include "device/register_addresses.h"
 
 #include <cstdint>
 
