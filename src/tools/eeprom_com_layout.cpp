@@ -6,7 +6,6 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -31,12 +30,6 @@ QCheckBox* CheckBox(const QString& text, const QString& name, const QString& too
     return box;
 }
 
-QGroupBox* Frame(const QString& name, const QString& title) {
-    auto* frame = new QGroupBox(title);
-    frame->setObjectName(name);
-    return frame;
-}
-
 } // namespace
 
 void EEPROMComFRM::MakeLayout() {
@@ -59,7 +52,7 @@ void EEPROMComFRM::MakeLayout() {
 }
 
 QGroupBox* EEPROMComFRM::MakeRows() {
-    QGroupBox* frame = Frame("RWFrame", tr("Rows"));
+    QGroupBox* frame = parts::Frame(tr("Rows"), "RWFrame");
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(0);
@@ -76,7 +69,7 @@ QGroupBox* EEPROMComFRM::MakeRows() {
 }
 
 QGroupBox* EEPROMComFRM::MakeLegend() {
-    QGroupBox* frame = Frame("LegendFrame", "Legend");
+    QGroupBox* frame = parts::Frame("Legend", "LegendFrame");
     auto* line = new QHBoxLayout(frame);
     line->setSpacing(4 * look::Grid);
     QLabel* address = parts::Label("Address Pointer", "AddressPointerLegend");
@@ -90,7 +83,7 @@ QGroupBox* EEPROMComFRM::MakeLegend() {
 }
 
 QGroupBox* EEPROMComFRM::MakeCommands() {
-    QGroupBox* frame = Frame("CommandFrame", "Command");
+    QGroupBox* frame = parts::Frame("Command", "CommandFrame");
     m_autoReadCHK =
         parts::Button("AutoRead is Off", "AutoReadCHK",
                       tr("Reads all rows again and again, ten times a second"), "Alt+U");
@@ -115,7 +108,7 @@ QGroupBox* EEPROMComFRM::MakeCommands() {
 }
 
 QGroupBox* EEPROMComFRM::MakeEEPROM() {
-    QGroupBox* frame = Frame("EEPROMFrame", "EEPROM");
+    QGroupBox* frame = parts::Frame("EEPROM", "EEPROMFrame");
     m_accessEEPROMCHK = CheckBox("Access EEPROM", "AccessEEPROMCHK",
                                  tr("The rows stand for bytes of the EEPROM instead of registers. "
                                     "The EEPROM is reached over the printer port only."),
@@ -141,7 +134,7 @@ QGroupBox* EEPROMComFRM::MakeEEPROM() {
 }
 
 QGroupBox* EEPROMComFRM::MakeFills() {
-    QGroupBox* frame = Frame("AutoFillFrame", "Auto Fill");
+    QGroupBox* frame = parts::Frame("Auto Fill", "AutoFillFrame");
     m_addPTRFillCMD = parts::Button("Address Ptr Fill", "ADDPTRFillCMD",
                                     tr("Counts the addresses up from the first row's"), "Alt+P");
     m_readDataFillCMD = parts::Button("Read Data Fill", "ReadDataFillCMD",
@@ -156,7 +149,7 @@ QGroupBox* EEPROMComFRM::MakeFills() {
 }
 
 QGroupBox* EEPROMComFRM::MakeNotes() {
-    QGroupBox* frame = Frame("NotesFrame", "Notes");
+    QGroupBox* frame = parts::Frame("Notes", "NotesFrame");
     auto* column = new QVBoxLayout(frame);
     column->addWidget(parts::Note("When auto-erasing EEPROM, all pages associated with the "
                                   "selected high byte will be erased. ",
@@ -165,7 +158,7 @@ QGroupBox* EEPROMComFRM::MakeNotes() {
 }
 
 QGroupBox* EEPROMComFRM::MakeClose() {
-    QGroupBox* frame = Frame("CloseFrame", {});
+    QGroupBox* frame = parts::Frame({}, "CloseFrame");
     frame->setFlat(true);
     m_closeCMD = parts::Button("Close Current", "CloseCMD", tr("Closes this window"), "Alt+C");
     m_closeAllCMD = parts::Button("Close All", "CloseAllCMD",

@@ -8,7 +8,6 @@
 #include <device/bench.h>
 
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
@@ -151,8 +150,7 @@ void EraseEEPROMFRM::MakeLayout() {
 }
 
 QGroupBox* EraseEEPROMFRM::MakePages() {
-    auto* frame = new QGroupBox("Erase Page");
-    frame->setObjectName("Frame1");
+    QGroupBox* frame = parts::Frame("Erase Page", "Frame1");
     m_eepromHighByteCOMBO = new HighByteCombo;
     m_eepromHighByteCOMBO->setToolTip(tr("The block whose pages stand below"));
 
@@ -181,8 +179,7 @@ QGroupBox* EraseEEPROMFRM::MakePages() {
 }
 
 QGroupBox* EraseEEPROMFRM::MakeFullErase() {
-    auto* frame = new QGroupBox("Full Erase");
-    frame->setObjectName("Frame2");
+    QGroupBox* frame = parts::Frame("Full Erase", "Frame2");
     m_eraseAllCMD = parts::Button("Erase All EEPROM", "EraseAllCMD",
                                   tr("Erases all 8192 bytes, which takes about 13 seconds"));
     m_stopEraseCMD = parts::Button("Stop Erase", "StopEraseCMD",

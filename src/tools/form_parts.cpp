@@ -15,6 +15,12 @@ QString MemberName(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }
 
+QGroupBox* Frame(const QString& title, const QString& name) {
+    auto* frame = new QGroupBox(title);
+    frame->setObjectName(name);
+    return frame;
+}
+
 QPushButton* Button(const QString& text, const QString& name, const QString& tooltip,
                     const QString& shortcut) {
     auto* button = new QPushButton(text);

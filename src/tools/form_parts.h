@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QString>
@@ -11,6 +12,9 @@ namespace parts {
 
 /// `name(index)`: the objectName of a member of a control array.
 QString MemberName(const char* name, int index);
+
+/// A frame with its title; an empty one has none.
+QGroupBox* Frame(const QString& title, const QString& name);
 
 /// A button that is not the default one unless it is made so. `shortcut` ("Alt+R"), which may be
 /// empty, is added to the tooltip.

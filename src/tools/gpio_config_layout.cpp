@@ -5,7 +5,6 @@
 #include <controls/look.h>
 
 #include <QGridLayout>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -28,8 +27,7 @@ HandCombo* Combo(const char* name, int index, int line, const QString& what) {
 }
 
 QGroupBox* Frame(const QString& name, const QString& title, QGridLayout*& grid) {
-    auto* frame = new QGroupBox(title);
-    frame->setObjectName(name);
+    QGroupBox* frame = parts::Frame(title, name);
     grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(2 * look::Grid);
     return frame;

@@ -7,7 +7,6 @@
 #include <controls/percent_bar.h>
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -22,8 +21,7 @@ constexpr int StatusLines = 3; // room for a path and a reason
 /// A frame with the box that takes a part of the chip into the dump, and a sample of its rows.
 QGroupBox* Choice(const QString& name, const QString& title, QCheckBox* box, QLabel* note,
                   FormatSample* sample) {
-    auto* frame = new QGroupBox(title);
-    frame->setObjectName(name);
+    QGroupBox* frame = parts::Frame(title, name);
     look::SetInk(*note, look::QuietInk);
     auto* column = new QVBoxLayout(frame);
     column->setSpacing(2 * look::Grid);
@@ -94,8 +92,7 @@ QGroupBox* RegisterDumpFRM::MakeEEPROM() {
 }
 
 QGroupBox* RegisterDumpFRM::MakeTarget() {
-    auto* frame = new QGroupBox(tr("Target"));
-    frame->setObjectName("TargetFrame");
+    QGroupBox* frame = parts::Frame(tr("Target"), "TargetFrame");
     m_pathLBL = new ElidedLabel;
     m_pathLBL->setObjectName("PathLBL");
     m_pathLBL->setFont(look::NumbersFont());
