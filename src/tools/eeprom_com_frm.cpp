@@ -150,8 +150,8 @@ void EEPROMComFRM::AutoReadTick() {
     });
 }
 
-void EEPROMComFRM::WriteByte(EEPROMRow& row) {
-    if (!row.Address() || !row.WriteData()) {
+void EEPROMComFRM::WriteByte(const EEPROMRow& row) {
+    if (!row.CanBeWritten()) {
         return;
     }
     const Yielding yielding(*this);
@@ -165,10 +165,7 @@ void EEPROMComFRM::WriteByte(EEPROMRow& row) {
 }
 
 void EEPROMComFRM::WriteAll() {
-    const bool anyToWrite = std::any_of(m_rows.begin(), m_rows.end(), [](const EEPROMRow& row) {
-        return row.Address() && row.WriteData();
-    });
-    if (!anyToWrite) {
+    if (std::ranges::none_of(m_rows, &EEPROMRow::CanBeWritten)) {
         return;
     }
     const Yielding yielding(*this);
@@ -193,9 +190,9 @@ void EEPROMComFRM::WriteAllEEPROM() {
     }
     m_modes.SelectWriteMode();
     for (int i = 0; i < RowCount; ++i) {
-        EEPROMRow& row = m_rows[static_cast<std::size_t>(i)];
+        const EEPROMRow& row = m_rows[static_cast<std::size_t>(i)];
         m_rwAllProgress->setValue(i);
-        if (!row.Address() || !row.WriteData()) {
+        if (!row.CanBeWritten()) {
             continue;
         }
         if (Unloading()) {
@@ -211,8 +208,8 @@ void EEPROMComFRM::WriteAllEEPROM() {
 
 void EEPROMComFRM::WriteAllRAM() {
     for (int i = 0; i < RowCount; ++i) {
-        EEPROMRow& row = m_rows[static_cast<std::size_t>(i)];
-        if (!row.Address() || !row.WriteData()) {
+        const EEPROMRow& row = m_rows[static_cast<std::size_t>(i)];
+        if (!row.CanBeWritten()) {
             continue;
         }
         m_wait(RegisterPause);
@@ -278,17 +275,14 @@ void EEPROMComFRM::ReadRow(EEPROMRow& row) {
     row.ReadLBL->setText(HexText(byte));
 }
 
-void EEPROMComFRM::WriteRow(EEPROMRow& row) {
-    const auto address = row.Address();
-    const auto byte = row.WriteData();
-    if (!address || !byte) {
-        return;
-    }
+void EEPROMComFRM::WriteRow(const EEPROMRow& row) {
+    const std::uint8_t address = row.Address().value();
+    const std::uint8_t byte = row.WriteData().value();
     if (m_eepromAccess) {
         m_bench.Link->PrinterPortLink().EEPROMLink().WriteEEPROM(m_eepromHighByteCOMBO->Value(),
-                                                                 *address, *byte);
+                                                                 address, byte);
     } else {
-        m_bench.Coms.WriteRegisterByte(*address, *byte);
+        m_bench.Coms.WriteRegisterByte(address, byte);
     }
 }
 

@@ -72,7 +72,7 @@ private:
     void ReadAll();
     void AutoRead(bool on);
     void AutoReadTick();
-    void WriteByte(EEPROMRow& row);
+    void WriteByte(const EEPROMRow& row);
     void WriteAll();
     void WriteAllEEPROM();
     void WriteAllRAM();
@@ -84,7 +84,8 @@ private:
     void ReadDataFill();
 
     void ReadRow(EEPROMRow& row);
-    void WriteRow(EEPROMRow& row);
+    /// Of a row that can be written.
+    void WriteRow(const EEPROMRow& row);
 
     Bench& m_bench;
     EEPROMModes m_modes;

@@ -24,7 +24,11 @@ public:
     /// @{
     std::optional<std::uint8_t> Address() const;
     std::optional<std::uint8_t> WriteData() const;
+
     /// @}
+
+    /// Both are bytes.
+    bool CanBeWritten() const { return Address() && WriteData(); }
 
     NumberEntry* AddrptrTXT;
     QLabel* ReadLBL;
