@@ -4,22 +4,19 @@
 #include "console/monitor_rows.h"
 #include "console/size_strip_bar.h"
 #include "gauge_pointers.h"
+#include "text_of.h"
 
 #include <device/bench.h>
 
-#include <QString>
-
 #include <cstdint>
 #include <limits>
-#include <string_view>
 
 namespace tqx {
 namespace {
 
 /// The suffix of the caption without its blank.
 QString UnitOfRow(int row) {
-    const std::string_view suffix = MonitorRows.at(static_cast<std::size_t>(row)).Suffix;
-    return QString::fromLatin1(suffix.data(), static_cast<qsizetype>(suffix.size())).trimmed();
+    return TextOf(MonitorRows.at(static_cast<std::size_t>(row)).Suffix).trimmed();
 }
 
 } // namespace

@@ -1,10 +1,9 @@
 #include "console/channel_rows.h"
 
 #include "console/monitor_rows.h"
+#include "text_of.h"
 
 #include <controls/row_states.h>
-
-#include <QString>
 
 #include <cstdint>
 
@@ -21,9 +20,7 @@ QString TooltipOfRow(int row) {
 ChannelRows::ChannelRows(MonitorState& state, QWidget* parent)
     : m_state(state) {
     for (int row = 0; row < RowCount; ++row) {
-        const std::string_view caption = CaptionOfRow(row);
-        auto* const label = new RowLabel(
-            QString::fromLatin1(caption.data(), static_cast<qsizetype>(caption.size())), parent);
+        auto* const label = new RowLabel(TextOf(CaptionOfRow(row)), parent);
         label->setObjectName(QStringLiteral("visualdisplaytext(%1)").arg(row));
         label->setToolTip(TooltipOfRow(row));
         label->setCursor(Qt::PointingHandCursor);

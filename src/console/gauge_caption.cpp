@@ -1,5 +1,7 @@
 #include "console/gauge_caption.h"
 
+#include "text_of.h"
+
 #include <device/rounding.h>
 
 #include <array>
@@ -15,8 +17,7 @@ QString GaugeCaption(double reading, std::string_view suffix) {
         std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed);
     QString caption = rounded < 0 ? QString() : QStringLiteral(" ");
     caption += QLatin1String(text.data(), end - text.data());
-    caption += QLatin1String(suffix.data(), static_cast<qsizetype>(suffix.size()));
-    return caption;
+    return caption + TextOf(suffix);
 }
 
 } // namespace tqx

@@ -8,6 +8,7 @@
 #include "console/toolbar_keys.h"
 #include "console/version.h"
 #include "console/welcome_panel.h"
+#include "text_of.h"
 
 #include <controls/look.h>
 #include <controls/press_focused_button.h>
@@ -127,8 +128,7 @@ void MainForm::ConnectPanels() {
 /// Only once nothing can raise any more: the way leads to a window, which must be there.
 void MainForm::ShowLinkNotices() {
     m_bench.Link.Setup.Notice = [this](std::string_view title, std::string_view message) {
-        QVNMsgBox(QString::fromUtf8(title.data(), static_cast<int>(title.size())),
-                  QString::fromUtf8(message.data(), static_cast<int>(message.size())), 1);
+        QVNMsgBox(TextOf(title), TextOf(message), 1);
     };
 }
 

@@ -1,5 +1,7 @@
 #include "register_bits.h"
 
+#include "text_of.h"
+
 #include <controls/look.h>
 
 #include <QGridLayout>
@@ -77,8 +79,7 @@ void RegisterBits::Clear() {
 
 void RegisterBits::Legends(std::span<const std::string_view, 8> legends) {
     for (std::size_t bit = 0; bit < legends.size(); ++bit) {
-        const QString legend =
-            QString::fromUtf8(legends[bit].data(), static_cast<qsizetype>(legends[bit].size()));
+        const QString legend = TextOf(legends[bit]);
         m_legends[bit]->setText(legend);
         m_bits[bit]->Legend(legend);
     }

@@ -1,6 +1,7 @@
 #include "register_readout.h"
 
 #include "console/number_text.h"
+#include "text_of.h"
 
 #include <controls/look.h>
 
@@ -62,7 +63,7 @@ RegisterReadout::RegisterReadout(QWidget* parent)
 }
 
 void RegisterReadout::TypeLabel(std::string_view text) {
-    m_typeLabel->setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    m_typeLabel->setText(TextOf(text));
 }
 
 void RegisterReadout::Address(std::uint8_t address) {

@@ -1,6 +1,7 @@
 #include "register_rows.h"
 
 #include "register_layout.h"
+#include "text_of.h"
 
 #include <controls/look.h>
 #include <controls/row_states.h>
@@ -11,13 +12,6 @@
 #include <algorithm>
 
 namespace tqx {
-namespace {
-
-QString Text(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-} // namespace
 
 RegisterRows::RegisterRows(QWidget* parent)
     : QTabWidget(parent) {
@@ -49,14 +43,14 @@ void RegisterRows::MakePage(RegisterTab tab) {
     }
     grid->setRowStretch(grid->rowCount(), 1);
     MakeTabStop(page, *static_cast<RowLabel*>(grid->itemAtPosition(0, 0)->widget()));
-    addTab(page.Display, Text(CaptionOf(tab)));
+    addTab(page.Display, TextOf(CaptionOf(tab)));
 }
 
 void RegisterRows::MakeRow(int index) {
     const RegisterEntry& entry = RegisterMap[static_cast<std::size_t>(index)];
-    auto* row = new RowLabel(Text(entry.Caption), &Page(entry.Tab));
+    auto* row = new RowLabel(TextOf(entry.Caption), &Page(entry.Tab));
     row->setObjectName(QString("read_writedisplaytext(%1)").arg(index));
-    row->setToolTip(Text(entry.Tooltip));
+    row->setToolTip(TextOf(entry.Tooltip));
     row->setFont(look::NumbersFont(look::Size::Section));
     row->setFocusPolicy(Qt::ClickFocus);
     row->installEventFilter(this);

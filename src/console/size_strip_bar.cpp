@@ -2,6 +2,7 @@
 
 #include "gauge_pointers.h"
 #include "strip_groups.h"
+#include "text_of.h"
 
 #include <controls/strip_chart.h>
 
@@ -97,13 +98,9 @@ void SetYRange(StripChart& chart, const StripGroupSetting& group) {
     }
 }
 
-QString Text(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 void SetCaption(StripChart& chart, int caption, std::string_view text) {
     chart.CaptionIndex(caption);
-    chart.Caption(Text(text));
+    chart.Caption(TextOf(text));
 }
 
 void SetLegend(StripChart& chart, int variable, std::string_view text) {
@@ -120,7 +117,7 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
     SetCaption(chart, TitleCaption, group.Title);
     int variable = 0;
     for (const StripTrace& trace : group.Traces) {
-        chart.NameVariable(variable, Text(trace.Legend));
+        chart.NameVariable(variable, TextOf(trace.Legend));
         if (trace.RowTested == AlwaysWritten || rowVisible(trace.RowTested)) {
             SetLegend(chart, variable, trace.Legend);
         } else {
