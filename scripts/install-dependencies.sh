@@ -12,7 +12,10 @@ build=(
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
     cmark-gfm librsvg2-bin                           # make the handbook and the icons
 )
-tests=(libgtest-dev libgmock-dev libbenchmark-dev git)
+tests=(
+    libgtest-dev libgmock-dev libbenchmark-dev git
+    xvfb dbus-daemon at-spi2-core                    # a desktop without a screen
+)
 ci=(
     clang-format clang-tidy
     clang libclang-rt-dev                                  # fuzzing

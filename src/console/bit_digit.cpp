@@ -67,8 +67,7 @@ void BitDigit::Caption(const QString& caption) {
     if (wasOne != IsOne()) {
         QAccessible::State changed;
         changed.checked = true;
-        QAccessibleStateChangeEvent event(this, changed);
-        QAccessible::updateAccessibility(&event);
+        TellScreenReaders(*this, changed);
     }
 }
 
@@ -123,7 +122,11 @@ void BitDigit::paintEvent(QPaintEvent* event) {
 }
 
 void BitDigit::Announce() {
-    setAccessibleName(QString("Bit %1, %2: %3").arg(QString::number(m_bit), m_legend, text()));
+    QString name = QString("Bit %1").arg(m_bit);
+    if (QString(m_legend).remove(' ') != QString(name).remove(' ')) {
+        name += ", " + m_legend;
+    }
+    setAccessibleName(text().isEmpty() ? name : name + ": " + text());
 }
 
 } // namespace tqx

@@ -152,7 +152,9 @@ void ControlCentre::AddBottomLine(QHBoxLayout& line) {
 void ControlCentre::RowClicked(int row) {
     m_rows.Pick(row);
     if (!IsHeadingRow(row)) {
-        m_channelName.setText(m_rows.Row(row).Caption());
+        const QString channel = m_rows.Row(row).Caption();
+        m_channelName.setText(channel);
+        m_gauge.setAccessibleName(tr("Bargraph of %1").arg(channel));
     }
     m_limits.LoadChannelLimits(row);
     if (!m_timers.VisStart()) {

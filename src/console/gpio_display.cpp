@@ -1,5 +1,7 @@
 #include "console/gpio_display.h"
 
+#include "named_readout.h"
+
 #include <controls/look.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
@@ -63,7 +65,6 @@ GPIODisplay::GPIODisplay(LinkNewComPort& bus, QWidget* parent)
         m_gpio.at(placeholder) =
             NewLabel(this, QStringLiteral("--"), digitFont, look::DisplayQuiet);
         m_gpio.at(line) = NewLabel(this, QStringLiteral("0"), digitFont, look::DisplayInk);
-        m_gpio.at(line)->setAccessibleDescription(tr("Level of GPIO line %1").arg(line));
         for (const int index : {placeholder, line}) {
             m_gpio.at(index)->setObjectName(QStringLiteral("GPIO(%1)").arg(index));
             m_gpio.at(index)->setToolTip(tr("Click to change"));
@@ -80,17 +81,35 @@ void GPIODisplay::ShowGPIOLevels() {
     Write(0, LinesPerByte, ReadAt(m_bus, reg::Status5));
     Write(LinesPerByte, LinesPerByte, ReadAt(m_bus, reg::Status6));
     Write(LastLine, 1, ReadAt(m_bus, reg::Status4) >> 7U);
+    SayLevels();
 }
 
 void GPIODisplay::Write(int firstLine, int lineCount, unsigned levels) {
     for (int bit = 0; bit < lineCount; ++bit) {
         const bool high = (levels >> bit & 1U) != 0;
-        m_gpio.at(firstLine + bit)->setText(high ? QStringLiteral("1") : QStringLiteral("0"));
+        ShowReadout(*m_gpio.at(firstLine + bit), tr("GPIO line %1").arg(firstLine + bit),
+                    high ? QStringLiteral("1") : QStringLiteral("0"));
     }
 }
 
 void GPIODisplay::LineVisible(int line, bool visible) {
     m_gpio.at(line)->setVisible(visible);
+    SayLevels();
+}
+
+/// Says to a screen reader, which reads the control as one, which lines are high.
+void GPIODisplay::SayLevels() {
+    QStringList high;
+    for (int line = 0; line < LineCount; ++line) {
+        if (!m_gpio.at(line)->isHidden() && m_gpio.at(line)->text() == QStringLiteral("1")) {
+            high << QString::number(line);
+        }
+    }
+    const QString levels =
+        high.isEmpty() ? tr("No line is high") : tr("High: %1").arg(high.join(", "));
+    if (levels != accessibleDescription()) {
+        setAccessibleDescription(levels);
+    }
 }
 
 void GPIODisplay::paintEvent(QPaintEvent*) {

@@ -1,6 +1,7 @@
 #include "register_entries.h"
 
 #include "console/number_text.h"
+#include "named_readout.h"
 
 #include <controls/look.h>
 
@@ -8,6 +9,9 @@
 
 namespace tqx {
 namespace {
+
+const QString WrittenInHex = QStringLiteral("Previous value written, hexadecimal");
+const QString WrittenInDec = QStringLiteral("Previous value written, decimal");
 
 NumberEntry* Entry(const QString& name, NumberEntry::Base base, const QString& text,
                    const QString& means) {
@@ -56,16 +60,17 @@ RegisterEntries::RegisterEntries(QWidget* parent)
     m_grid->addWidget(m_writtenHex, 3, 1);
     m_grid->addWidget(Quiet("(Dec)"), 3, 2);
     m_grid->addWidget(m_writtenDec, 3, 3);
+    NothingWritten();
 }
 
 void RegisterEntries::PreviousValueWritten(std::uint8_t value) {
-    m_writtenHex->setText(HexText(value));
-    m_writtenDec->setText(QString::number(value));
+    ShowReadout(*m_writtenHex, WrittenInHex, HexText(value));
+    ShowReadout(*m_writtenDec, WrittenInDec, QString::number(value));
 }
 
 void RegisterEntries::NothingWritten() {
-    m_writtenHex->clear();
-    m_writtenDec->clear();
+    ShowReadout(*m_writtenHex, WrittenInHex, {});
+    ShowReadout(*m_writtenDec, WrittenInDec, {});
 }
 
 } // namespace tqx

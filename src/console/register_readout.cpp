@@ -1,6 +1,7 @@
 #include "register_readout.h"
 
 #include "console/number_text.h"
+#include "named_readout.h"
 #include "text_of.h"
 
 #include <controls/look.h>
@@ -9,6 +10,10 @@
 
 namespace tqx {
 namespace {
+
+const QString CurrentAddress = QStringLiteral("Current address");
+const QString ValueInHex = QStringLiteral("Value, hexadecimal");
+const QString ValueInDec = QStringLiteral("Value, decimal");
 
 QLabel* Heading(const QString& text) {
     auto* label = new QLabel(text);
@@ -39,7 +44,8 @@ RegisterReadout::RegisterReadout(QWidget* parent)
                          look::NumbersFont(look::Size::ReadOut, look::Strong),
                          look::DisplayGreen)) {
     look::MakeDisplay(*this);
-    m_typeLabel->setText("Configuration");
+    TypeLabel("Configuration");
+    Clear();
     for (QLabel* digits : {m_hexLabel, m_decLabel}) {
         digits->setMinimumWidth(digits->fontMetrics().horizontalAdvance("255") + look::Grid);
         digits->setMinimumHeight(digits->fontMetrics().height());
@@ -63,22 +69,22 @@ RegisterReadout::RegisterReadout(QWidget* parent)
 }
 
 void RegisterReadout::TypeLabel(std::string_view text) {
-    m_typeLabel->setText(TextOf(text));
+    ShowReadout(*m_typeLabel, tr("Current register"), TextOf(text));
 }
 
 void RegisterReadout::Address(std::uint8_t address) {
-    m_addressLabel->setText(HexText(address));
+    ShowReadout(*m_addressLabel, CurrentAddress, HexText(address));
 }
 
 void RegisterReadout::Value(std::uint8_t value) {
-    m_hexLabel->setText(HexText(value));
-    m_decLabel->setText(QString::number(value));
+    ShowReadout(*m_hexLabel, ValueInHex, HexText(value));
+    ShowReadout(*m_decLabel, ValueInDec, QString::number(value));
 }
 
 void RegisterReadout::Clear() {
-    for (QLabel* label : {m_addressLabel, m_hexLabel, m_decLabel}) {
-        label->clear();
-    }
+    ShowReadout(*m_addressLabel, CurrentAddress, {});
+    ShowReadout(*m_hexLabel, ValueInHex, {});
+    ShowReadout(*m_decLabel, ValueInDec, {});
 }
 
 } // namespace tqx

@@ -13,18 +13,20 @@ namespace {
 
 constexpr int Side = 16;
 
-/// A lamp to a screen reader: an indicator whose text says its state.
+/// A lamp to a screen reader: a picture whose name says the state. A value that is no number would
+/// not be told on every desktop, and an indicator is a thing that not every desktop knows.
 class AccessibleLamp : public QAccessibleWidget {
 public:
     explicit AccessibleLamp(AlarmLamp& lamp)
-        : QAccessibleWidget(&lamp, QAccessible::Indicator)
+        : QAccessibleWidget(&lamp, QAccessible::Graphic)
         , m_lamp(lamp) {}
 
     QString text(QAccessible::Text kind) const override {
-        if (kind == QAccessible::Value) {
-            return m_lamp.Value() ? AlarmLamp::tr("Alarm") : AlarmLamp::tr("No alarm");
+        const QString own = QAccessibleWidget::text(kind);
+        if (kind != QAccessible::Name) {
+            return own;
         }
-        return QAccessibleWidget::text(kind);
+        return (m_lamp.Value() ? AlarmLamp::tr("%1: on") : AlarmLamp::tr("%1: off")).arg(own);
     }
 
     QStringList actionNames() const override { return {pressAction()}; }
@@ -70,8 +72,7 @@ void AlarmLamp::Value(bool lit) {
     }
     m_value = lit;
     update();
-    QAccessibleValueChangeEvent event(this, lit);
-    QAccessible::updateAccessibility(&event);
+    TellScreenReaders(*this, QAccessible::NameChanged);
 }
 
 QSize AlarmLamp::sizeHint() const {

@@ -45,6 +45,7 @@ void LinearGauge::BarValue(double value) {
         return;
     }
     const double before = std::exchange(m_barValue, value);
+    TellValue();
     const double from = m_geometry.ToY(before);
     const double to = m_geometry.ToY(value);
     const bool wasOn = m_scale.Clamped(before) == before;
@@ -160,7 +161,22 @@ void LinearGauge::PointersChanged() {
         m_hold.reset(); // taken out of the hand
         m_wheelPause.stop();
     }
+    TellValue();
     update();
+}
+
+/// Tells screen readers where the picked pointer stands now, else the reading, whoever moved it.
+void LinearGauge::TellValue() {
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    const QVariant value =
+        QAccessible::queryAccessibleInterface(this)->valueInterface()->currentValue();
+    if (value != m_toldValue) {
+        m_toldValue = value;
+        QAccessibleValueChangeEvent event(this, value);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void LinearGauge::LayOut() {

@@ -28,6 +28,10 @@ QString PlaceOf(const LinearGauge& gauge, int pointer) {
                : withUnit(it.Place.Value);
 }
 
+QString ReadingOf(const LinearGauge& gauge) {
+    return gauge.Caption().trimmed();
+}
+
 } // namespace
 
 AccessibleGauge::AccessibleGauge(LinearGauge& gauge)
@@ -43,16 +47,32 @@ void* AccessibleGauge::interface_cast(QAccessible::InterfaceType type) {
 
 QString AccessibleGauge::text(QAccessible::Text kind) const {
     const std::optional<int> picked = m_gauge.PickedPointer();
-    QString own = QAccessibleWidget::text(kind);
-    const QString reading = m_gauge.Caption().trimmed();
-    if (kind == QAccessible::Name && picked) {
-        return LinearGauge::tr("%1, %2").arg(own, NameOf(*picked));
+    switch (kind) {
+    case QAccessible::Name: {
+        const QString own = QAccessibleWidget::text(kind);
+        return picked ? LinearGauge::tr("%1, %2").arg(own, NameOf(*picked)) : own;
     }
-    if (kind == QAccessible::Value) {
-        return picked ? LinearGauge::tr("%1, reading %2").arg(PlaceOf(m_gauge, *picked), reading)
-                      : LinearGauge::tr("reading %1").arg(reading);
+    case QAccessible::Value:
+        return picked ? PlaceOf(m_gauge, *picked) : ReadingOf(m_gauge);
+    case QAccessible::Description:
+        return Description();
+    case QAccessible::Help:
+        return m_gauge.toolTip();
+    default:
+        return QAccessibleWidget::text(kind);
     }
-    return own;
+}
+
+/// The reading and where each pointer stands that can be moved: a value says one of them, and not
+/// the unit.
+QString AccessibleGauge::Description() const {
+    QStringList parts{LinearGauge::tr("reading %1").arg(ReadingOf(m_gauge))};
+    for (const int handle : {LowHandle, HighHandle}) {
+        if (IsDraggable(m_gauge.Pointers(), handle)) {
+            parts << LinearGauge::tr("%1 at %2").arg(NameOf(handle), PlaceOf(m_gauge, handle));
+        }
+    }
+    return parts.join(QStringLiteral(", "));
 }
 
 QVariant AccessibleGauge::currentValue() const {

@@ -24,6 +24,8 @@ public:
     QVariant minimumStepSize() const override;
 
 private:
+    QString Description() const;
+
     LinearGauge& m_gauge;
 };
 

@@ -1,8 +1,8 @@
 // The user's hand on a gauge: mouse, wheel and keyboard.
 
+#include "controls/accessible_control.h"
 #include "controls/linear_gauge.h"
 
-#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QWheelEvent>
@@ -80,8 +80,8 @@ void LinearGauge::Pick(std::optional<int> pointer) {
     if (pointer != m_picked) {
         m_picked = pointer;
         update();
-        QAccessibleEvent renamed(this, QAccessible::NameChanged);
-        QAccessible::updateAccessibility(&renamed);
+        TellScreenReaders(*this, QAccessible::NameChanged);
+        TellValue();
     }
 }
 
@@ -108,8 +108,7 @@ void LinearGauge::StepHeld(const PointerPlace& place) {
         m_wheelPause.stop();
         throw;
     }
-    QAccessibleValueChangeEvent event(this, IsBand(pointer) ? place.From : place.Value);
-    QAccessible::updateAccessibility(&event);
+    TellValue();
 }
 
 /// One step of the picked pointer from where it stands.
@@ -171,6 +170,7 @@ void LinearGauge::PutBack() {
     restore();
     TellMoved(hold.Pointer);
     restore();
+    TellValue();
 }
 
 void LinearGauge::ShowCursor(QPointF point) {

@@ -117,10 +117,8 @@ void RowLabel::ForeColor(RowColour colour) {
     m_colour = colour;
     update();
     if (wasSelected != IsSelected()) {
-        QAccessible::State changed;
-        changed.selected = true;
-        QAccessibleStateChangeEvent event(this, changed);
-        QAccessible::updateAccessibility(&event);
+        TellScreenReaders(*this,
+                          IsSelected() ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
     }
 }
 

@@ -176,6 +176,9 @@ void StripChart::Caption(const QString& text) {
     caption->Text = text;
     m_parts->Layers.Invalidate();
     update();
+    if (m_parts->CaptionIndex == TitleCaption) {
+        TellScreenReaders(*this, QAccessible::NameChanged);
+    }
 }
 
 std::uint32_t StripChart::CaptionColor() const {

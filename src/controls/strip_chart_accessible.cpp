@@ -14,7 +14,9 @@ QString AccessibleStripChart::text(QAccessible::Text kind) const {
     case QAccessible::Value:
         return m_chart.LatestText();
     case QAccessible::Description:
-        return m_chart.StateText();
+        return QStringList{m_chart.StateText(), m_chart.LatestText()}
+            .join(QLatin1Char('\n'))
+            .trimmed();
     default:
         return QAccessibleWidget::text(kind);
     }

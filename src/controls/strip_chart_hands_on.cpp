@@ -1,3 +1,4 @@
+#include "controls/accessible_control.h"
 #include "controls/look.h"
 #include "strip_chart_parts.h"
 #include "strip_chart_readout.h"
@@ -7,6 +8,7 @@
 #include <QToolButton>
 
 #include <cmath>
+#include <utility>
 
 namespace tqx {
 namespace {
@@ -98,7 +100,20 @@ void StripChart::ShowChange() {
     commands[StripCommand::OnlyTrace].setEnabled(picked);
     m_parts->FreezeButton->setChecked(Frozen());
     m_parts->LiveButton->setEnabled(!model.View.Default());
+    TellState();
     update();
+}
+
+/// Tells screen readers what the user's hand changed. Samples are never told: they would not stop.
+void StripChart::TellState() {
+    if (!QAccessible::isActive()) {
+        return;
+    }
+    QString state = StateText();
+    if (state != m_parts->ToldState) {
+        m_parts->ToldState = std::move(state);
+        TellScreenReaders(*this, QAccessible::DescriptionChanged);
+    }
 }
 
 void StripChart::Freeze(bool frozen) {
@@ -159,9 +174,10 @@ QString StripChart::LatestText() const {
 }
 
 QString StripChart::StateText() const {
-    const QString standstill = StripStandstillText(m_parts->Model);
-    const QString readout = ReadoutText();
-    return readout.isEmpty() ? standstill : standstill + QLatin1Char('\n') + readout;
+    const StripModel& model = m_parts->Model;
+    QStringList state{StripStandstillText(model), StripLegendText(model), ReadoutText()};
+    state.removeAll(QString());
+    return state.join(QLatin1Char('\n'));
 }
 
 QString StripChart::ReadoutText() const {

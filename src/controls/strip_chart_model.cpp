@@ -78,4 +78,26 @@ QString StripStandstillText(const StripModel& model) {
     return text.arg(StripClockText(model, edge));
 }
 
+QString StripLegendText(const StripModel& model) {
+    QStringList hidden;
+    for (int variable = 0; variable < StripVariableCount; ++variable) {
+        if (!model.Ink(variable).Shown && !model.Legend(variable).isEmpty()) {
+            hidden << model.Name(variable);
+        }
+    }
+    QStringList parts;
+    if (model.LegendPick >= 0) {
+        const char* const picked = model.Ink(model.LegendPick).Shown
+                                       ? QT_TRANSLATE_NOOP("StripChart", "Legend: %1, shown.")
+                                       : QT_TRANSLATE_NOOP("StripChart", "Legend: %1, hidden.");
+        parts
+            << QCoreApplication::translate("StripChart", picked).arg(model.Name(model.LegendPick));
+    }
+    if (!hidden.isEmpty()) {
+        parts << QCoreApplication::translate("StripChart", "Hidden: %1.")
+                     .arg(hidden.join(QStringLiteral(", ")));
+    }
+    return parts.join(QLatin1Char(' '));
+}
+
 } // namespace tqx

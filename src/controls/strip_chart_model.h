@@ -101,4 +101,8 @@ QString StripMomentText(const StripModel& model, StripTime time);
 /// What a view that stands still says about itself; empty for one that follows.
 QString StripStandstillText(const StripModel& model);
 
+/// The legend line that the keyboard is on, and the traces that are hidden; empty when there are
+/// none of either.
+QString StripLegendText(const StripModel& model);
+
 } // namespace tqx

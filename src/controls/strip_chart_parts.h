@@ -25,6 +25,7 @@ struct StripChart::Parts {
     QToolButton* MenuButton = nullptr;
     QBasicTimer Frames;
     bool NewSamples = false;
+    QString ToldState; ///< what screen readers were told last
     StripTime WallNotedAt = 0;
     double YFloor = 0;
     double YLow = 0;

@@ -36,6 +36,7 @@ protected:
 
 private:
     void Write(int firstLine, int lineCount, unsigned levels);
+    void SayLevels();
 
     LinkNewComPort& m_bus;
     /// 0 to 16 the digits by line, 17 to 33 the placeholders.

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QAccessibleInterface>
+#include <QWidget>
 
 namespace tqx {
 
@@ -17,6 +18,23 @@ void DescribeToScreenReaders() {
         });
         return true;
     }();
+}
+
+/// Tells screen readers that `what` of `control` has changed: NameChanged, SelectionAdd and the
+/// like. While there are none it costs a glance, so that a control need not ask before it tells.
+inline void TellScreenReaders(QWidget& control, QAccessible::Event what) {
+    if (QAccessible::isActive()) {
+        QAccessibleEvent event(&control, what);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+/// The same for the states that are set in `changed`.
+inline void TellScreenReaders(QWidget& control, QAccessible::State changed) {
+    if (QAccessible::isActive()) {
+        QAccessibleStateChangeEvent event(&control, changed);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 } // namespace tqx

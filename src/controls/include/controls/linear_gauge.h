@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QString>
 #include <QTimer>
+#include <QVariant>
 #include <QWidget>
 
 #include <optional>
@@ -216,6 +217,7 @@ private:
     void Settle();
     void PutBack();
     void ShowCursor(QPointF point);
+    void TellValue();
 
     GaugeScale m_scale;
     GaugePointers m_pointers;
@@ -233,6 +235,7 @@ private:
     std::optional<Hold> m_hold;
     int m_wheelTurn = 0; // eighths of a degree not yet made into steps
     QTimer m_wheelPause;
+    QVariant m_toldValue; // what screen readers were told last
 };
 
 } // namespace tqx

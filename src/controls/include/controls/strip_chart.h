@@ -140,7 +140,7 @@ public:
     /// @{
     QString Title() const;
     QString LatestText() const;  ///< "Vbatt 3.01, +5V 5.02": newest values of the traces shown
-    QString StateText() const;   ///< frozen, looking back, what the cursors read
+    QString StateText() const;   ///< frozen, looking back, the legend, what the cursors read
     QString ReadoutText() const; ///< a row per trace, tabs between columns; empty without a cursor
     /// @}
 
@@ -182,6 +182,7 @@ private:
     void PlaceButtons();
     void Prepare();
     void ShowChange();
+    void TellState();
     QString AskFileName(const QString& title, const QString& suffix, const QString& filter);
     void Paint(QPainter& painter, const QRegion& region);
 

@@ -1,0 +1,36 @@
+#include "daemon.h"
+
+#include <app/application.h>
+
+#include <QAccessible>
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+/// A desktop of the tests' own: a display, and a session bus on which Qt finds the switch for
+/// screen readers turned on.
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    if (GTEST_FLAG_GET(list_tests)) {
+        return RUN_ALL_TESTS();
+    }
+    const QTemporaryDir runtime;
+    qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
+    qunsetenv("AT_SPI_BUS_ADDRESS");
+    const tqx::test::XServer display;
+    qputenv("DISPLAY", display.Display().c_str());
+    qputenv("QT_QPA_PLATFORM", "xcb");
+    const tqx::test::SessionBus bus;
+    qputenv("DBUS_SESSION_BUS_ADDRESS", bus.Address().c_str());
+    qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
+    QDBusConnection::sessionBus().interface()->startService("org.a11y.Bus");
+    tqx::Application application(argc, argv);
+    if (!QTest::qWaitFor([] { return QAccessible::isActive(); }, 10000)) {
+        qCritical("The accessibility bus is not there: is at-spi2-core installed?");
+        return 1;
+    }
+    return RUN_ALL_TESTS();
+}
