@@ -3,6 +3,7 @@
 #include "app/application.h"
 #include "app/end_signals.h"
 #include "app/help_pages.h"
+#include "app/let_go_at_exit.h"
 
 #include <console/link_failure_notice.h>
 
@@ -128,6 +129,7 @@ int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice boar
     application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };
     QObject::connect(&program, &ConsoleProgram::Ended, &application,
                      [] { QCoreApplication::exit(0); });
+    const LetGoAtExit letGoAtExit(program.TheBench().Link);
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::Received, &program, &ConsoleProgram::End);
     program.Start();

@@ -39,6 +39,9 @@ public:
     /// True once the link has been made.
     bool Made() const { return m_server != nullptr; }
 
+    /// Ends the link ahead of this object: its lines are parked and its ports let go.
+    void LetGo() noexcept { m_server.reset(); }
+
     LinkSetup Setup;
 
 private:

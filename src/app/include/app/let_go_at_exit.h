@@ -1,0 +1,23 @@
+#pragma once
+
+#include <link/link_root.h>
+
+namespace tqx {
+
+/// Ends the link where the process ends by `exit` in the middle of the event loop, as Qt does when
+/// the display is lost: what stands on main's stack is not destroyed then, and the link would keep
+/// its port with the lines as they are.
+///
+/// There is one at a time. Of the program only the link and the board behind it are touched, and
+/// neither rests on Qt, which may be half taken down by then.
+class LetGoAtExit {
+public:
+    /// `link`, and the board that its factory refers to, must outlive this object.
+    explicit LetGoAtExit(LinkRoot& link);
+    ~LetGoAtExit();
+
+    LetGoAtExit(const LetGoAtExit&) = delete;
+    LetGoAtExit& operator=(const LetGoAtExit&) = delete;
+};
+
+} // namespace tqx
