@@ -74,59 +74,41 @@ TEST(GaugeGeometry, MarksKeepTheirDistanceAtEveryHeight) {
 }
 
 TEST(GaugeGeometry, AScaleTurnedUpsideDownIsEmpty) {
-    EXPECT_TRUE(ScaleTicks({5, 5}, 380, 15).empty());
     EXPECT_TRUE(ScaleTicks({100, 3.984}, 380, 15).empty());
     const GaugeGeometry gauge = Gauge({100, 3.984});
     EXPECT_EQ(gauge.ToY(50), gauge.Track().bottom());
 }
 
-TEST(GaugeGeometry, ValueAndHeightAreEachOthersReverse) {
+TEST(GaugeGeometry, ValueAndHeightAreEachOthersReverseOnTheScale) {
     for (const GaugeScale& scale : AllScales) {
         const GaugeGeometry gauge = Gauge(scale);
-        EXPECT_DOUBLE_EQ(gauge.ToY(scale.Max), gauge.Track().top());
-        EXPECT_DOUBLE_EQ(gauge.ToY(scale.Min), gauge.Track().bottom());
         const double inside = scale.Min + 0.3 * scale.Span();
         EXPECT_NEAR(gauge.ToValue(gauge.ToY(inside)), inside, 1e-9 * scale.Span());
+        EXPECT_DOUBLE_EQ(gauge.ToY(scale.Max + 1), gauge.Track().top());
+        EXPECT_DOUBLE_EQ(gauge.ToY(-INFINITY), gauge.Track().bottom());
     }
-}
-
-TEST(GaugeGeometry, WhatLiesOutsideTheScaleStandsAtItsEnd) {
-    const GaugeGeometry gauge = Gauge(Standby);
-    EXPECT_EQ(gauge.ToY(99), gauge.Track().top());
-    EXPECT_EQ(gauge.ToY(-INFINITY), gauge.Track().bottom());
-    EXPECT_EQ(gauge.Bar(0, 2).bottom(), gauge.Track().bottom());
 }
 
 TEST(GaugeGeometry, TheBarGrowsFromItsOriginEitherWay) {
     const GaugeGeometry gauge = Gauge(Minus12);
-    const QRectF below = gauge.Bar(0, -12);
-    EXPECT_DOUBLE_EQ(below.top(), gauge.ToY(0));
-    EXPECT_DOUBLE_EQ(below.bottom(), gauge.ToY(-12));
+    EXPECT_DOUBLE_EQ(gauge.Bar(0, -12).top(), gauge.ToY(0));
+    EXPECT_DOUBLE_EQ(gauge.Bar(0, -12).bottom(), gauge.ToY(-12));
     EXPECT_DOUBLE_EQ(gauge.Bar(0, 2).bottom(), gauge.ToY(0));
 }
 
-TEST(GaugeGeometry, AllPartsStandInsideTheSmallestGauge) {
+TEST(GaugeGeometry, FlagsStandInsideTheSmallestGaugeAndClearOfAllElse) {
     const QSize size = GaugeGeometry::SmallestSize(Texts);
     const GaugeGeometry gauge = Gauge(Degrees, size);
     const QRectF face(QPointF(0, 0), size);
-    const GaugePointers pointers = TwoHandles(-128, 127);
-    EXPECT_GE(gauge.Track().height(), 100);
-    EXPECT_GE(gauge.TicksRight() - GaugeGeometry::TickLength, Texts.Label);
-    for (const int handle : {LowHandle, HighHandle}) {
-        const auto& pointer = pointers[static_cast<std::size_t>(handle)];
-        EXPECT_TRUE(face.contains(gauge.Flag(handle, pointer)));
-        EXPECT_FALSE(gauge.Flag(handle, pointer).intersects(QRectF(gauge.Caption())));
-        EXPECT_GE(gauge.Flag(handle, pointer).height(), 16);
+    for (const double place : {-128.0, 40.0, 127.0}) {
+        const GaugePointers pointers = TwoHandles(place, place);
+        const QRectF low = gauge.Flag(LowHandle, pointers[LowHandle]);
+        const QRectF high = gauge.Flag(HighHandle, pointers[HighHandle]);
+        EXPECT_TRUE(face.contains(low) && face.contains(high)) << place;
+        EXPECT_FALSE(low.intersects(high) || low.intersects(gauge.BarColumn())) << place;
+        EXPECT_FALSE(low.intersects(QRectF(gauge.Caption()))) << place;
+        EXPECT_GE(low.height(), 16);
     }
-}
-
-TEST(GaugeGeometry, FlagsStandClearOfEachOtherAndOfTheBar) {
-    const GaugeGeometry gauge = Gauge();
-    const GaugePointers pointers = TwoHandles(40, 40);
-    const QRectF low = gauge.Flag(LowHandle, pointers[LowHandle]);
-    const QRectF high = gauge.Flag(HighHandle, pointers[HighHandle]);
-    EXPECT_FALSE(low.intersects(high));
-    EXPECT_FALSE(low.intersects(gauge.BarColumn()));
 }
 
 TEST(GaugeGeometry, TheMouseMeetsThePointerThatIsThere) {
@@ -175,8 +157,6 @@ TEST(GaugeGeometry, WhatIsCollapsedOrNotTheUsersIsNotMet) {
     GaugePointers pointers = TwoHandles(-40, 60);
     pointers[HighHandle].Width = 0;
     pointers[1].Inner = pointers[1].Outer = 1;
-    EXPECT_FALSE(IsDrawn(pointers, HighHandle));
-    EXPECT_FALSE(IsDrawn(pointers, 1));
     EXPECT_EQ(gauge.PointerAt(onFlag, pointers, std::nullopt), std::nullopt);
     EXPECT_EQ(gauge.PointerAt(onBand, pointers, std::nullopt), std::nullopt);
     pointers = TwoHandles(-40, 60);
@@ -219,12 +199,6 @@ TEST(GaugeGeometry, AKeyStepIsRoundAndNoFinerThanTheDecimals) {
     EXPECT_DOUBLE_EQ(KeyStep({0.016, 3.984}, 3), 0.02);
     EXPECT_DOUBLE_EQ(KeyStep(Minus12, 3), 0.1);
     EXPECT_DOUBLE_EQ(KeyStep({0, 3}, 0), 1);
-}
-
-TEST(GaugeGeometry, NumbersHaveNoNegativeZero) {
-    EXPECT_EQ(GaugeNumber(-0.3, 0), "0");
-    EXPECT_EQ(GaugeNumber(39.84, 0), "40");
-    EXPECT_EQ(GaugeNumber(2.5, 3), "2.500");
 }
 
 } // namespace

@@ -67,12 +67,6 @@ TEST_F(Rows, TheRowLeftAndTheRowEnteredChange) {
     }
 }
 
-TEST_F(Rows, AMoveOverTheSameRowTakesItOnly) {
-    Colours({Hovered, Plain, Plain, Plain});
-    HoverRows(m_rows, m_hoverRow, 1);
-    EXPECT_EQ(Colours(), (Four{Hovered, Hovered, Plain, Plain}));
-}
-
 TEST_F(Rows, AClickStepsTheRowAndClearsTheOthers) {
     struct {
         RowColour Before;
@@ -95,10 +89,10 @@ TEST_F(Rows, AClickStepsTheRowAndClearsTheOthers) {
 }
 
 TEST_F(Rows, AClickedRowEndsSelectedByMouseAndByKeyboardAlike) {
-    QTest::mouseClick(m_rows[0], Qt::LeftButton);
-    EXPECT_EQ(Colours(), (Four{Selected, Plain, Plain, Plain}));
-    QTest::mouseClick(m_rows[0], Qt::LeftButton);
-    EXPECT_EQ(Colours(), (Four{Selected, Plain, Plain, Plain}));
+    for (int click = 0; click < 2; ++click) {
+        QTest::mouseClick(m_rows[0], Qt::LeftButton);
+        EXPECT_EQ(Colours(), (Four{Selected, Plain, Plain, Plain}));
+    }
     QTest::keyClick(m_rows[3], Qt::Key_Space);
     EXPECT_EQ(Colours(), (Four{Plain, Plain, Plain, Selected}));
     QTest::keyClick(m_rows[2], Qt::Key_Return);

@@ -33,7 +33,6 @@ TEST(AlarmLamp, LitAndDarkDifferWithoutColour) {
 
 TEST(Accessibility, LampAndRowSayTheirState) {
     AlarmLamp lamp;
-    lamp.setAccessibleName("Fan 0");
     const QAccessibleInterface* lampFace = QAccessible::queryAccessibleInterface(&lamp);
     EXPECT_EQ(lampFace->text(QAccessible::Name), "Fan 0: off");
     lamp.Value(true);
@@ -42,7 +41,6 @@ TEST(Accessibility, LampAndRowSayTheirState) {
     RowLabel row("IntTemp");
     QAccessibleInterface* rowFace = QAccessible::queryAccessibleInterface(&row);
     EXPECT_EQ(rowFace->text(QAccessible::Name), "IntTemp");
-    EXPECT_FALSE(rowFace->state().selected);
     row.ForeColor(RowColour::SelectedAway);
     EXPECT_TRUE(rowFace->state().selected);
     const QSignalSpy clicked(&row, &RowLabel::Clicked);

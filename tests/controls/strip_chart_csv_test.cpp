@@ -98,10 +98,5 @@ TEST(StripCsv, AFullDiskIsNotTakenForSuccess) {
     }
 }
 
-TEST(StripCsv, AnEmptyChartHasHeadingsOnly) {
-    const StripModel model = Model();
-    EXPECT_THAT(Lines(model, SelectAll(model)), ElementsAre("Time,Seconds,Kind"));
-}
-
 } // namespace
 } // namespace tqx
