@@ -90,39 +90,34 @@ TEST_F(ChipSlaveTest, BlocksFollowOneAnotherAtThePointer) {
     Send({0xA1});
     const auto first = Receive(35);
     EXPECT_THAT(std::vector(first.begin(), first.begin() + 4), ElementsAre(32, 0x11, 0x22, 0x33));
-    EXPECT_EQ(first.back(), 0xFF); // nothing is behind the PEC
+    EXPECT_EQ(first.back(), 0xFF) << "nothing is behind the PEC";
     Model.Write(Scratch + 32, 0x44);
     Send({0xA1});
     EXPECT_EQ(Receive(2).back(), 0x44);
 }
 
 TEST_F(ChipSlaveTest, BlockWriteIsStoredOnlyWholeAndWithAGoodPEC) {
-    struct Case {
+    struct {
         const char* What;
         std::vector<std::uint8_t> Bytes;
         bool Acknowledged;
         std::uint8_t Stored;
-    };
-
-    std::vector<std::uint8_t> badPEC = WithPEC({0xA0, 2, 0x11, 0x22});
-    badPEC.back() ^= 1;
-    std::vector<std::uint8_t> tooMuch = WithPEC({0xA0, 2, 0x11, 0x22});
-    tooMuch.push_back(0x33);
-    const std::vector<Case> cases{
+    } const table[] = {
         {"no PEC", {0xA0, 2, 0x11, 0x22}, true, 0x11},
         {"good PEC", {0xA0, 2, 0x11, 0x22, 0x66}, true, 0x11},
-        {"bad PEC", badPEC, false, 0},
+        {"bad PEC", {0xA0, 2, 0x11, 0x22, 0x67}, false, 0},
         {"a byte short", {0xA0, 2, 0x11}, true, 0},
-        {"a byte after the PEC", tooMuch, false, 0x11},
+        {"a byte after the PEC", {0xA0, 2, 0x11, 0x22, 0x66, 0x33}, false, 0x11},
         {"count 33", {0xA0, 33}, false, 0},
         {"count 0 with PEC", WithPEC({0xA0, 0}), true, 0},
         {"data after A1h", {0xA1, 0x11}, false, 0},
     };
-    for (const Case& test : cases) {
+
+    for (const auto& row : table) {
         SendAndStop({Scratch, 0});
-        EXPECT_EQ(Send(test.Bytes), test.Acknowledged) << test.What;
+        EXPECT_EQ(Send(row.Bytes), row.Acknowledged) << row.What;
         Slave.Stop();
-        EXPECT_EQ(Model.Read(Scratch), test.Stored) << test.What;
+        EXPECT_EQ(Model.Read(Scratch), row.Stored) << row.What;
     }
 }
 

@@ -34,26 +34,25 @@ TEST_F(ChipTest, FreshChipMeasuresAndAlarmsNothing) {
 }
 
 TEST_F(ChipTest, ReadOnlyRegistersIgnoreWritesAndTheOthersStore) {
-    for (const int reg : {0x16, 0x17, 0x1F, 0x20, 0x22, 0x23, 0x24, 0x26, 0x38, 0x3F}) {
-        const auto address = static_cast<std::uint8_t>(reg);
-        const std::uint8_t before = Model.Read(address);
-        Model.Write(address, ~before);
-        EXPECT_EQ(Model.Read(address), before) << reg;
+    for (const std::uint8_t reg : {0x16, 0x17, 0x1F, 0x20, 0x22, 0x23, 0x24, 0x26, 0x38, 0x3F}) {
+        const std::uint8_t before = Model.Read(reg);
+        Model.Write(reg, ~before);
+        EXPECT_EQ(Model.Read(reg), before) << +reg;
     }
-    for (const int reg : {0x02, 0x13, 0x18, 0x40, 0x67, 0x6F, 0x70, 0xFF}) {
-        Model.Write(static_cast<std::uint8_t>(reg), 0x5A);
-        EXPECT_EQ(Model.Read(static_cast<std::uint8_t>(reg)), 0x5A) << reg;
+    for (const std::uint8_t reg : {0x02, 0x13, 0x18, 0x40, 0x67, 0x6F, 0x70, 0xFF}) {
+        Model.Write(reg, 0x5A);
+        EXPECT_EQ(Model.Read(reg), 0x5A) << +reg;
     }
 }
 
 TEST_F(ChipTest, ForcedValuesComeOutAsTheHostConvertsThem) {
     Model.Write(0x00, 0x09); // Ain8 and Ain9 in place of the second diode
     for (const InputFacts& facts : ChipInputs) {
-        if (facts.Kind == InputKind::Voltage) {
-            for (const double share : {0.1, 0.5, 0.9}) {
-                const double volts = facts.Min + share * (facts.Max - facts.Min);
-                Force(facts.Input, volts);
-                const double step = (facts.Max - facts.Min) / 255;
+        const double step = (facts.Max - facts.Min) / 255;
+        for (const double share : {0.1, 0.5, 0.9}) {
+            const double volts = facts.Min + share * (facts.Max - facts.Min);
+            Force(facts.Input, volts);
+            if (facts.Kind == InputKind::Voltage) {
                 EXPECT_NEAR(step * Model.Read(facts.Value) + facts.Min, volts, step / 2 + 1e-9);
             }
         }
@@ -67,17 +66,17 @@ TEST_F(ChipTest, ForcedValuesComeOutAsTheHostConvertsThem) {
 }
 
 TEST_F(ChipTest, FanCountFollowsSpeedAndDivisor) {
-    struct Case {
+    struct {
         double RPM;
         std::uint8_t Divisors;
-        std::uint8_t Count;
-    };
+        int Count;
+    } const table[] = {{3000, 0xFF, 56},  {3000, 0xFE, 113}, {6000, 0xFC, 225},
+                       {3000, 0xFC, 255}, {0, 0xFF, 255},    {1e9, 0xFF, 1}};
 
-    for (const Case& test : {Case{3000, 0xFF, 56}, Case{3000, 0xFE, 113}, Case{6000, 0xFC, 225},
-                             Case{3000, 0xFC, 255}, Case{0, 0xFF, 255}, Case{1e9, 0xFF, 1}}) {
-        Force(ChipInput::Fan0, test.RPM);
-        Model.Write(0x02, test.Divisors);
-        EXPECT_EQ(Model.Read(0x38), test.Count) << test.RPM;
+    for (const auto& row : table) {
+        Force(ChipInput::Fan0, row.RPM);
+        Model.Write(0x02, row.Divisors);
+        EXPECT_EQ(Model.Read(0x38), row.Count) << row.RPM;
     }
     Force(ChipInput::Fan7, 3000);
     Model.Write(0x03, 0xBF); // divisor 4
@@ -197,16 +196,16 @@ TEST_F(ChipTest, ChassisAlarmLatchesUntilItIsClearedWithTheChassisClosed) {
 }
 
 TEST_F(ChipTest, EEPROMWritesOnlyInOneModeAndWithoutProtection) {
-    struct Case {
+    struct {
         std::uint8_t Mode;
-        std::uint8_t Result;
-    };
+        int Result;
+    } const table[] = {{0x00, 0xFF}, {0x81, 0xFF}, {0x06, 0xFF}, {0x0A, 0xFF},
+                       {0x82, 0x0F}, {0x0C, 0x0F}, {0x04, 0xFF}};
 
-    for (const Case& test : {Case{0x00, 0xFF}, Case{0x81, 0xFF}, Case{0x06, 0xFF}, Case{0x0A, 0xFF},
-                             Case{0x82, 0x0F}, Case{0x0C, 0x0F}, Case{0x04, 0xFF}}) {
-        Model.Write(0x13, test.Mode);
+    for (const auto& row : table) {
+        Model.Write(0x13, row.Mode);
         Model.WriteEEPROM(0x1FFF, 0x0F);
-        EXPECT_EQ(Model.ReadEEPROM(0x1FFF), test.Result) << int{test.Mode};
+        EXPECT_EQ(Model.ReadEEPROM(0x1FFF), row.Result) << +row.Mode;
     }
 }
 

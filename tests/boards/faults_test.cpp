@@ -39,40 +39,37 @@ TEST_P(FaultsTest, NoAnswerLeavesAnIdleBus) {
 }
 
 TEST_P(FaultsTest, StuckLinesGiveOneByteOnThePortAndATimeOutOnTheSMBus) {
-    struct Case {
+    struct {
         Fault Stuck;
-        std::uint8_t Byte;
+        int Byte;
         bool TimesOut;
-    };
+    } const table[] = {{Fault::DataStuckLow, 0x00, true},
+                       {Fault::DataStuckHigh, 0xFF, false},
+                       {Fault::ClockStuckLow, 0xFF, true}};
 
-    for (const Case& test :
-         {Case{Fault::DataStuckLow, 0x00, true}, Case{Fault::DataStuckHigh, 0xFF, false},
-          Case{Fault::ClockStuckLow, 0xFF, true}}) {
-        Board.TheFaults().Always(test.Stuck);
-        EXPECT_EQ(Read(CompanyID), test.Byte);
+    for (const auto& row : table) {
+        Board.TheFaults().Always(row.Stuck);
+        EXPECT_EQ(Read(CompanyID), row.Byte);
         Write(Scratch, 0x99);
-        if (test.TimesOut) {
+        if (row.TimesOut) {
             EXPECT_THROW(SMBus().ReadByte(0x2C, CompanyID), LinkError);
         } else {
             EXPECT_EQ(SMBus().ReadByte(0x2C, CompanyID), 0xFF);
         }
-        Board.TheFaults().Off(test.Stuck);
+        Board.TheFaults().Off(row.Stuck);
         EXPECT_EQ(Read(Scratch), 0x00);
     }
 }
 
 TEST_P(FaultsTest, WrongPECFailsABlockReadAndABlockWriteStoresNothing) {
-    Board.TheFaults().Always(Fault::WrongPEC);
-    Write(Scratch, 0);
-    EXPECT_FALSE(WriteBlock());
-    EXPECT_EQ(Read(Scratch), 0);
-    ReadBlock();
-    EXPECT_FALSE(Bus().PECOK());
-    Board.TheFaults().Off(Fault::WrongPEC);
-    Write(Scratch, 0);
-    EXPECT_TRUE(WriteBlock());
-    ReadBlock();
-    EXPECT_TRUE(Bus().PECOK());
+    for (const bool wrong : {true, false}) {
+        Board.TheFaults().Every(Fault::WrongPEC, wrong ? 1 : 0);
+        Write(Scratch, 0);
+        EXPECT_EQ(WriteBlock(), !wrong);
+        EXPECT_EQ(Read(Scratch), wrong ? 0 : 0x11);
+        ReadBlock();
+        EXPECT_EQ(Bus().PECOK(), !wrong);
+    }
 }
 
 TEST_P(FaultsTest, ShortCountEndsABlockReadWithANotice) {
