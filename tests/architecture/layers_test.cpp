@@ -51,26 +51,34 @@ std::string LibraryOf(const fs::path& file) {
     return fs::directory_iterator(folder / "include")->path().filename();
 }
 
+/// Calls `work` with every source below `folder` and each line of it.
+template <typename Work>
+void ForEachLine(const fs::path& folder, Work&& work) {
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const std::string ending = entry.path().extension();
+        if (ending == ".h" || ending == ".cpp") {
+            std::ifstream source(entry.path());
+            for (std::string line; std::getline(source, line);) {
+                work(entry.path(), line);
+            }
+        }
+    }
+}
+
 /// The arrows that the sources need, with a file for each; includes of no known library are left
 /// out.
 std::map<std::pair<std::string, std::string>, std::string> UsedEdges(const Edges& known) {
     static const std::regex include(R"(^\s*#include\s*["<]([a-z_]+)/)");
     std::map<std::pair<std::string, std::string>, std::string> used;
-    for (const auto& entry : fs::recursive_directory_iterator(Root / "src")) {
-        const std::string ending = entry.path().extension();
-        if (ending != ".h" && ending != ".cpp") {
-            continue;
-        }
-        const std::string from = LibraryOf(entry.path());
-        std::ifstream source(entry.path());
-        for (std::string line; std::getline(source, line);) {
-            std::smatch match;
-            if (std::regex_search(line, match, include) && known.contains(match[1]) &&
-                match[1] != from) {
-                used[{from, match[1]}] = entry.path().string();
+    ForEachLine(Root / "src", [&](const fs::path& file, const std::string& line) {
+        std::smatch match;
+        if (std::regex_search(line, match, include) && known.contains(match[1])) {
+            const std::string from = LibraryOf(file);
+            if (match[1] != from) {
+                used[{from, match[1]}] = file.string();
             }
         }
-    }
+    });
     return used;
 }
 
@@ -97,12 +105,9 @@ TEST(Layers, EveryArrowOfTheDrawingIsNeeded) {
 TEST(Layers, TheLowerLibrariesNeverSeeQt) {
     static const std::regex qt(R"(^\s*#include\s*<Q)");
     for (const char* folder : {"link", "device", "boards"}) {
-        for (const auto& entry : fs::recursive_directory_iterator(Root / "src" / folder)) {
-            std::ifstream source(entry.path());
-            for (std::string line; std::getline(source, line);) {
-                EXPECT_FALSE(std::regex_search(line, qt)) << entry.path() << ": " << line;
-            }
-        }
+        ForEachLine(Root / "src" / folder, [](const fs::path& file, const std::string& line) {
+            EXPECT_FALSE(std::regex_search(line, qt)) << file << ": " << line;
+        });
     }
 }
 
