@@ -148,6 +148,15 @@ void NumberEntry::focusInEvent(QFocusEvent* event) {
     m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
 }
 
+void NumberEntry::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    const bool comesBack = reason == Qt::PopupFocusReason || reason == Qt::ActiveWindowFocusReason;
+    if (!comesBack && text().isEmpty()) {
+        setText(m_standing);
+    }
+}
+
 void NumberEntry::mouseReleaseEvent(QMouseEvent* event) {
     QLineEdit::mouseReleaseEvent(event);
     // The click that comes to the box selects the number, so that typing replaces it.

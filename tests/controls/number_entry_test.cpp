@@ -102,6 +102,30 @@ TEST(NumberEntry, EscapeBringsBackWhatStoodLast) {
     EXPECT_EQ(entry.Text(), "4");
 }
 
+TEST(NumberEntry, LeftEmptyItShowsWhatStoodLast) {
+    NumberEntry entry(NumberEntry::Hexadecimal);
+    entry.Text("12");
+    entry.show();
+
+    struct {
+        Qt::FocusReason Reason;
+        const char* Shown;
+    } const table[] = {
+        {Qt::PopupFocusReason, ""}, // its own menu, to paste
+        {Qt::ActiveWindowFocusReason, ""},
+        {Qt::TabFocusReason, "12"},
+        {Qt::MouseFocusReason, "12"},
+    };
+
+    for (const auto& row : table) {
+        entry.selectAll();
+        QTest::keyClick(&entry, Qt::Key_Delete);
+        QFocusEvent left(QEvent::FocusOut, row.Reason);
+        QApplication::sendEvent(&entry, &left);
+        EXPECT_EQ(entry.Text(), row.Shown) << row.Reason;
+    }
+}
+
 TEST(NumberEntry, AHandlerMaySetTheTextThatIsHandedToIt) {
     NumberEntry entry(NumberEntry::Hexadecimal);
     QString seen;

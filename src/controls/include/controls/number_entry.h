@@ -8,7 +8,8 @@ namespace tqx {
 /// An entry box for one number, in hexadecimal or decimal.
 ///
 /// It hands over its text on Enter alone, never when it merely loses the focus. Escape brings back
-/// the text that was confirmed or set by program last. The user can type, paste and drop only
+/// the text that was confirmed or set by program last; so does leaving the box empty, which would
+/// count as 0 unseen. The user can type, paste and drop only
 /// digits of the base, and only what is a byte, unless `MaximumDigits` says otherwise; the program
 /// may set any text.
 class NumberEntry : public QLineEdit {
@@ -53,6 +54,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
