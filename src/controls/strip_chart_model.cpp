@@ -62,6 +62,9 @@ QString StripClockText(const StripModel& model, StripTime time) {
 }
 
 QString StripMomentText(const StripModel& model, StripTime time) {
+    if (model.Wall.Stretches().empty()) {
+        return QStringLiteral("-");
+    }
     const StripTime milliseconds = model.Wall.At(time) % StripSecond / 1'000'000;
     return StripClockText(model, time) + QString::asprintf(".%03d", static_cast<int>(milliseconds));
 }
@@ -69,6 +72,9 @@ QString StripMomentText(const StripModel& model, StripTime time) {
 QString StripStandstillText(const StripModel& model) {
     if (model.View.Following()) {
         return {};
+    }
+    if (model.Wall.Stretches().empty()) {
+        return QCoreApplication::translate("StripChart", "Frozen. New samples are kept.");
     }
     const StripTime edge = std::min(model.View.End(), model.History.Newest());
     const QString text =

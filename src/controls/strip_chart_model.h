@@ -95,7 +95,7 @@ StripOffScale FindOffScale(const StripModel& model);
 /// it: "%H %M %S".
 QString StripClockText(const StripModel& model, StripTime time);
 
-/// The same with milliseconds.
+/// The same with milliseconds; "-" while the chart is empty and no moment has a name.
 QString StripMomentText(const StripModel& model, StripTime time);
 
 /// What a view that stands still says about itself; empty for one that follows.

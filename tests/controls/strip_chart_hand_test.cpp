@@ -158,6 +158,13 @@ TEST_F(StripChartHand, ADragPansAndThreeRoadsLeadBackToLive) {
     }
 }
 
+TEST_F(StripChartHand, AnEmptyChartNamesNoMoment) {
+    chart.ClearStrip();
+    Key(Qt::Key_Space);
+    QTest::mouseClick(&chart, Qt::LeftButton, {}, QPoint(200, 200));
+    EXPECT_EQ(chart.StateText(), "Frozen. New samples are kept.\n\t-");
+}
+
 TEST_F(StripChartHand, ACursorReadsTheSampleBeforeItAndASecondTheDifference) {
     QTest::mouseClick(&chart, Qt::LeftButton, {}, QPoint(200, 200));
     EXPECT_EQ(Cell(1, 1), "31");
