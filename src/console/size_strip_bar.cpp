@@ -4,6 +4,7 @@
 #include "strip_groups.h"
 #include "text_of.h"
 
+#include <controls/strip_captions.h>
 #include <controls/strip_chart.h>
 
 #include <algorithm>
@@ -125,7 +126,7 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
         }
         ++variable;
     }
-    for (int caption = FirstLegendCaption + variable; caption <= LastLegendCaption; ++caption) {
+    for (int caption = FirstLegendCaption + variable; caption < StripCaptionCount; ++caption) {
         SetCaption(chart, caption, {});
     }
 }

@@ -83,13 +83,4 @@ inline constexpr std::array<StripGroupSetting, 3> StripGroups{{
     {"RPM", 2000, 3000, 15000, 15000, YOrder::UpperEndsFirst, FanTraces},
 }};
 
-/// The chart's captions: the title, the time line, which stays as it is, and a legend line for
-/// each variable.
-/// @{
-inline constexpr int TitleCaption = 0;
-inline constexpr int FirstLegendCaption = 2;
-inline constexpr int LastLegendCaption = 18;
-
-/// @}
-
 } // namespace tqx

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/strip_captions.h"
 #include "strip_chart_geometry.h"
 #include "strip_chart_inks.h"
 
@@ -9,11 +10,6 @@
 #include <optional>
 
 namespace tqx {
-
-inline constexpr int StripCaptionCount = 19;
-inline constexpr int TitleCaption = 0;
-inline constexpr int TimeCaption = 1;
-inline constexpr int FirstLegendCaption = 2;
 
 struct StripCaption {
     QString Text;

@@ -81,9 +81,8 @@ public:
     double YHigh() const;
     void YHigh(double value);
 
-    /// The caption that Caption and CaptionColor address: 0 the title, 1 "Time=", which cannot be
-    /// changed, 2 + n the legend line of variable n. One that is none reads empty and takes
-    /// nothing.
+    /// The caption that Caption and CaptionColor address, as controls/strip_captions.h numbers
+    /// them. One that is none reads empty and takes nothing.
     int CaptionIndex() const;
     void CaptionIndex(int index);
     QString Caption() const;
