@@ -33,6 +33,7 @@ TEST(AlarmLamp, LitAndDarkDifferWithoutColour) {
 
 TEST(Accessibility, LampAndRowSayTheirState) {
     AlarmLamp lamp;
+    lamp.setAccessibleName("Fan 0");
     const QAccessibleInterface* lampFace = QAccessible::queryAccessibleInterface(&lamp);
     EXPECT_EQ(lampFace->text(QAccessible::Name), "Fan 0: off");
     lamp.Value(true);
