@@ -63,6 +63,15 @@ TEST(NumberEntry, TheProgramMaySetMoreThanCanBeTyped) {
     EXPECT_EQ(entry.Value(), 0u);
 }
 
+TEST(NumberEntry, MaximumDigitsOpensLongerNumbersInEitherBase) {
+    NumberEntry entry(NumberEntry::Decimal);
+    entry.MaximumDigits(4);
+    QTest::keyClicks(&entry, "99999");
+    EXPECT_EQ(entry.Value(), 9999u);
+    entry.numberbase(NumberEntry::Hexadecimal);
+    EXPECT_EQ(entry.Value(), 0x9999u);
+}
+
 TEST(NumberEntry, HandsOverItsTextOnEnterAlone) {
     NumberEntry entry(NumberEntry::Hexadecimal);
     const QSignalSpy confirmed(&entry, &NumberEntry::EntryConfirmed);

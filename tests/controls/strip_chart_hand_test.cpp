@@ -12,6 +12,8 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
+#include <strip_chart_history.h>
 
 namespace tqx {
 namespace {
@@ -317,6 +319,27 @@ TEST_F(StripChartHand, AFileThatCannotBeWrittenIsToldAndACancelledDialogIsNot) {
     answer.clear();
     Key(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(told.size(), 2);
+}
+
+TEST_F(StripChartHand, CaptionsAndColoursAreAddressedByTheirNumber) {
+    std::set<std::uint32_t> colours;
+    for (int variable = 0; variable < StripVariableCount; ++variable) {
+        chart.VariableIndex(variable);
+        colours.insert(chart.VariableColor());
+    }
+    EXPECT_EQ(colours.size(), static_cast<std::size_t>(StripVariableCount));
+    EXPECT_EQ(*colours.rbegin() >> 24, 0U);
+    chart.CaptionIndex(3);
+    chart.CaptionColor(0x0000FF);
+    for (const int other : {1, 2, 19}) {
+        chart.CaptionIndex(other);
+        EXPECT_NE(chart.CaptionColor(), 0x0000FFU);
+        EXPECT_NE(chart.Caption(), "External Temp 0");
+    }
+    chart.CaptionIndex(3);
+    EXPECT_EQ(chart.CaptionColor(), 0x0000FFU);
+    EXPECT_EQ(chart.property("YFloor").toDouble(), -128);
+    EXPECT_EQ(chart.property("YCeiling").toDouble(), 125);
 }
 
 TEST_F(StripChartHand, AScreenReaderHearsTitleValuesAndState) {
