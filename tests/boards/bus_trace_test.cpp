@@ -72,6 +72,16 @@ TEST_F(BusTraceTest, ATransferThatBreaksOffHasNoStopAndTheNextBeginsWithARepeate
     EXPECT_THAT(Take(), ElementsAre("S 58w+ Sr 58w+ 16+ Sr 59r+ 41- P"));
 }
 
+TEST_F(BusTraceTest, PausedItKeepsWhatItHasAndTakesNothing) {
+    Read(0x16);
+    Board.Trace().Paused(true);
+    const std::uint64_t version = Board.Trace().Version();
+    Read(0x17);
+    EXPECT_EQ(Board.Trace().Version(), version);
+    Board.Trace().Paused(false);
+    EXPECT_THAT(Take(), ElementsAre("S 58w+ 16+ Sr 59r+ 41- P"));
+}
+
 TEST_F(BusTraceTest, KeepsTheLastTransfersAndNoPartOfOne) {
     for (std::size_t i = 0; i < BusTrace::MostTransfers + 3; ++i) {
         Write(0x70, static_cast<std::uint8_t>(i));

@@ -197,6 +197,13 @@ TEST_F(PpdevPortTest, TheClockIsNeverLowForLessThanTheBusAllows) {
     }
 }
 
+TEST_F(PpdevPortTest, LongDelaysSleepAndShortOnesDoNot) {
+    port->Delay(10us);
+    EXPECT_EQ(kernel.Time, 0ns);
+    port->Delay(1ms);
+    EXPECT_EQ(kernel.Time, 1ms);
+}
+
 TEST(FindPrinterPorts, GivesThePortsOfTheKernelByNumber) {
     test::FakeKernel kernel;
     EXPECT_TRUE(FindPrinterPorts(kernel).empty());

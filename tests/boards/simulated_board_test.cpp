@@ -40,6 +40,7 @@ TEST(SimulatedBoard, AnswersAtItsAddressAndInItsBoardModeOnly) {
 
 TEST_F(SimulatedBoardTest, IsOneChipOnBothMediaWhoseDivisorsAreAtAddress0Too) {
     EXPECT_EQ(Link->PrinterPortLink().PortAddress(), 0x378);
+    EXPECT_EQ(SMBus().BaseAddress(), 0x5000U);
     EXPECT_EQ(SimulatedBoard::OSVersionInfoFactory()()->BuildNumber(), "2222");
     Write(0x45, 0xA5);
     EXPECT_EQ(SMBus().ReadByte(0x2C, 0x45), 0xA5);
