@@ -24,13 +24,14 @@ std::string FirstLine(int file) {
 
 Daemon::Daemon(std::vector<std::string> arguments) {
     std::array<int, 2> ends{};
-    if (pipe(ends.data()) != 0) {
+    if (pipe2(ends.data(), O_CLOEXEC) != 0) {
         return;
     }
     std::vector<char*> words;
     for (std::string& argument : arguments) {
         if (const auto at = argument.find("%1"); at != std::string::npos) {
             argument.replace(at, 2, std::to_string(ends[1]));
+            fcntl(ends[1], F_SETFD, 0);
         }
         words.push_back(argument.data());
     }
@@ -62,6 +63,9 @@ void Daemon::Kill() {
 
 XServer::XServer()
     : Daemon({TQX_XVFB, "-displayfd", "%1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"}) {}
+
+Compositor::Compositor(const std::string& socket)
+    : Daemon({TQX_WESTON, "--backend=headless-backend.so", "--no-config", "--socket=" + socket}) {}
 
 SessionBus::SessionBus()
     : Daemon({TQX_DBUS_DAEMON, "--session", "--nofork", "--print-address=%1"}) {}

@@ -11,7 +11,7 @@ namespace tqx::test {
 class Daemon {
 public:
     /// `arguments` begin with the program; "%1" in one of them is the number of the pipe. Comes
-    /// back when the server has said its first line, or has ended.
+    /// back when the server has said its first line, or has ended; at once where it has no pipe.
     explicit Daemon(std::vector<std::string> arguments);
     ~Daemon();
 
@@ -36,6 +36,12 @@ public:
 
     /// As DISPLAY has it.
     std::string Display() const { return ":" + Address(); }
+};
+
+/// A Wayland compositor without a screen. It is there once its socket is.
+class Compositor : public Daemon {
+public:
+    explicit Compositor(const std::string& socket);
 };
 
 /// A session bus with nothing on it.

@@ -2,6 +2,8 @@
 #include "port_state.h"
 #include "ppdev_port.h"
 
+#include <QFile>
+#include <QLibraryInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -20,31 +22,47 @@ class LostDisplay : public testing::TestWithParam<const char*> {
 protected:
     QTemporaryDir folder;
     std::string path = folder.filePath("port").toStdString();
-    test::XServer display;
     QProcess program;
 
     LostDisplay() { const std::ofstream made(path); }
 
     test::PortState Port() const { return test::PortState::Of(path); }
 
-    void Start(const QString& work) {
+    /// Runs the program on `display`, which `platform` and `variable` lead it to, and has that die
+    /// under its work.
+    void Lose(test::Daemon& display, const char* platform, const char* variable,
+              const std::string& name) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("DISPLAY", QString::fromStdString(display.Display()));
+        environment.insert("QT_QPA_PLATFORM", platform);
+        environment.insert(variable, QString::fromStdString(name));
         program.setProcessEnvironment(environment);
-        program.start(TQX_LOST_DISPLAY_PROGRAM, {QString::fromStdString(path), work});
+        program.start(TQX_LOST_DISPLAY_PROGRAM, {QString::fromStdString(path), GetParam()});
+        ASSERT_TRUE(QTest::qWaitFor([&] { return Port().AtWork; }, Patience))
+            << program.readAllStandardError().toStdString();
+        display.Kill();
+        ASSERT_TRUE(program.waitForFinished(Patience));
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        EXPECT_EQ(program.exitCode(), 1);
+        EXPECT_FALSE(Port().Claimed);
+        EXPECT_EQ(Port().Lines, ParkedLines);
     }
 };
 
-TEST_P(LostDisplay, EndsTheProgramWithThePortParkedAndLetGo) {
-    Start(GetParam());
-    ASSERT_TRUE(QTest::qWaitFor([&] { return Port().AtWork; }, Patience))
-        << program.readAllStandardError().toStdString();
-    display.Kill();
-    ASSERT_TRUE(program.waitForFinished(Patience));
-    EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(program.exitCode(), 1);
-    EXPECT_FALSE(Port().Claimed);
-    EXPECT_EQ(Port().Lines, ParkedLines);
+TEST_P(LostDisplay, OnX11EndsTheProgramWithThePortParkedAndLetGo) {
+    test::XServer display;
+    Lose(display, "xcb", "DISPLAY", display.Display());
+}
+
+TEST_P(LostDisplay, OnWaylandEndsTheProgramWithThePortParkedAndLetGo) {
+    const QString plugins =
+        QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/wayland-shell-integration";
+    if (!QFile::exists(TQX_WESTON) || !QFile::exists(plugins)) {
+        GTEST_SKIP() << "weston and qt6-wayland are not installed";
+    }
+    const QString socket = folder.filePath("wayland");
+    test::Compositor display(socket.toStdString());
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(socket); }, Patience));
+    Lose(display, "wayland", "WAYLAND_DISPLAY", socket.toStdString());
 }
 
 INSTANTIATE_TEST_SUITE_P(At, LostDisplay, testing::Values("Monitor", "Transfer"),
