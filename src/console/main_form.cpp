@@ -79,7 +79,7 @@ void MainForm::MakeToolbar() {
         auto* button = m_toolbar->widgetForAction(action);
         button->setObjectName(key.Key);
         button->setFocusPolicy(Qt::TabFocus);
-        button->setMinimumWidth(76);
+        button->setMinimumWidth(19 * look::Grid);
     }
 }
 

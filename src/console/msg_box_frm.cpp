@@ -1,5 +1,7 @@
 #include "console/msg_box_frm.h"
 
+#include <controls/look.h>
+
 #include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLabel>
@@ -9,7 +11,7 @@
 namespace tqx {
 namespace {
 
-constexpr int TextWidth = 380;
+constexpr int TextWidth = 95 * look::Grid;
 
 } // namespace
 
@@ -33,8 +35,8 @@ MsgBoxFRM::MsgBoxFRM(QWidget* parent)
     buttons->addButton(m_ok, QDialogButtonBox::ActionRole);
     buttons->addButton(m_cancel, QDialogButtonBox::ActionRole);
     auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins(20, 20, 20, 16);
-    layout->setSpacing(20);
+    layout->setContentsMargins(5 * look::Grid, 5 * look::Grid, 5 * look::Grid, 4 * look::Grid);
+    layout->setSpacing(5 * look::Grid);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(m_message);
     layout->addWidget(buttons);

@@ -42,8 +42,8 @@ WelcomePanel::WelcomePanel(const QList<QAction*>& keys, QWidget* parent)
     look::SetInk(*m_version, look::QuietInk);
 
     auto* lines = new QGridLayout;
-    lines->setHorizontalSpacing(16);
-    lines->setVerticalSpacing(8);
+    lines->setHorizontalSpacing(4 * look::Grid);
+    lines->setVerticalSpacing(2 * look::Grid);
     for (int row = 0; row < keys.size(); ++row) {
         QAction* key = keys[row];
         const int index = LineOfKey(key->objectName());
@@ -64,9 +64,9 @@ WelcomePanel::WelcomePanel(const QList<QAction*>& keys, QWidget* parent)
     auto* page = new QVBoxLayout;
     page->addWidget(title);
     page->addWidget(m_version);
-    page->addSpacing(32);
+    page->addSpacing(8 * look::Grid);
     page->addLayout(lines);
-    page->addSpacing(24);
+    page->addSpacing(6 * look::Grid);
     page->addWidget(handbook);
 
     auto* centred = new QGridLayout(this);
