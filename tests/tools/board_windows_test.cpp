@@ -1,15 +1,12 @@
 // The tool windows on the simulated board: what one of them does is what the others see.
 
 #include "support/answered_dialogs.h"
-#include "tools/dump_sample.h"
 
 #include <console/block_panel.h>
 #include <controls/number_entry.h>
 #include <device/bench.h>
 #include <simulated/simulated_board.h>
 #include <tools/eeprom_com_frm.h>
-#include <tools/erase_eeprom_frm.h>
-#include <tools/gpio_config_frm.h>
 #include <tools/register_dump_frm.h>
 
 #include <QAbstractButton>
@@ -33,9 +30,7 @@ protected:
         ++warnings;
         return std::uint8_t{1};
     };
-    std::function<void()> duringWait = [] {};
-    Waiter waiter = [this](float) { duringWait(); };
-    EEPROMComFRM com{Chosen(), door, waiter, "Register Access 1"};
+    EEPROMComFRM com{Chosen(), door, [](float) {}, "Register Access 1"};
     QTemporaryDir folder;
 
     void SetUp() override { Click(com, "AccessEEPROMCHK"); }
@@ -117,32 +112,18 @@ TEST_F(BoardWindowsTest, WhatTheRowsWroteReadsBackEverywhere) {
     EXPECT_EQ(warnings, 0);
 }
 
-TEST_F(BoardWindowsTest, TheDumpIsTheChipByteForByte) {
-    FillRows(0, [](unsigned i) { return i * 3; });
-    Click(com, "WriteALLCMD");
-    // A1h is the command of a block read, which begins with the count.
-    const auto ram = [this](int address) {
-        return address == 0xA1 ? std::uint8_t{32}
-                               : board.TheChip().Read(static_cast<std::uint8_t>(address));
-    };
-    const auto rom = [this](int high, int low) { return ROM(high, low); };
-    EXPECT_TRUE(Dump() ==
-                test::ExpectedRAMBlock("T", "D", ram) + test::ExpectedEEPROMBlock("T", "D", rom));
-}
-
-TEST_F(BoardWindowsTest, WritingWithoutErasingOnlyClearsBits) {
+TEST_F(BoardWindowsTest, WritingOverBytesTakesAnErase) {
     Block(com, "81");
-    FillRows(0x10, [](unsigned) { return 0xF0; });
-    Click(com, "WriteALLCMD");
-    FillRows(0x10, [](unsigned) { return 0x3C; });
-    Click(com, "WriteALLCMD");
-    Click(com, "ReadAllCMD");
-    EXPECT_EQ(Number(com, "ReadLBL(0)"), 0x30);
-
+    const auto write = [this](unsigned value) {
+        FillRows(0x10, [value](unsigned) { return value; });
+        Click(com, "WriteALLCMD");
+    };
+    write(0xF0);
+    write(0x3C);
+    EXPECT_EQ(ROM(0x81, 0x10), 0x30) << "without one a write only clears bits";
     Click(com, "EraseEEPROMCHK");
-    Click(com, "WriteALLCMD");
-    Click(com, "ReadAllCMD");
-    EXPECT_EQ(Number(com, "ReadLBL(15)"), 0x3C);
+    write(0x3C);
+    EXPECT_EQ(ROM(0x81, 0x1F), 0x3C);
     EXPECT_EQ(ROM(0x81, 0x20), 0xFF);
 }
 
@@ -152,31 +133,6 @@ TEST_F(BoardWindowsTest, WriteProtectionWarnsAndNothingChanges) {
     Click(com, "WriteALLCMD");
     EXPECT_EQ(warnings, 1);
     EXPECT_EQ(ROM(0x82, 0), 0xFF);
-}
-
-TEST_F(BoardWindowsTest, EraseAllStoppedOnTheFirstPageLeavesTheRest) {
-    FillRows(0x38, [](unsigned) { return 0; }); // eight bytes on either side of a page's end
-    Click(com, "WriteALLCMD");
-    EraseEEPROMFRM erase(bench, door, waiter);
-    duringWait = [&erase] { Click(erase, "StopEraseCMD"); };
-    Click(erase, "EraseAllCMD");
-    EXPECT_EQ(ROM(0x80, 0x3F), 0xFF);
-    EXPECT_EQ(ROM(0x80, 0x40), 0x00);
-
-    duringWait = [] {};
-    Click(erase, "EraseAllCMD");
-    for (int address = 0; address < 8192; ++address) {
-        ASSERT_EQ(board.TheChip().ReadEEPROM(static_cast<std::uint16_t>(address)), 0xFF) << address;
-    }
-}
-
-TEST_F(BoardWindowsTest, TheGPIOPanelSetsLinesOfTheChip) {
-    board.TheChip().Write(0x07, 0x81);
-    GPIOConfigFRM panel(bench);
-    panel.findChild<QComboBox*>("DirectionCombo(12)")->setCurrentText("Output");
-    panel.findChild<QComboBox*>("Polarity(12)")->setCurrentText("High");
-    EXPECT_EQ(board.TheChip().Read(0x0B) & 0x03, 0x03);
-    EXPECT_EQ(board.TheChip().Read(0x07) & 0xC1, 0x81);
 }
 
 } // namespace

@@ -25,40 +25,31 @@ protected:
 
     void SetUp() override { window.show(); }
 
-    void Set(const char* entry, int row, const QString& text) {
-        Find<NumberEntry>(window, Member(entry, row)).Text(text);
+    QWidget& Window() override { return window; }
+
+    NumberEntry& Address(int row) { return Find<NumberEntry>("AddrptrTXT", row); }
+
+    NumberEntry& Data(int row) { return Find<NumberEntry>("WriteDataTXT", row); }
+
+    std::string Shown(int row) { return Find<QLabel>("ReadLBL", row).text().toStdString(); }
+
+    QTimer& AutoRead() { return Find<QTimer>("AutoReadTimer"); }
+
+    QAbstractButton& AutoReadBox() { return Find<QAbstractButton>("AutoReadCHK"); }
+
+    void ExpectAutoReadOff() {
+        EXPECT_FALSE(AutoRead().isActive());
+        EXPECT_FALSE(AutoReadBox().isChecked());
+        EXPECT_EQ(AutoReadBox().text(), "AutoRead is Off");
     }
 
-    std::string TextOf(const char* entry, int row) {
-        return Find<NumberEntry>(window, Member(entry, row)).Text().toStdString();
-    }
-
-    std::string Shown(int row) {
-        return Find<QLabel>(window, Member("ReadLBL", row)).text().toStdString();
-    }
-
-    QTimer& AutoRead() { return Find<QTimer>(window, "AutoReadTimer"); }
-
-    bool Enabled(const QString& name) { return ToolFixture::Enabled(window, name); }
-
-    void Click(const QString& name) { ToolFixture::Click(window, name); }
+    int Progress() { return Find<QProgressBar>("RWAllProgress").value(); }
 };
-
-TEST_F(EEPROMComTest, StandsAsStoredAndTouchesNoBus) {
-    EXPECT_EQ(TextOf("AddrptrTXT", 10), "A");
-    EXPECT_EQ(TextOf("WriteDataTXT", 15), "0");
-    EXPECT_EQ(Shown(0), "00");
-    auto& blocks = Find<HighByteCombo>(window, "EEPROMHighByteCOMBO");
-    EXPECT_EQ(blocks.count(), 32);
-    EXPECT_EQ(blocks.itemText(31), "9F");
-    EXPECT_EQ(blocks.currentText(), "80");
-    EXPECT_THAT(link.Take(), IsEmpty());
-}
 
 TEST_F(EEPROMComTest, RowsReadAndWriteRegisters) {
     link.Registers[0x2C] = 0x0A;
-    Set("AddrptrTXT", 3, "2C");
-    Set("WriteDataTXT", 3, "7f");
+    Address(3).Text("2C");
+    Data(3).Text("7f");
     Click("ReadByteCMD(3)");
     EXPECT_EQ(Shown(3), "A");
     Click("WriteByteCMD(3)");
@@ -69,8 +60,8 @@ TEST_F(EEPROMComTest, RowsReadAndWriteRegisters) {
 TEST_F(EEPROMComTest, ARowOfTheEEPROMSelectsItsModeFirst) {
     link.Registers[0x13] = 0xF2;
     Click("AccessEEPROMCHK");
-    Find<HighByteCombo>(window, "EEPROMHighByteCOMBO").setCurrentText("9A");
-    Set("AddrptrTXT", 0, "40");
+    Find<HighByteCombo>("EEPROMHighByteCOMBO").setCurrentText("9A");
+    Address(0).Text("40");
     Click("ReadByteCMD(0)");
     Click("WriteByteCMD(0)");
     EXPECT_THAT(link.Take(),
@@ -99,27 +90,26 @@ TEST_F(EEPROMComTest, ReadAllReadsSixteenRowsAndLeavesTheWindowUsable) {
     for (std::size_t i = 0; i < 16; ++i) {
         link.Registers[i] = static_cast<std::uint8_t>(0xA0 + i);
     }
-    auto& progress = Find<QProgressBar>(window, "RWAllProgress");
-    const QSignalSpy steps(&progress, &QProgressBar::valueChanged);
+    const QSignalSpy steps(&Find<QProgressBar>("RWAllProgress"), &QProgressBar::valueChanged);
     Click("ReadAllCMD");
     EXPECT_EQ(link.Take().size(), 16U);
     EXPECT_EQ(Shown(15), "AF");
     EXPECT_EQ(steps.count(), 16) << "1 to 15 and back to 0";
-    EXPECT_EQ(progress.value(), 0);
+    EXPECT_EQ(Progress(), 0);
     Click("ReadDataFillCMD");
-    EXPECT_EQ(TextOf("WriteDataTXT", 15), "AF");
+    EXPECT_EQ(Data(15).Text(), "AF");
     EXPECT_THAT(link.Take(), IsEmpty());
 }
 
 TEST_F(EEPROMComTest, WriteAllToRegistersPausesAheadOfEachByte) {
     int progress = -1;
-    bool usable = true;
     duringWait = [&] {
-        progress = Find<QProgressBar>(window, "RWAllProgress").value();
+        progress = Progress();
         EXPECT_EQ(window.cursor().shape(), Qt::WaitCursor);
-        usable =
-            usable && (Enabled("WriteALLCMD") || Enabled("ReadByteCMD(0)") || Enabled("CloseCMD") ||
-                       Enabled("RandomFillCMD") || Enabled("AccessEEPROMCHK"));
+        for (const char* name :
+             {"WriteALLCMD", "ReadByteCMD(0)", "CloseCMD", "RandomFillCMD", "AccessEEPROMCHK"}) {
+            EXPECT_FALSE(Enabled(name)) << name;
+        }
     };
     Click("AutoReadCHK");
     Click("WriteALLCMD");
@@ -128,45 +118,39 @@ TEST_F(EEPROMComTest, WriteAllToRegistersPausesAheadOfEachByte) {
     EXPECT_EQ(calls[0], "Wait 10");
     EXPECT_EQ(calls[31], "BoardBus.WriteByte 58 F 0");
     EXPECT_EQ(progress, 14);
-    EXPECT_FALSE(usable);
     EXPECT_TRUE(AutoRead().isActive());
     EXPECT_TRUE(Enabled("WriteALLCMD"));
     EXPECT_EQ(window.cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(EEPROMComTest, TheEndOfAnEraseClearsTheFourLowBits) {
-    link.Registers[0x13] = 0xFF;
-    Click("AccessEEPROMCHK");
-    window.EraseHighByte();
-    EXPECT_EQ(link.Registers[0x13], 0xF0);
-    EXPECT_THAT(messages, ElementsAre(protectedMessage, protectedMessage));
-}
-
 TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
-    Click("AccessEEPROMCHK");
-    Click("EraseEEPROMCHK");
-    Click("AutoReadCHK");
+    link.Registers[0x13] = 0xF2;
+    for (const char* box : {"AccessEEPROMCHK", "EraseEEPROMCHK", "AutoReadCHK"}) {
+        Click(box);
+    }
     ASSERT_TRUE(AutoRead().isActive());
     link.Take();
-    bool resting = true;
-    duringWait = [&] { resting = resting && !AutoRead().isActive(); };
+    duringWait = [&] { EXPECT_FALSE(AutoRead().isActive()); };
     Click("WriteALLCMD");
-    std::vector<std::string> calls = link.Take();
-    const std::vector<std::string> erase(calls.begin(), calls.begin() + 15);
-    EXPECT_THAT(erase,
-                ElementsAre("BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
-                            "BoardBus.WriteByte 58 13 4", "Wait 100", "EEPROMLink.ErasePage 80 0 0",
-                            "Wait 100", "EEPROMLink.ErasePage 80 40 0", "Wait 100",
-                            "EEPROMLink.ErasePage 80 80 0", "Wait 100",
-                            "EEPROMLink.ErasePage 80 C0 0", "Wait 100", "BoardBus.ReadByte 58 13",
-                            "BoardBus.PortAddress 378", "BoardBus.WriteByte 58 13 0"));
-    calls.erase(calls.begin(), calls.begin() + 15);
-    ASSERT_EQ(calls.size(), 3U + 32U + 3U);
-    EXPECT_EQ(calls[2], "BoardBus.WriteByte 58 13 2");
-    EXPECT_EQ(calls[3], "EEPROMLink.WriteEEPROM 80 0 0");
-    EXPECT_EQ(calls[4], "Wait 100");
-    EXPECT_EQ(calls.back(), "BoardBus.WriteByte 58 13 1");
-    EXPECT_TRUE(resting);
+    const auto mode = [](const char* written) {
+        return std::vector<std::string>{"BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
+                                        std::string("BoardBus.WriteByte 58 13 ") + written};
+    };
+    std::vector<std::string> expected = mode("F4");
+    const auto add = [&expected](const std::vector<std::string>& calls) {
+        expected.insert(expected.end(), calls.begin(), calls.end());
+    };
+    for (const char* page : {"0", "40", "80", "C0"}) {
+        add({"Wait 100", std::string("EEPROMLink.ErasePage 80 ") + page + " 0"});
+    }
+    add({"Wait 100"});
+    add(mode("F0"));
+    add(mode("F2"));
+    for (const char row : std::string_view("0123456789ABCDEF")) {
+        add({std::string("EEPROMLink.WriteEEPROM 80 ") + row + " 0", "Wait 100"});
+    }
+    add(mode("F1"));
+    EXPECT_EQ(link.Take(), expected);
     EXPECT_TRUE(AutoRead().isActive());
 }
 
@@ -203,43 +187,41 @@ TEST_F(EEPROMComTest, OnTheSMBusThereIsNoEEPROM) {
     link.SlaveAddress(0x2C);
     link.Take();
     EEPROMComFRM other(bench, door, waiter, "Register Spy 2");
-    EXPECT_FALSE(ToolFixture::Enabled(other, "AccessEEPROMCHK"));
+    EXPECT_FALSE(Find<QWidget>(other, "AccessEEPROMCHK").isEnabled());
     other.show();
-    ToolFixture::Click(other, "ReadByteCMD(1)");
+    Click(other, "ReadByteCMD(1)");
     EXPECT_THAT(link.Take(), ElementsAre("SMBusLink.ReadByte 2C 1"));
 }
 
 TEST_F(EEPROMComTest, AddressFillCountsOnFromTheFirstRow) {
-    Set("AddrptrTXT", 0, "F8");
+    Address(0).Text("F8");
     Click("ADDPTRFillCMD");
-    EXPECT_EQ(TextOf("AddrptrTXT", 7), "FF");
-    EXPECT_EQ(TextOf("AddrptrTXT", 15), "107");
-    Set("AddrptrTXT", 0, "1234");
+    EXPECT_EQ(Address(7).Text(), "FF");
+    EXPECT_EQ(Address(15).Text(), "107");
+    Address(0).Text("1234");
     Click("ADDPTRFillCMD");
-    EXPECT_EQ(TextOf("AddrptrTXT", 0), "FF");
-    EXPECT_EQ(TextOf("AddrptrTXT", 1), "100");
+    EXPECT_EQ(Address(0).Text(), "FF");
+    EXPECT_EQ(Address(1).Text(), "100");
 }
 
 TEST_F(EEPROMComTest, RandomFillRepeatsFromRunToRun) {
     Click("RandomFillCMD");
     EEPROMComFRM other(bench, door, waiter, "Register Spy 2");
     other.show();
-    ToolFixture::Click(other, "RandomFillCMD");
+    Click(other, "RandomFillCMD");
     UnseededRandom random;
-    for (int i = 0; i < 16; ++i) {
-        const auto& entry = Find<NumberEntry>(other, Member("WriteDataTXT", i));
-        EXPECT_EQ(entry.Text().toStdString(), TextOf("WriteDataTXT", i));
-        EXPECT_EQ(entry.Value(), random.NextByte());
+    for (int row = 0; row < 16; ++row) {
+        EXPECT_EQ(Data(row).Value(), random.NextByte());
+        EXPECT_EQ(Find<NumberEntry>(other, Data(row).objectName()).Text(), Data(row).Text());
     }
 }
 
 TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
     Click("AccessEEPROMCHK");
-    Set("AddrptrTXT", 2, "107");
-    Set("WriteDataTXT", 4, "");
-    EXPECT_EQ(Find<QLabel>(window, "AddressMark(2)").text(), "!");
-    EXPECT_EQ(Find<QLabel>(window, "DataMark(4)").text(), "!");
-    EXPECT_TRUE(Find<NumberEntry>(window, "AddrptrTXT(2)").toolTip().contains("\"107\""));
+    Address(2).Text("107");
+    Data(4).Text("");
+    EXPECT_EQ(Text("AddressMark(2)") + Text("DataMark(4)"), "!!");
+    EXPECT_TRUE(Address(2).toolTip().contains("\"107\""));
     Click("ReadByteCMD(2)");
     Click("WriteByteCMD(2)");
     Click("WriteByteCMD(4)");
@@ -251,13 +233,13 @@ TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
     EXPECT_EQ(written.size(), 14U);
     EXPECT_THAT(written, testing::Not(testing::Contains("EEPROMLink.WriteEEPROM 80 4 0")));
 
-    Set("AddrptrTXT", 2, "7");
-    EXPECT_EQ(Find<QLabel>(window, "AddressMark(2)").text(), "");
+    Address(2).Text("7");
+    EXPECT_EQ(Text("AddressMark(2)"), "");
 }
 
 TEST_F(EEPROMComTest, NothingIsErasedForRowsOfWhichNoneCanBeWritten) {
     for (int i = 0; i < 16; ++i) {
-        Set("WriteDataTXT", i, "---");
+        Data(i).Text("---");
     }
     Click("AccessEEPROMCHK");
     Click("EraseEEPROMCHK");
@@ -268,13 +250,12 @@ TEST_F(EEPROMComTest, NothingIsErasedForRowsOfWhichNoneCanBeWritten) {
 TEST_F(EEPROMComTest, AutoReadReadsEveryHundredMilliseconds) {
     EXPECT_EQ(AutoRead().interval(), 100);
     Click("AutoReadCHK");
-    EXPECT_EQ(Find<QAbstractButton>(window, "AutoReadCHK").text(), "AutoRead is On");
+    EXPECT_EQ(AutoReadBox().text(), "AutoRead is On");
     ASSERT_TRUE(AutoRead().isActive());
     AutoRead().setInterval(1);
     QTRY_VERIFY_WITH_TIMEOUT(link.Calls.size() >= 16, 2000);
     Click("AutoReadCHK");
-    EXPECT_FALSE(AutoRead().isActive());
-    EXPECT_EQ(Find<QAbstractButton>(window, "AutoReadCHK").text(), "AutoRead is Off");
+    ExpectAutoReadOff();
 }
 
 TEST_F(EEPROMComTest, AFailedLinkCallPassesOnAndLeavesTheWindowUsable) {
@@ -282,16 +263,14 @@ TEST_F(EEPROMComTest, AFailedLinkCallPassesOnAndLeavesTheWindowUsable) {
     Click("AutoReadCHK");
     link.FailOn = "EEPROMLink.WriteEEPROM";
     link.FailAfter = 3;
-    EXPECT_THROW(Find<QAbstractButton>(window, "WriteALLCMD").click(), LinkError);
+    ClickRaises("WriteALLCMD");
     EXPECT_TRUE(Enabled("WriteALLCMD"));
     EXPECT_TRUE(Enabled("CloseCMD"));
-    EXPECT_EQ(Find<QProgressBar>(window, "RWAllProgress").value(), 0);
-    EXPECT_FALSE(AutoRead().isActive());
-    EXPECT_EQ(Find<QAbstractButton>(window, "AutoReadCHK").text(), "AutoRead is Off");
-
+    EXPECT_EQ(Progress(), 0);
+    ExpectAutoReadOff();
     link.FailOn = "BoardBus.ReadByte";
-    EXPECT_THROW(Find<QAbstractButton>(window, "AutoReadCHK").click(), LinkError);
-    EXPECT_EQ(Find<QAbstractButton>(window, "AutoReadCHK").text(), "AutoRead is Off");
+    ClickRaises("AutoReadCHK");
+    ExpectAutoReadOff();
 }
 
 TEST_F(EEPROMComTest, AFailedTickOfAutoReadIsTheLast) {
@@ -299,10 +278,7 @@ TEST_F(EEPROMComTest, AFailedTickOfAutoReadIsTheLast) {
     link.FailOn = "BoardBus.ReadByte";
     QTimerEvent tick(AutoRead().timerId());
     EXPECT_THROW(QCoreApplication::sendEvent(&AutoRead(), &tick), LinkError);
-    EXPECT_FALSE(AutoRead().isActive());
-    const auto& box = Find<QAbstractButton>(window, "AutoReadCHK");
-    EXPECT_FALSE(box.isChecked());
-    EXPECT_EQ(box.text(), "AutoRead is Off");
+    ExpectAutoReadOff();
 }
 
 TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {
@@ -329,7 +305,7 @@ TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {
 
 TEST_F(EEPROMComTest, TheFocusComesBackAfterABusyTime) {
     window.activateWindow();
-    auto& write = Find<QAbstractButton>(window, "WriteByteCMD(6)");
+    auto& write = Find<QAbstractButton>("WriteByteCMD(6)");
     write.setFocus();
     write.click();
     EXPECT_EQ(window.focusWidget(), &write);

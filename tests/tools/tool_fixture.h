@@ -3,15 +3,19 @@
 #include "support/recorded_bench.h"
 
 #include <console/message_door.h>
+#include <link/link_error.h>
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QTest>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -48,18 +52,31 @@ protected:
         link.Take();
     }
 
-    template <class Widget>
-    static Widget& Find(QWidget& window, const QString& name) {
-        auto* widget = window.findChild<Widget*>(name);
-        if (widget == nullptr) {
+    /// The window under test, where there is one.
+    virtual QWidget& Window() { throw std::logic_error("no window"); }
+
+    template <class Object>
+    static Object& Find(QWidget& window, const QString& name) {
+        auto* object = window.findChild<Object*>(name);
+        if (object == nullptr) {
             throw std::runtime_error("no control " + name.toStdString());
         }
-        return *widget;
+        return *object;
     }
 
-    static QString Member(const char* name, int index) {
-        return QStringLiteral("%1(%2)").arg(name).arg(index);
+    template <class Object>
+    Object& Find(const QString& name) {
+        return Find<Object>(Window(), name);
     }
+
+    template <class Object>
+    Object& Find(const char* array, int index) {
+        return Find<Object>(QStringLiteral("%1(%2)").arg(array).arg(index));
+    }
+
+    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
+
+    bool Enabled(const QString& name) { return Find<QWidget>(name).isEnabled(); }
 
     /// Clicks near the button's left end, where a check box has its box.
     static void Click(QWidget& window, const QString& name) {
@@ -67,19 +84,19 @@ protected:
         QTest::mouseClick(&button, Qt::LeftButton, {}, {8, button.height() / 2});
     }
 
-    static bool Enabled(QWidget& window, const QString& name) {
-        return Find<QWidget>(window, name).isEnabled();
+    void Click(const QString& name) { Click(Window(), name); }
+
+    /// A click whose handler raises.
+    void ClickRaises(const QString& name) {
+        EXPECT_THROW(Find<QAbstractButton>(name).click(), LinkError) << name.toStdString();
     }
 
     /// The calls that begin with `text`.
     static std::vector<std::string> Only(const std::vector<std::string>& calls,
                                          const std::string& text) {
         std::vector<std::string> found;
-        for (const std::string& call : calls) {
-            if (call.rfind(text, 0) == 0) {
-                found.push_back(call);
-            }
-        }
+        std::ranges::copy_if(calls, std::back_inserter(found),
+                             [&](const std::string& call) { return call.starts_with(text); });
         return found;
     }
 };

@@ -11,9 +11,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
-#include <QFile>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTimer>
 
 #include <memory>
@@ -21,7 +19,7 @@
 namespace tqx {
 namespace {
 
-/// Windows opened and closed from a main window, with real pauses where a test sets them.
+/// Windows opened and closed from a main window.
 class ToolsTest : public test::ToolFixture {
 protected:
     test::AnsweredDialogs dialogs;
@@ -33,19 +31,33 @@ protected:
         link.Take();
     }
 
-    static std::vector<EEPROMComFRM*> EEPROMComs() {
-        std::vector<EEPROMComFRM*> windows;
+    QWidget& Window() override { return *main; }
+
+    /// The windows of this class on view, modal ones too.
+    template <class Form>
+    static std::vector<Form*> OnView() {
+        std::vector<Form*> windows;
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            auto* com = qobject_cast<EEPROMComFRM*>(window);
-            if (com != nullptr && !com->isHidden()) {
-                windows.push_back(com);
+            auto* wanted = qobject_cast<Form*>(window);
+            if (wanted != nullptr && !wanted->isHidden()) {
+                windows.push_back(wanted);
             }
         }
         return windows;
     }
 
+    /// The only one.
+    template <class Form>
+    static Form& TheOne() {
+        const auto windows = OnView<Form>();
+        if (windows.size() != 1) {
+            throw std::runtime_error(std::to_string(windows.size()) + " windows of the class");
+        }
+        return *windows.front();
+    }
+
     static EEPROMComFRM& EEPROMCom(const QString& caption) {
-        for (EEPROMComFRM* window : EEPROMComs()) {
+        for (EEPROMComFRM* window : OnView<EEPROMComFRM>()) {
             if (window->windowTitle() == caption) {
                 return *window;
             }
@@ -53,24 +65,7 @@ protected:
         throw std::runtime_error("no window " + caption.toStdString());
     }
 
-    void Key(const char* key) { Find<QAction>(*main, key).trigger(); }
-
-    template <class Object>
-    static Object& Find(QObject& in, const QString& name) {
-        return *in.findChild<Object*>(name);
-    }
-
-    /// The window of this class on view, modal ones too.
-    template <class Window>
-    static Window* OnView() {
-        for (QWidget* window : QApplication::topLevelWidgets()) {
-            auto* wanted = qobject_cast<Window*>(window);
-            if (wanted != nullptr && !wanted->isHidden()) {
-                return wanted;
-            }
-        }
-        return nullptr;
-    }
+    void Key(const char* key) { Find<QAction>(key).trigger(); }
 
     /// Closes the next message box with OK, and notes that it came.
     int boxes = 0;
@@ -79,7 +74,7 @@ protected:
         QTimer::singleShot(0, main.get(), [this] {
             if (QWidget* box = QApplication::activeModalWidget()) {
                 ++boxes;
-                Find<QAbstractButton>(*box, "OKCMD").click();
+                Click(*box, "OKCMD");
             }
         });
     }
@@ -89,11 +84,11 @@ TEST_F(ToolsTest, TenEEPROMWindowsAndNoEleventh) {
     for (int i = 0; i < 10; ++i) {
         Key("RegAccess");
     }
-    EXPECT_EQ(EEPROMComs().size(), 10U);
+    EXPECT_EQ(OnView<EEPROMComFRM>().size(), 10U);
     AnswerTheNextBox();
     Key("RegAccess");
     EXPECT_EQ(boxes, 1);
-    EXPECT_EQ(EEPROMComs().size(), 10U);
+    EXPECT_EQ(OnView<EEPROMComFRM>().size(), 10U);
 
     QPointer<EEPROMComFRM> third = &EEPROMCom("Register Access 3");
     Click(*third, "CloseCMD");
@@ -101,8 +96,7 @@ TEST_F(ToolsTest, TenEEPROMWindowsAndNoEleventh) {
     QCoreApplication::processEvents();
     EXPECT_TRUE(third.isNull()) << "not destroyed";
     Key("RegAccess");
-    EXPECT_EQ(EEPROMComs().size(), 10U);
-    EXPECT_EQ(EEPROMCom("Register Access 10").windowTitle(), "Register Access 10");
+    EXPECT_EQ(OnView<EEPROMComFRM>().size(), 10U);
 }
 
 TEST_F(ToolsTest, CloseAllLeavesTheSpies) {
@@ -112,51 +106,48 @@ TEST_F(ToolsTest, CloseAllLeavesTheSpies) {
     tools.NewEEPROMCom(*main, "Register Access 3");
     Click(EEPROMCom("Register Spy 2"), "CloseAllCMD");
     QCoreApplication::processEvents();
-    ASSERT_EQ(EEPROMComs().size(), 1U);
-    EXPECT_EQ(EEPROMComs().front()->windowTitle(), "Register Spy 2");
+    EXPECT_EQ(TheOne<EEPROMComFRM>().windowTitle(), "Register Spy 2");
     EXPECT_EQ(main->EEPROMComFormCounter(), 1);
 }
 
 TEST_F(ToolsTest, ThereIsOneGPIOPanelAndItIsReadAgainWhenItIsOpenedAgain) {
     Key("GPIO");
-    QPointer<GPIOConfigFRM> first = OnView<GPIOConfigFRM>();
-    ASSERT_FALSE(first.isNull());
+    QPointer<GPIOConfigFRM> first = &TheOne<GPIOConfigFRM>();
     link.Take();
     Key("GPIO");
-    EXPECT_EQ(OnView<GPIOConfigFRM>(), first);
+    EXPECT_EQ(&TheOne<GPIOConfigFRM>(), first);
     EXPECT_TRUE(link.Take().empty());
     first->close();
     Key("GPIO");
     EXPECT_EQ(link.Take().size(), 7U);
     QCoreApplication::processEvents();
     EXPECT_TRUE(first.isNull());
-    EXPECT_NE(OnView<GPIOConfigFRM>(), nullptr);
+    EXPECT_EQ(OnView<GPIOConfigFRM>().size(), 1U);
 }
 
 TEST_F(ToolsTest, AModalWindowComesBackWhenItIsGoneAndOpensAfresh) {
     for (int time = 0; time < 2; ++time) {
         QTimer::singleShot(0, main.get(), [this] {
-            auto* erase = OnView<EraseEEPROMFRM>();
-            ASSERT_NE(erase, nullptr);
-            EXPECT_EQ(QApplication::activeModalWidget(), erase);
-            auto& block = Find<QComboBox>(*erase, "EEPROMHighByteCOMBO");
+            auto& erase = TheOne<EraseEEPROMFRM>();
+            EXPECT_EQ(QApplication::activeModalWidget(), &erase);
+            auto& block = Find<QComboBox>(erase, "EEPROMHighByteCOMBO");
             EXPECT_EQ(block.currentText(), "80");
             block.setCurrentText("9F");
             tools.ShowEraseEEPROM(*main); // there is one, which comes to the front
-            QTest::keyClick(erase, Qt::Key_Escape);
+            QTest::keyClick(&erase, Qt::Key_Escape);
         });
         Key("EraseEEPROM");
-        EXPECT_EQ(OnView<EraseEEPROMFRM>(), nullptr);
+        EXPECT_TRUE(OnView<EraseEEPROMFRM>().empty());
     }
 }
 
 TEST_F(ToolsTest, TheDumpWindowStopsTheMonitorAndStartsNothingAgain) {
     main->StartMonitorTimers();
-    const auto& monitor = Find<QTimer>(*main, "BargraphTimer");
+    const auto& monitor = Find<QTimer>("BargraphTimer");
     ASSERT_TRUE(monitor.isActive());
     QTimer::singleShot(0, main.get(), [&] {
         EXPECT_FALSE(monitor.isActive());
-        OnView<RegisterDumpFRM>()->close();
+        TheOne<RegisterDumpFRM>().close();
     });
     Key("Save1");
     EXPECT_FALSE(monitor.isActive());
@@ -194,14 +185,12 @@ TEST_F(ToolsTest, TwoWindowsCanWriteWithinEachOthersPauses) {
     };
     Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
     EXPECT_EQ(Only(link.Take(), "BoardBus.WriteByte").size(), 16U);
-    EXPECT_EQ(EEPROMComs().size(), 1U);
+    EXPECT_EQ(OnView<EEPROMComFRM>().size(), 1U);
 }
 
 /// The main window closes in the middle of a long bus sequence, and the application ends.
 class EndInTheMiddleTest : public ToolsTest {
 protected:
-    QTemporaryDir folder;
-
     void CloseMainSoon() {
         QTimer::singleShot(0, main.get(), [this] { main->close(); });
     }
@@ -219,18 +208,6 @@ protected:
     }
 };
 
-TEST_F(EndInTheMiddleTest, OfEraseAll) {
-    duringWait = [] { Wait(0.001F); };
-    Run([this] {
-        QTimer::singleShot(0, main.get(), [this] {
-            CloseMainSoon();
-            Click(*OnView<EraseEEPROMFRM>(), "EraseAllCMD");
-        });
-        Key("EraseEEPROM");
-    });
-    EXPECT_LT(Only(link.Take(), "EEPROMLink.ErasePage").size(), 3U);
-}
-
 TEST_F(EndInTheMiddleTest, OfWriteAll) {
     duringWait = [] { Wait(0.001F); };
     Run([this] {
@@ -239,22 +216,7 @@ TEST_F(EndInTheMiddleTest, OfWriteAll) {
         Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
     });
     EXPECT_LT(Only(link.Take(), "BoardBus.WriteByte").size(), 3U);
-    EXPECT_TRUE(EEPROMComs().empty());
-}
-
-TEST_F(EndInTheMiddleTest, OfADump) {
-    qputenv("HOME", folder.path().toLocal8Bit());
-    Run([this] {
-        QTimer::singleShot(0, main.get(), [this] {
-            CloseMainSoon();
-            Click(*OnView<RegisterDumpFRM>(), "DumpCMD");
-        });
-        Key("Save1");
-    });
-    EXPECT_LT(Only(link.Take(), "BoardBus.ReadByte").size(), 256U);
-    QFile file(folder.filePath("Documents/RegisterDump.txt"));
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains("*** Dump terminated by user ***"));
+    EXPECT_TRUE(OnView<EEPROMComFRM>().empty());
 }
 
 TEST_F(EndInTheMiddleTest, OfAWriteProtectWarning) {
