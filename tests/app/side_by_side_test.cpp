@@ -27,11 +27,5 @@ TEST(SideBySide, StandsAtTheEdgesOfASmallRoomAndOnlyThenOverlaps) {
     EXPECT_GT(places.Right.x(), 1024 - 480);
 }
 
-TEST(SideBySide, ARoomThatIsTooSmallStillShowsTheirUpperLeftCorners) {
-    const SideBySide places = PlaceSideBySide(QRect(10, 20, 300, 300), Wizard, Board);
-    EXPECT_EQ(places.Left, QPoint(10, 20));
-    EXPECT_EQ(places.Right, QPoint(10, 20));
-}
-
 } // namespace
 } // namespace tqx

@@ -3,12 +3,8 @@
 #include "app/board_program.h"
 #include "app/control_walk.h"
 
+#include <app/help_pages.h>
 #include <console/msg_box_frm.h>
-#include <controls/alarm_lamp.h>
-#include <controls/linear_gauge.h>
-#include <controls/look.h>
-#include <controls/row_label.h>
-#include <controls/strip_chart.h>
 #include <simulator/simulated_board_frm.h>
 #include <tools/eeprom_com_frm.h>
 #include <tools/erase_eeprom_frm.h>
@@ -36,6 +32,7 @@ protected:
         SCOPED_TRACE(view);
         window.show();
         Activate(window);
+        EXPECT_NE(PageOf(window), "index") << "F1 opens its page of the handbook";
         test::ExpectNamesAndRoles(window);
         test::ExpectNoShortcutTwice(window);
         test::ExpectTabReachesEverything(window);
@@ -54,10 +51,6 @@ protected:
         }
         program.Main()->activateWindow();
         return *program.Main();
-    }
-
-    static const QAccessibleInterface& Face(QWidget& control) {
-        return *QAccessible::queryAccessibleInterface(&control);
     }
 };
 
@@ -127,44 +120,17 @@ TEST_F(WindowsTest, TheSimulatedBoardsWindowIsForEveryHand) {
     }
 }
 
-TEST_F(WindowsTest, WhatDrawsItselfTellsItsState) {
-    MainForm& main = Main();
-    Click(main, "ControlPanel1");
-    main.StopMonitorTimers();
-    auto& lamp = Find<AlarmLamp>(main, "SSPanel11(0)");
-    lamp.Value(true);
-    EXPECT_EQ(Face(lamp).role(), QAccessible::Graphic);
-    EXPECT_TRUE(Face(lamp).text(QAccessible::Name).endsWith(": on"));
-
-    auto& row = Find<RowLabel>(main, "visualdisplaytext(2)");
-    EXPECT_FALSE(Face(row).state().selected);
-    QTest::mouseClick(&row, Qt::LeftButton);
-    EXPECT_EQ(Face(row).role(), QAccessible::ListItem);
-    EXPECT_TRUE(Face(row).state().selected);
-
-    auto& gauge = Find<LinearGauge>(main, "limits_gauge");
-    Activate(main);
-    gauge.setFocus(Qt::TabFocusReason);
-    const QString before = Face(gauge).text(QAccessible::Value);
-    Key(Qt::Key_Up);
-    EXPECT_EQ(Face(gauge).role(), QAccessible::Slider);
-    EXPECT_NE(Face(gauge).text(QAccessible::Value), before);
-
-    auto& chart = Find<StripChart>(main, "MainStripChart");
-    EXPECT_EQ(Face(chart).role(), QAccessible::Chart);
-    EXPECT_FALSE(Face(chart).text(QAccessible::Name).isEmpty());
-}
-
 TEST_F(WindowsTest, ABitTellsWhetherItIsSet) {
     MainForm& main = Main();
     Click(main, "ReadWrite1");
     QTest::mouseClick(&Find(main, "read_writedisplaytext(0)"), Qt::LeftButton);
     auto& bit = Find(main, "bit0");
-    const bool before = Face(bit).state().checked;
+    const QAccessibleInterface& face = *QAccessible::queryAccessibleInterface(&bit);
+    const bool before = face.state().checked;
     QTest::mouseClick(&bit, Qt::LeftButton);
-    EXPECT_EQ(Face(bit).role(), QAccessible::CheckBox);
-    EXPECT_TRUE(Face(bit).state().checkable);
-    EXPECT_NE(Face(bit).state().checked, before);
+    EXPECT_EQ(face.role(), QAccessible::CheckBox);
+    EXPECT_TRUE(face.state().checkable);
+    EXPECT_NE(face.state().checked, before);
 }
 
 } // namespace
