@@ -202,12 +202,5 @@ TEST_F(BlockPanelTransfers, TheButtonPressedByKeyKeepsTheFocus) {
     EXPECT_EQ(selections.count(), 0) << "the focus wandered on while the buttons were disabled";
 }
 
-TEST_F(BlockPanelTransfers, TheBoardsBusIsUsedWhateverTheMedium) {
-    recorded.Bench.Bus.BusCell.ComsMedium = ComsSMBus;
-    StartAt("80", "0");
-    panel.Click("BlockReadCMD");
-    EXPECT_THAT(link.Take(), testing::Contains("BoardBus.BlockRead AA A"));
-}
-
 } // namespace
 } // namespace tqx

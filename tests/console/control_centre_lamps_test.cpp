@@ -36,11 +36,6 @@ protected:
     }
 };
 
-TEST_F(ControlCentreLamps, ThereAreThirtyAndNoneNumbered29) {
-    EXPECT_EQ(panel->findChildren<AlarmLamp*>().size(), 30);
-    EXPECT_EQ(panel->findChild<AlarmLamp*>(QStringLiteral("SSPanel11(29)")), nullptr);
-}
-
 TEST_F(ControlCentreLamps, FollowTheBitsOfTheTabOnView) {
     using Lamps = std::vector<int>;
     const std::vector<Lamps> voltOfStatus1{{2}, {3, 19}, {27}, {28}, {6}, {9}, {8}, {7}};
@@ -113,21 +108,6 @@ TEST_F(ControlCentreLamps, GPIODigitsFollowTheRawLevels) {
     panel->GPIOTick();
     EXPECT_EQ(GPIO(16).text(), "1");
     EXPECT_EQ(GPIO(33).text(), "--");
-}
-
-TEST_F(ControlCentreLamps, GPIODigitsCoverTheirPlaceholdersFromRightToLeft) {
-    const std::array<int, 17> placeholders{32, 31, 29, 28, 27, 26, 25, 24, 23,
-                                           22, 21, 20, 19, 18, 17, 30, 33};
-    for (int line = 0; line <= 16; ++line) {
-        EXPECT_EQ(GPIO(line).geometry(), GPIO(placeholders.at(line)).geometry()) << line;
-        if (line > 0) {
-            EXPECT_LT(GPIO(line).x(), GPIO(line - 1).x());
-        }
-    }
-    QWidget* const display = GPIO(3).parentWidget();
-    EXPECT_EQ(display->childAt(GPIO(3).geometry().center()), &GPIO(3));
-    panel->SetUpDisplay();
-    EXPECT_EQ(display->childAt(GPIO(3).geometry().center()), &GPIO(28));
 }
 
 TEST_F(ControlCentreLamps, AClickOnAnyGPIOLabelAsksForTheGPIOPanelAndNothingElse) {

@@ -50,16 +50,14 @@ protected:
     }
 
     /// Drags a pointer to a value on the scale in a few steps, and lets go.
-    void Drag(int pointer, double value, bool letGo = true) {
+    void Drag(int pointer, double value) {
         const QPoint from = Grip(pointer);
         const QPoint to(from.x(), qRound(Gauge().Geometry().ToY(value)));
         QTest::mousePress(&Gauge(), Qt::LeftButton, Qt::NoModifier, from);
         for (int step = 1; step <= 4; ++step) {
             MoveTo(from + (to - from) * step / 4);
         }
-        if (letGo) {
-            QTest::mouseRelease(&Gauge(), Qt::LeftButton, Qt::NoModifier, to);
-        }
+        QTest::mouseRelease(&Gauge(), Qt::LeftButton, Qt::NoModifier, to);
     }
 };
 

@@ -28,21 +28,6 @@ protected:
     }
 };
 
-TEST_F(ControlCentreRows, StandOnTheirTabsWithTheirLamps) {
-    for (int row = 3; row < RowCount; ++row) {
-        const int tab = row < 7 ? 0 : row < 15 ? 1 : 2;
-        EXPECT_TRUE(Tabs().widget(tab)->isAncestorOf(&Row(row))) << row;
-        EXPECT_EQ(Row(row).Caption().toStdString(), CaptionOfRow(row));
-    }
-    Tabs().setCurrentIndex(2);
-    QCoreApplication::processEvents();
-    EXPECT_NEAR(Lamp(27).geometry().center().y(), Row(30).geometry().center().y(), 1);
-    EXPECT_NEAR(Lamp(5).geometry().center().y(), Row(15).geometry().center().y(), 1);
-    EXPECT_TRUE(Row(6).isHidden());
-    EXPECT_FALSE(Row(6).isEnabled());
-    EXPECT_TRUE(Lamp(4).isHidden());
-}
-
 TEST_F(ControlCentreRows, TakeTheColoursOfPointerAndPick) {
     Point(3);
     EXPECT_EQ(Row(3).ForeColor(), RowColour::Hovered);
@@ -71,23 +56,6 @@ TEST_F(ControlCentreRows, ArePickedWithTheKeyboardToo) {
     EXPECT_EQ(panel->SelectedChannel, 8);
     EXPECT_EQ(Row(8).ForeColor(), RowColour::Selected);
     EXPECT_EQ(Traffic(), "R61");
-}
-
-TEST_F(ControlCentreRows, TabLeadsFromTheChannelsOverTheGaugeToTheBottomLine) {
-    QStringList stops;
-    QWidget* at = &Tabs();
-    do {
-        if ((at->focusPolicy() & Qt::TabFocus) != 0 && at->isVisible() && at->isEnabled() &&
-            !at->objectName().isEmpty()) {
-            stops << at->objectName();
-        }
-        at = at->nextInFocusChain();
-    } while (at != &Tabs());
-    stops.removeAll(QStringLiteral("qt_tabwidget_tabbar"));
-    EXPECT_EQ(stops.join(' ').toStdString(),
-              "BargraphTab visualdisplaytext(3) visualdisplaytext(4) visualdisplaytext(5) "
-              "limits_gauge MainStripChart VisStartCHK visualdisplaytext(0) visualdisplaytext(1) "
-              "visualdisplaytext(2) GPIODisplay");
 }
 
 TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {

@@ -1,5 +1,6 @@
 #include "console/control_centre_fixture.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -22,27 +23,26 @@ protected:
     }
 };
 
-TEST_F(ControlCentreStrip, EachGroupBringsItsRangeTitleAndLegends) {
-    using Texts = std::vector<std::string>;
-    using Range = std::array<double, 4>;
-    const auto padded = [](Texts captions) {
-        captions.resize(19);
-        return captions;
+TEST_F(ControlCentreStrip, EachGroupBringsItsRangeTitleAndLegendsAndLeavesNoneBehind) {
+    struct {
+        const char* Title;
+        const char* FirstLegend;
+        int Legends;
+        std::array<double, 4> Range;
+    } const groups[] = {
+        {"Temperature", "Internal Temp", 3, {-128, 0, 50, 125}},
+        {"Voltage", "Vbatt", 15, {0, 0, 16, 16}},
+        {"RPM", "Fan 0", 8, {2000, 3000, 15000, 15000}},
     };
-    const Texts temperatures =
-        padded({"Temperature", "Time=", "Internal Temp", "External Temp 0", "External Temp 1"});
-    const Texts voltages{"Voltage", "Time=", "Vbatt", "+5V",       "-12V",     "+12V",  "Vccp",
-                         "Ain 0",   "Ain 1", "Ain 2", "Ain 3",     "Ain 4",    "Ain 5", "Ain 6",
-                         "Ain 7",   "",      "",      "3.3V Main", "3.3V STBY"};
-    const Texts fans = padded(
-        {"RPM", "Time=", "Fan 0", "Fan 1", "Fan 2", "Fan 3", "Fan 4", "Fan 5", "Fan 6", "Fan 7"});
+
     panel->SetUpDisplay();
     for (const int row : {0, 1, 2, 2, 0, 2, 1, 1, 0}) {
         Click(Row(row));
-        EXPECT_EQ(Captions(), row == 0 ? temperatures : row == 1 ? voltages : fans);
-        EXPECT_EQ(YRange(), row == 0   ? (Range{-128, 0, 50, 125})
-                            : row == 1 ? (Range{0, 0, 16, 16})
-                                       : (Range{2000, 3000, 15000, 15000}));
+        const std::vector<std::string> captions = Captions();
+        EXPECT_EQ(captions.at(0), groups[row].Title);
+        EXPECT_EQ(captions.at(2), groups[row].FirstLegend);
+        EXPECT_EQ(std::count(captions.begin() + 2, captions.end(), ""), 17 - groups[row].Legends);
+        EXPECT_EQ(YRange(), groups[row].Range);
     }
 }
 

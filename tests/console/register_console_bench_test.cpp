@@ -21,6 +21,7 @@ protected:
 
     void ShowAll() {
         for (const char* control : controls) {
+            EXPECT_TRUE(Find(control).isHidden()) << control;
             Find(control).show();
         }
         ClickRow(0x60);
@@ -38,14 +39,6 @@ protected:
     const QColor green{look::BenchSent};
     const QColor red{look::BenchChanged};
 };
-
-TEST_F(RegisterConsoleBench, TheControlsAreMadeHidden) {
-    for (const char* control : controls) {
-        EXPECT_TRUE(Find(control).isHidden()) << control;
-    }
-    EXPECT_EQ(ColourOf("ADDrPTRCMD"), green);
-    EXPECT_EQ(ColourOf("Command4"), green);
-}
 
 TEST_F(RegisterConsoleBench, TheAddressPointerReachesEveryRegisterAndReadsNothing) {
     ShowAll();
@@ -104,15 +97,10 @@ TEST_F(RegisterConsoleBench, WhatTheWriteFieldsRefuse) {
         {"Text6", "Command4", "100", nullptr},
         {"Text6", "Command4", "0", nullptr},
         {"Text6", "Command4", "", nullptr},
-        {"Text6", "Command4", "1G2", nullptr},
-        {"Text6", "Command4", "00", "BoardBus.WriteByte 58 60 0"},
         {"Text6", "Command4", "a5", "BoardBus.WriteByte 58 60 0"},
-        {"Text6", "Command4", "1G", "BoardBus.WriteByte 58 60 0"},
         {"Text7", "Command5", "256", nullptr},
-        {"Text7", "Command5", "0", nullptr},
         {"Text7", "Command5", "99999999999", nullptr},
         {"Text7", "Command5", "1x5", "BoardBus.WriteByte 58 60 0"},
-        {"Text7", "Command5", "00", "BoardBus.WriteByte 58 60 0"},
     };
 
     for (const auto& row : table) {
@@ -127,16 +115,6 @@ TEST_F(RegisterConsoleBench, WhatTheWriteFieldsRefuse) {
             EXPECT_THAT(calls, Contains(row.Sent)) << row.Entry;
         }
     }
-}
-
-TEST_F(RegisterConsoleBench, ARegisterWithoutEntryTakesNothingFromTheWriteFields) {
-    ShowAll();
-    ClickRow(0x20);
-    link.Take();
-    Fill("Text6", "11");
-    Press("Command4");
-    EXPECT_THAT(link.Take(), IsEmpty());
-    EXPECT_EQ(ColourOf("Command4"), red);
 }
 
 } // namespace

@@ -15,17 +15,21 @@
 
 namespace tqx {
 
-/// A register console on view, and what a test does with its hands.
-class RegisterConsoleHands {
+/// A register console on view, with a chip at 58h on the printer port behind a link that records,
+/// and what a test does with its hands.
+class RegisterConsoleTest : public testing::Test {
 protected:
-    explicit RegisterConsoleHands(Bench& bench)
-        : console(bench) {
+    test::RecordedBench recorded;
+    Bench& bench = recorded.Bench;
+    test::RecordingLink& link = recorded.Link;
+    RegisterConsole console{bench};
+
+    RegisterConsoleTest() {
+        bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
         console.resize(1000, 620);
         console.show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&console));
     }
-
-    RegisterConsole console;
 
     template <class Widget = QWidget>
     Widget& Find(const QString& name) {
@@ -71,24 +75,6 @@ protected:
         QTest::keyClicks(&entry, keys);
         QTest::keyClick(&entry, Qt::Key_Return);
     }
-};
-
-struct OnRecordedBench {
-    test::RecordedBench recorded;
-};
-
-/// On a recorded link, with a chip at 58h on the printer port.
-class RegisterConsoleTest : public testing::Test,
-                            protected OnRecordedBench,
-                            protected RegisterConsoleHands {
-protected:
-    RegisterConsoleTest()
-        : RegisterConsoleHands(recorded.Bench) {
-        bench.Bus.BusCell = {.SlaveAddress = 0x58, .PortAddress = 0x378, .ComsMedium = 1};
-    }
-
-    Bench& bench = recorded.Bench;
-    test::RecordingLink& link = recorded.Link;
 };
 
 } // namespace tqx
