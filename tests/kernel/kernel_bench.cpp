@@ -19,16 +19,6 @@ bool Become(const Person& person) {
            setgid(person.Groups.front()) == 0 && setuid(person.User) == 0;
 }
 
-std::string FailureOf(const std::function<void(KernelBench&)>& work) {
-    try {
-        KernelBench bench;
-        work(bench);
-        return "";
-    } catch (const LinkError& error) {
-        return std::string(error.what()) + " " + error.Advice();
-    }
-}
-
 void Send(int pipe, const std::string& text) {
     if (write(pipe, text.data(), text.size()) < 0) {
         _exit(1);
@@ -48,6 +38,15 @@ std::string Receive(int pipe) {
 
 } // namespace
 
+std::string FailureOf(const std::function<void()>& work) {
+    try {
+        work();
+        return "";
+    } catch (const LinkError& error) {
+        return std::string(error.what()) + " " + error.Advice();
+    }
+}
+
 std::string FailureAs(const Person& person, const std::function<void(KernelBench&)>& work) {
     int pipe[2];
     if (::pipe(pipe) != 0) {
@@ -55,7 +54,11 @@ std::string FailureAs(const Person& person, const std::function<void(KernelBench
     }
     const int child = fork();
     if (child == 0) {
-        Send(pipe[1], Become(person) ? FailureOf(work) : "cannot become another user");
+        const auto asPerson = [&work] {
+            KernelBench bench;
+            work(bench);
+        };
+        Send(pipe[1], Become(person) ? FailureOf(asPerson) : "cannot become another user");
         _exit(0);
     }
     close(pipe[1]);

@@ -28,8 +28,10 @@ struct Person {
     std::vector<unsigned> Groups;
 };
 
-/// What the person reads of `work`, which runs in a process of its own: the error and its advice,
-/// or nothing when all went well.
+/// What a user reads of `work`: the error and its advice, or nothing when all goes well.
+std::string FailureOf(const std::function<void()>& work);
+
+/// What the person reads of `work`, which runs in a process of its own.
 std::string FailureAs(const Person& person, const std::function<void(KernelBench&)>& work);
 
 /// A program that keeps a printer port claimed for as long as this lives.

@@ -44,16 +44,6 @@ void ReadFirstPort(KernelBench& bench) {
     bench.Ports.BoardBus().ReadByte(OnLines, CompanyID);
 }
 
-template <typename Work>
-std::string FailureOf(Work&& work) {
-    try {
-        work();
-        return "";
-    } catch (const LinkError& error) {
-        return std::string(error.what()) + " " + error.Advice();
-    }
-}
-
 /// No driver is loaded.
 TEST(Bare, FindsNothingAndFailsInNothing) {
     KernelBench bench;
