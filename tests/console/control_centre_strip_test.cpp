@@ -67,12 +67,13 @@ TEST_F(ControlCentreStrip, TheTwo33VoltLegendsAreDecidedCrosswise) {
     EXPECT_EQ(Captions().at(18), "");
 }
 
-TEST_F(ControlCentreStrip, AChannelWithoutALegendLineIsReadOutUnderItsName) {
+TEST_F(ControlCentreStrip, EachPointGoesToTheTraceOfItsChannelThatWithoutALegendToo) {
     panel->StripGroup = 1;
     panel->SetUpDisplay();
+    link->Registers[0x37] = 0xC0;
     panel->BargraphTick();
     ASSERT_EQ(Captions().at(15), "");
-    EXPECT_TRUE(Chart().LatestText().contains("Ain 7 0.02, Ain 8 0.02, Ain 9 0.02"))
+    EXPECT_TRUE(Chart().LatestText().contains("Ain 6 0.02, Ain 7 1.877, Ain 8 0.02, Ain 9 0.02"))
         << Chart().LatestText().toStdString();
 }
 

@@ -57,7 +57,7 @@ TEST_F(EEPROMComTest, RowsReadAndWriteRegisters) {
     EXPECT_TRUE(Enabled("CloseCMD"));
 }
 
-TEST_F(EEPROMComTest, ARowOfTheEEPROMSelectsItsModeFirst) {
+TEST_F(EEPROMComTest, TheEEPROMsModeIsSelectedFirst) {
     link.Registers[0x13] = 0xF2;
     Click("AccessEEPROMCHK");
     Find<HighByteCombo>("EEPROMHighByteCOMBO").setCurrentText("9A");
@@ -70,6 +70,12 @@ TEST_F(EEPROMComTest, ARowOfTheEEPROMSelectsItsModeFirst) {
                             "BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
                             "BoardBus.WriteByte 58 13 F2", "EEPROMLink.WriteEEPROM 9A 40 0"));
     EXPECT_THAT(messages, IsEmpty());
+
+    Click("ReadAllCMD");
+    const std::vector<std::string> calls = link.Take();
+    ASSERT_EQ(calls.size(), 3U + 16U);
+    EXPECT_EQ(calls[2], "BoardBus.WriteByte 58 13 F1");
+    EXPECT_EQ(calls[18], "EEPROMLink.ReadEEPROM 9A F");
 }
 
 TEST_F(EEPROMComTest, WriteProtectionWarnsAndStopsNothing) {
