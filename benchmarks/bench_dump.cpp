@@ -3,7 +3,6 @@
 // clock rate of the bus in hertz; 0 is a bus that costs nothing but the model, which hides nothing.
 
 #include <console/system_dialogs.h>
-#include <controls/look.h>
 #include <controls/percent_bar.h>
 #include <device/bench.h>
 #include <device/eeprom_map.h>
@@ -11,7 +10,8 @@
 #include <tools/register_dump_frm.h>
 
 #include <QAbstractButton>
-#include <QApplication>
+#include <QCoreApplication>
+#include <QEvent>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -97,11 +97,3 @@ BENCHMARK(WholeDump)->Arg(StandardBus)->Iterations(1)->Unit(benchmark::kMillisec
 
 } // namespace
 } // namespace tqx
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    tqx::look::Apply(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}

@@ -3,7 +3,6 @@
 
 #include <console/control_centre.h>
 #include <controls/linear_gauge.h>
-#include <controls/look.h>
 #include <controls/strip_chart.h>
 #include <device/bench.h>
 
@@ -150,11 +149,3 @@ BENCHMARK(TickWithPainting)->Unit(benchmark::kMicrosecond)->MinTime(2.0);
 
 } // namespace
 } // namespace tqx
-
-int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    tqx::look::Apply(application);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-}
