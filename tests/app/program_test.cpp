@@ -96,18 +96,6 @@ TEST_F(SimulatorTest, ClosingTheMainWindowTakesEveryToolWindowAlong) {
     EXPECT_THAT(Told(), IsEmpty());
 }
 
-TEST_F(SimulatorTest, EndsFromWithinAModalWindow) {
-    for (const char* key : {"Save1", "EraseEEPROM", "About1"}) {
-        SCOPED_TRACE(key);
-        Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), {}});
-        Choose(0);
-        EXPECT_TRUE(EndsBy([this, key] {
-            QTimer::singleShot(0, program->Main(), &QWidget::close);
-            Press(key);
-        }));
-    }
-}
-
 /// The box before was answered OK, but this question was not.
 TEST_F(SimulatorTest, AnEndWhileItAsksInitializesNothing) {
     Choose(0);

@@ -248,17 +248,5 @@ TEST_F(TheMainForm, ALinkThatFailsInTheMonitorIsToldOnceAndStopsIt) {
     EXPECT_THAT(link->Take(), testing::Contains("PrinterPortLink.BurstMode 0"));
 }
 
-TEST_F(TheMainForm, ClosingTakesTheToolWindowsAlongAndSaysSo) {
-    int unloaded = 0;
-    QObject::connect(form.get(), &MainForm::Unloaded, form.get(), [&] { ++unloaded; });
-    Press("ControlPanel1");
-    form->close();
-    EXPECT_EQ(unloaded, 1);
-    EXPECT_THAT(tools.Opened, ElementsAre("unload"));
-    link->Take();
-    QTest::qWait(30);
-    EXPECT_THAT(link->Take(), IsEmpty());
-}
-
 } // namespace
 } // namespace tqx
