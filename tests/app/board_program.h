@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/answered_dialogs.h"
+#include "support/hands.h"
 
 #include <app/console_program.h>
 #include <simulated/simulated_board.h>
@@ -12,26 +13,16 @@
 
 #include <functional>
 #include <gtest/gtest.h>
-#include <stdexcept>
 
 namespace tqx::test {
 
 /// The program on a simulated board on which time stands still.
-class BoardProgram : public testing::Test {
+class BoardProgram : public testing::Test, protected Hands {
 protected:
     SimulatedBoard board{{.Now = [] { return std::chrono::seconds(60); }}};
     AnsweredDialogs dialogs;
     ConsoleProgram program{
         {board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"}, dialogs};
-
-    template <class Control = QWidget>
-    static Control& Find(QWidget& window, const QString& name) {
-        auto* control = window.findChild<Control*>(name);
-        if (control == nullptr) {
-            throw std::runtime_error("no control " + name.toStdString());
-        }
-        return *control;
-    }
 
     /// Gives the window the keyboard.
     static void Activate(QWidget& window) {

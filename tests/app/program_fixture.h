@@ -1,6 +1,7 @@
 #pragma once
 
 #include "support/answered_dialogs.h"
+#include "support/hands.h"
 
 #include <app/application.h>
 #include <app/console_program.h>
@@ -17,14 +18,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <memory>
-#include <stdexcept>
 #include <utility>
 
 namespace tqx::test {
 
 /// The whole program under the application's own top, with a user who clicks OK in every message
 /// box that comes up.
-class ProgramTest : public testing::Test {
+class ProgramTest : public testing::Test, protected Hands {
 protected:
     AnsweredDialogs dialogs;
     std::unique_ptr<ConsoleProgram> program;
@@ -69,15 +69,6 @@ protected:
         return QCoreApplication::exec() == 0;
     }
 
-    template <typename Control = QWidget>
-    static Control& Find(const QWidget& window, const QString& name) {
-        auto* control = window.findChild<Control*>(name);
-        if (control == nullptr) {
-            throw std::runtime_error("no control " + name.toStdString());
-        }
-        return *control;
-    }
-
     /// The window of that name that is on view; null when there is none.
     static QWidget* Window(const QString& name) {
         const QWidgetList windows = QApplication::topLevelWidgets();
@@ -85,12 +76,6 @@ protected:
             return window->objectName() == name && window->isVisible();
         });
         return at == windows.end() ? nullptr : *at;
-    }
-
-    /// Clicks a control near its left end, where a check box has its box.
-    static void Click(const QWidget& window, const QString& name) {
-        auto& control = Find(window, name);
-        QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
     }
 
     void ClickWizard(const char* name) { Click(*program->Wizard(), name); }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/hands.h"
+
 #include <console/block_panel.h>
 #include <controls/number_entry.h>
 #include <device/bench.h>
@@ -19,7 +21,7 @@ namespace tqx {
 
 /// A block panel on view, and what a test does with its hands. The message box writes down what it
 /// is told.
-class BlockPanelUnderTest {
+class BlockPanelUnderTest : test::Hands {
 public:
     explicit BlockPanelUnderTest(Bench& bench)
         : Panel(bench, [this](const QString& title, const QString& message, std::uint8_t okOnly) {
@@ -36,17 +38,13 @@ public:
 
     template <class Widget = QWidget>
     Widget& Find(const QString& name) {
-        auto* widget = Panel.findChild<Widget*>(name);
-        EXPECT_NE(widget, nullptr) << name.toStdString();
-        return *widget;
+        return Hands::Find<Widget>(Panel, name);
     }
 
-    QWidget& Member(const char* array, int column) {
-        return Find(QString("%1(%2)").arg(array).arg(column));
-    }
+    QWidget& Member(const char* array, int column) { return Find(Hands::Member(array, column)); }
 
     NumberEntry& WriteBox(int column) {
-        return Find<NumberEntry>(QString("BlockWriteTXT(%1)").arg(column));
+        return Find<NumberEntry>(Hands::Member("BlockWriteTXT", column));
     }
 
     std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
@@ -63,9 +61,7 @@ public:
         return row;
     }
 
-    void Click(const char* button) {
-        QTest::mouseClick(&Find(button), Qt::LeftButton, {}, {10, Find(button).height() / 2});
-    }
+    void Click(const char* button) { Hands::Click(Panel, button); }
 
     /// A click whose handler raises. It goes straight to the handler: what Qt's own functions hold
     /// on the way there leaks when an exception passes through them.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/hands.h"
 #include "support/recording_link.h"
 
 #include <console/control_centre.h>
@@ -19,13 +20,12 @@
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
-#include <stdexcept>
 #include <string>
 
 namespace tqx::test {
 
 /// The control centre on view, with the chip on the printer port behind a link that records.
-class ControlCentreTest : public testing::Test {
+class ControlCentreTest : public testing::Test, protected Hands {
 protected:
     RecordingLink* link = new RecordingLink;
     Bench bench{[this](const LinkSetup&) { return std::unique_ptr<LinkServer>(link); }};
@@ -98,15 +98,8 @@ protected:
 
     template <class T>
     T& Child(const char* name, int index = 0) {
-        QString full = QString::fromLatin1(name);
-        if (full.contains(QLatin1String("%1"))) {
-            full = full.arg(index);
-        }
-        T* const child = panel->findChild<T*>(full);
-        if (child == nullptr) {
-            throw std::runtime_error("no control " + full.toStdString());
-        }
-        return *child;
+        const QString full = QString::fromLatin1(name);
+        return Find<T>(*panel, full.contains("%1") ? full.arg(index) : full);
     }
 
 private:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/hands.h"
 #include "support/recorded_bench.h"
 
 #include <console/register_console.h>
@@ -17,7 +18,7 @@ namespace tqx {
 
 /// A register console on view, with a chip at 58h on the printer port behind a link that records,
 /// and what a test does with its hands.
-class RegisterConsoleTest : public testing::Test {
+class RegisterConsoleTest : public testing::Test, protected test::Hands {
 protected:
     test::RecordedBench recorded;
     Bench& bench = recorded.Bench;
@@ -33,9 +34,7 @@ protected:
 
     template <class Widget = QWidget>
     Widget& Find(const QString& name) {
-        auto* widget = console.findChild<Widget*>(name);
-        EXPECT_NE(widget, nullptr) << name.toStdString();
-        return *widget;
+        return Hands::Find<Widget>(console, name);
     }
 
     std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }

@@ -1,6 +1,7 @@
 // The tool windows on the simulated board: what one of them does is what the others see.
 
 #include "support/answered_dialogs.h"
+#include "support/hands.h"
 
 #include <console/block_panel.h>
 #include <controls/number_entry.h>
@@ -9,7 +10,6 @@
 #include <tools/eeprom_com_frm.h>
 #include <tools/register_dump_frm.h>
 
-#include <QAbstractButton>
 #include <QComboBox>
 #include <QFile>
 #include <QLabel>
@@ -21,7 +21,7 @@
 namespace tqx {
 namespace {
 
-class BoardWindowsTest : public testing::Test {
+class BoardWindowsTest : public testing::Test, protected test::Hands {
 protected:
     SimulatedBoard board{{.Now = [] { return std::chrono::seconds(1); }}};
     Bench bench{board.Factory()};
@@ -45,29 +45,20 @@ protected:
         return bench;
     }
 
-    static void Click(QWidget& window, const QString& button) {
-        window.findChild<QAbstractButton*>(button)->click();
-    }
-
-    static QString Member(const char* name, int index) {
-        return QStringLiteral("%1(%2)").arg(name).arg(index);
-    }
-
     static int Number(QWidget& window, const QString& label) {
-        return window.findChild<QLabel*>(label)->text().toInt(nullptr, 16);
+        return Find<QLabel>(window, label).text().toInt(nullptr, 16);
     }
 
     static void Block(QWidget& window, const QString& high) {
-        window.findChild<QComboBox*>("EEPROMHighByteCOMBO")->setCurrentText(high);
+        Find<QComboBox>(window, "EEPROMHighByteCOMBO").setCurrentText(high);
     }
 
     /// Makes row i stand for address `first` + i and the byte `value` of i.
     void FillRows(unsigned first, const std::function<unsigned(unsigned)>& value) {
-        for (unsigned i = 0; i < 16; ++i) {
-            com.findChild<NumberEntry*>(Member("AddrptrTXT", static_cast<int>(i)))
-                ->Value(first + i);
-            com.findChild<NumberEntry*>(Member("WriteDataTXT", static_cast<int>(i)))
-                ->Value(value(i));
+        for (int i = 0; i < 16; ++i) {
+            const auto row = static_cast<unsigned>(i);
+            Find<NumberEntry>(com, Member("AddrptrTXT", i)).Value(first + row);
+            Find<NumberEntry>(com, Member("WriteDataTXT", i)).Value(value(row));
         }
     }
 
@@ -98,7 +89,7 @@ TEST_F(BoardWindowsTest, WhatTheRowsWroteReadsBackEverywhere) {
     blocks.Load();
     Click(blocks, "AccessEEPROMCHK");
     Block(blocks, "9A");
-    blocks.findChild<NumberEntry*>("LowByteTXT")->Value(0x40);
+    Find<NumberEntry>(blocks, "LowByteTXT").Value(0x40);
     Click(blocks, "BlockReadCMD");
     const std::string dump = Dump();
     for (int i = 0; i < 16; ++i) {

@@ -130,7 +130,7 @@ TEST_F(EEPROMComTest, WriteAllToRegistersPausesAheadOfEachByte) {
 }
 
 TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
-    link.Registers[0x13] = 0xF2;
+    link.Registers[0x13] = 0xFA;
     for (const char* box : {"AccessEEPROMCHK", "EraseEEPROMCHK", "AutoReadCHK"}) {
         Click(box);
     }
@@ -142,7 +142,7 @@ TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
         return std::vector<std::string>{"BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
                                         std::string("BoardBus.WriteByte 58 13 ") + written};
     };
-    std::vector<std::string> expected = mode("F4");
+    std::vector<std::string> expected = mode("FC");
     const auto add = [&expected](const std::vector<std::string>& calls) {
         expected.insert(expected.end(), calls.begin(), calls.end());
     };
@@ -150,13 +150,14 @@ TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
         add({"Wait 100", std::string("EEPROMLink.ErasePage 80 ") + page + " 0"});
     }
     add({"Wait 100"});
-    add(mode("F0"));
+    add(mode("F0")); // without the write protect bit
     add(mode("F2"));
     for (const char row : std::string_view("0123456789ABCDEF")) {
         add({std::string("EEPROMLink.WriteEEPROM 80 ") + row + " 0", "Wait 100"});
     }
     add(mode("F1"));
     EXPECT_EQ(link.Take(), expected);
+    EXPECT_THAT(messages, ElementsAre(protectedMessage, protectedMessage));
     EXPECT_TRUE(AutoRead().isActive());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/hands.h"
 #include "support/recorded_bench.h"
 
 #include <console/message_door.h>
@@ -24,7 +25,7 @@ namespace tqx::test {
 
 /// A recorded bench with a chip at 58h on the printer port, a message box that answers itself and
 /// pauses that take no time.
-class ToolFixture : public testing::Test {
+class ToolFixture : public testing::Test, protected Hands {
 protected:
     RecordedBench recorded;
     tqx::Bench& bench = recorded.Bench;
@@ -55,14 +56,8 @@ protected:
     /// The window under test, where there is one.
     virtual QWidget& Window() { throw std::logic_error("no window"); }
 
-    template <class Object>
-    static Object& Find(QWidget& window, const QString& name) {
-        auto* object = window.findChild<Object*>(name);
-        if (object == nullptr) {
-            throw std::runtime_error("no control " + name.toStdString());
-        }
-        return *object;
-    }
+    using Hands::Click;
+    using Hands::Find;
 
     template <class Object>
     Object& Find(const QString& name) {
@@ -71,18 +66,12 @@ protected:
 
     template <class Object>
     Object& Find(const char* array, int index) {
-        return Find<Object>(QStringLiteral("%1(%2)").arg(array).arg(index));
+        return Find<Object>(Member(array, index));
     }
 
     std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
 
     bool Enabled(const QString& name) { return Find<QWidget>(name).isEnabled(); }
-
-    /// Clicks near the button's left end, where a check box has its box.
-    static void Click(QWidget& window, const QString& name) {
-        auto& button = Find<QAbstractButton>(window, name);
-        QTest::mouseClick(&button, Qt::LeftButton, {}, {8, button.height() / 2});
-    }
 
     void Click(const QString& name) { Click(Window(), name); }
 
