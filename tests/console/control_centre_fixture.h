@@ -17,7 +17,6 @@
 #include <QTest>
 #include <QTimer>
 
-#include <cstdio>
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
@@ -60,14 +59,7 @@ protected:
         link->Take();
     }
 
-    /// The bus since the last call: "R1F" a read of 1Fh, "W0=3" a write, "burst 1" burst mode.
-    std::string Traffic() {
-        std::string traffic;
-        for (const std::string& call : link->Take()) {
-            traffic += (traffic.empty() || Short(call).empty() ? "" : " ") + Short(call);
-        }
-        return traffic;
-    }
+    std::string Traffic() { return link->TakeTraffic(); }
 
     RowLabel& Row(int row) { return Child<RowLabel>("visualdisplaytext(%1)", row); }
 
@@ -100,25 +92,6 @@ protected:
     T& Child(const char* name, int index = 0) {
         const QString full = QString::fromLatin1(name);
         return Find<T>(*panel, full.contains("%1") ? full.arg(index) : full);
-    }
-
-private:
-    static std::string Short(const std::string& call) {
-        unsigned address = 0;
-        unsigned reg = 0;
-        unsigned value = 0;
-        char text[16];
-        if (std::sscanf(call.c_str(), "%*[A-Za-z].ReadByte %X %X", &address, &reg) == 2) {
-            std::snprintf(text, sizeof text, "R%X", reg);
-        } else if (std::sscanf(call.c_str(), "%*[A-Za-z].WriteByte %X %X %X", &address, &reg,
-                               &value) == 3) {
-            std::snprintf(text, sizeof text, "W%X=%X", reg, value);
-        } else if (call.rfind("PrinterPortLink.BurstMode", 0) == 0) {
-            std::snprintf(text, sizeof text, "burst %c", call.back());
-        } else {
-            return call.rfind("BoardBus.PortAddress", 0) == 0 ? std::string() : call;
-        }
-        return text;
     }
 };
 

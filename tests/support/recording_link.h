@@ -52,6 +52,17 @@ public:
     /// The lines since the last call of Take.
     std::vector<std::string> Take() { return std::exchange(Calls, {}); }
 
+    /// The same in short: "R1F" a read of 1Fh, "W0=3" a write, "burst 1" burst mode; without the
+    /// port's address, which goes ahead of some writes.
+    std::string TakeTraffic() {
+        std::string traffic;
+        for (const std::string& call : Take()) {
+            const std::string part = Short(call);
+            traffic += (traffic.empty() || part.empty() ? "" : " ") + part;
+        }
+        return traffic;
+    }
+
     // ---- LinkServer ----
     tqx::PrinterPortLink& PrinterPortLink() override { return *this; }
 
@@ -209,6 +220,22 @@ public:
     std::uint32_t BaseAddress() override { return Got("SMBusLink.BaseAddress", SMBusBase); }
 
 private:
+    static std::string Short(const std::string& call) {
+        unsigned reg = 0;
+        unsigned value = 0;
+        char text[16];
+        if (std::sscanf(call.c_str(), "%*[A-Za-z].ReadByte %*X %X", &reg) == 1) {
+            std::snprintf(text, sizeof text, "R%X", reg);
+        } else if (std::sscanf(call.c_str(), "%*[A-Za-z].WriteByte %*X %X %X", &reg, &value) == 2) {
+            std::snprintf(text, sizeof text, "W%X=%X", reg, value);
+        } else if (call.starts_with("PrinterPortLink.BurstMode")) {
+            std::snprintf(text, sizeof text, "burst %c", call.back());
+        } else {
+            return call.starts_with("BoardBus.PortAddress") ? std::string() : call;
+        }
+        return text;
+    }
+
     static std::string MediumOf(std::uint8_t address) {
         return address >= 0x58 && address <= 0x5D ? "BoardBus" : "SMBusLink";
     }

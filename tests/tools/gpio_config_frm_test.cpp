@@ -10,7 +10,6 @@
 namespace tqx {
 namespace {
 
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 class GPIOConfigTest : public test::ToolFixture {
@@ -51,10 +50,7 @@ TEST_F(GPIOConfigTest, ReadsTheRegistersInOrderAndShowsTheLinesAsTheyHaveThem) {
     link.Registers[0x08] = 0b01'10'11'00;
     link.Registers[0x0B] = 0b10'00'00'01;
     Open();
-    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 1", "BoardBus.ReadByte 58 7",
-                                         "BoardBus.ReadByte 58 8", "BoardBus.ReadByte 58 9",
-                                         "BoardBus.ReadByte 58 A", "BoardBus.ReadByte 58 B",
-                                         "BoardBus.ReadByte 58 7"));
+    EXPECT_EQ(link.TakeTraffic(), "R1 R7 R8 R9 RA RB R7");
     EXPECT_EQ(Line(0), "GPIO Input Low");
     EXPECT_EQ(Line(1), "GPIO Output High");
     EXPECT_EQ(Line(2), "GPIO Input High");
@@ -79,11 +75,7 @@ TEST_F(GPIOConfigTest, OneChangeWritesAllFields) {
     Combo("DirectionCombo", 5).setCurrentText("Output"); // of a line that works as a fan input
     link.Take();
     Combo("DirectionCombo", 8).setCurrentText("Input");
-    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.WriteByte 58 1 F", "BoardBus.ReadByte 58 7",
-                                         "BoardBus.WriteByte 58 7 BE", "BoardBus.WriteByte 58 8 1B",
-                                         "BoardBus.WriteByte 58 9 E4", "BoardBus.WriteByte 58 A 54",
-                                         "BoardBus.WriteByte 58 B AA", "BoardBus.ReadByte 58 7",
-                                         "BoardBus.WriteByte 58 7 BE"));
+    EXPECT_EQ(link.TakeTraffic(), "W1=F R7 W7=BE W8=1B W9=E4 WA=54 WB=AA R7 W7=BE");
 }
 
 TEST_F(GPIOConfigTest, ChangesOfTheThermLineKeepTheOtherBits) {
