@@ -304,6 +304,20 @@ TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {
     EXPECT_FALSE(AutoRead().isActive());
 }
 
+TEST_F(EEPROMComTest, ACloseInTheLastPauseOfWriteAllDoesNotWakeAutoRead) {
+    Click("AccessEEPROMCHK");
+    Click("AutoReadCHK");
+    int pauses = 0;
+    duringWait = [&] {
+        if (++pauses == 16) {
+            window.close();
+        }
+    };
+    Click("WriteALLCMD");
+    EXPECT_EQ(pauses, 16);
+    EXPECT_FALSE(AutoRead().isActive());
+}
+
 TEST_F(EEPROMComTest, TheFocusComesBackAfterABusyTime) {
     window.activateWindow();
     auto& write = Find<QAbstractButton>("WriteByteCMD(6)");
