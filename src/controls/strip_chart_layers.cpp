@@ -203,7 +203,7 @@ void StripLayers::DrawStill(const StripModel& model) {
 void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
     painter.setFont(LegendFont(m_layout.LegendLineHeight));
     for (int variable = 0; variable < StripLegendLines; ++variable) {
-        const QString& name = model.Legend(variable);
+        const QString name = model.Legend(variable);
         if (name.isEmpty()) {
             continue;
         }

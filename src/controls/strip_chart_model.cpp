@@ -7,9 +7,8 @@
 namespace tqx {
 
 QString StripModel::Name(int variable) const {
-    const bool hasLine = FirstLegendCaption + variable < StripCaptionCount;
-    if (hasLine && !Legend(variable).isEmpty()) {
-        return Legend(variable);
+    if (const QString legend = Legend(variable); !legend.isEmpty()) {
+        return legend;
     }
     const QString& own = Names[static_cast<std::size_t>(variable)];
     if (!own.isEmpty()) {

@@ -48,7 +48,7 @@ struct StripModel {
     int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
     bool Antialiased = true;
 
-    /// The caption that is the legend line of `variable`.
+    /// The caption that is the legend line of `variable`, one of the first StripLegendLines.
     StripCaption& LegendCaption(int variable) {
         return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
     }
@@ -58,7 +58,9 @@ struct StripModel {
     }
 
     /// The text of the legend line of `variable`; empty when it has none.
-    const QString& Legend(int variable) const { return LegendCaption(variable).Text; }
+    QString Legend(int variable) const {
+        return variable < StripLegendLines ? LegendCaption(variable).Text : QString();
+    }
 
     /// What `variable` is called, whether it has a legend line or not.
     QString Name(int variable) const;

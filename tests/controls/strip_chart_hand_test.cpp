@@ -350,6 +350,12 @@ TEST_F(StripChartHand, AScreenReaderHearsTitleValuesAndState) {
               "Internal Temp 31, External Temp 0 89, External Temp 1 20");
     face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_THAT(face->text(QAccessible::Description).toStdString(), HasSubstr("Frozen"));
+
+    chart.NameVariable(0, "Internal Temp");
+    QTest::mouseClick(&chart, Qt::LeftButton, Qt::ControlModifier, firstOfLegend);
+    EXPECT_THAT(face->text(QAccessible::Description).toStdString(),
+                HasSubstr("\nHidden: External Temp 0, External Temp 1.\n"))
+        << "a variable that can have no legend line is not among them";
 }
 
 } // namespace
