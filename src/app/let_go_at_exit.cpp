@@ -53,7 +53,9 @@ LetGoAtExit::LetGoAtExit(LinkRoot& link) {
     // the kernel still lets the port go, with the lines as they are.
     [[maybe_unused]] static const int registered = std::atexit(LetGo);
     theLink = &link;
-    printMessage = qInstallMessageHandler(HearLastWords);
+    // What prints is known before any thread may come in: Qt's own have begun already.
+    printMessage = qInstallMessageHandler(nullptr);
+    qInstallMessageHandler(HearLastWords);
 }
 
 LetGoAtExit::~LetGoAtExit() {
