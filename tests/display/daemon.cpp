@@ -51,12 +51,16 @@ Daemon::Daemon(std::vector<std::string> arguments) {
 }
 
 Daemon::~Daemon() {
-    Kill();
+    End(SIGTERM);
 }
 
 void Daemon::Kill() {
+    End(SIGKILL);
+}
+
+void Daemon::End(int signal) {
     if (const pid_t process = std::exchange(m_process, -1); process > 0) {
-        kill(process, SIGKILL);
+        kill(process, signal);
         waitpid(process, nullptr, 0);
     }
 }

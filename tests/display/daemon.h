@@ -7,7 +7,7 @@
 namespace tqx::test {
 
 /// A server that a test starts for itself: it says on a pipe where it can be reached, and goes with
-/// this object, or with the test program if that dies.
+/// this object, taking its files along, or with the test program if that dies.
 class Daemon {
 public:
     /// `arguments` begin with the program; "%1" in one of them is the number of the pipe. Comes
@@ -25,6 +25,8 @@ public:
     void Kill();
 
 private:
+    void End(int signal);
+
     pid_t m_process = -1;
     std::string m_address;
 };

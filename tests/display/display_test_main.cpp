@@ -24,11 +24,15 @@ int main(int argc, char** argv) {
     qputenv("DISPLAY", display.Display().c_str());
     qputenv("QT_QPA_PLATFORM", "xcb");
     const tqx::test::SessionBus bus;
+    if (display.Address().empty() || bus.Address().empty()) {
+        qCritical("Xvfb or dbus-daemon does not start");
+        return 1;
+    }
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.Address().c_str());
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     QDBusConnection::sessionBus().interface()->startService("org.a11y.Bus");
     tqx::Application application(argc, argv);
-    if (!QTest::qWaitFor([] { return QAccessible::isActive(); }, 10000)) {
+    if (!QTest::qWaitFor([] { return QAccessible::isActive(); }, 40000)) {
         qCritical("The accessibility bus is not there: is at-spi2-core installed?");
         return 1;
     }
