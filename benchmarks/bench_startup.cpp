@@ -46,6 +46,10 @@ BENCHMARK_CAPTURE(Start, empty_qt_widgets_program, "startup_empty")
     ->UseManualTime()
     ->Iterations(20)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(Start, two_lines_of_text, "startup_text")
+    ->UseManualTime()
+    ->Iterations(20)
+    ->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(Start, wizard_on_view, "startup_wizard")
     ->UseManualTime()
     ->Iterations(20)
