@@ -3,6 +3,7 @@
 #include <controls/look.h>
 
 namespace tqx::boardparts {
+
 QString MemberName(const char* name, int index) {
     return QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index);
 }

@@ -15,6 +15,7 @@
 #include <algorithm>
 
 namespace tqx {
+
 TracePage::TracePage(SimulatedBoard& board)
     : m_trace(board.Trace())
     , m_model(m_trace, look::NumbersFont(look::Size::Note)) {

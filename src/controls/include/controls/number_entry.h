@@ -9,9 +9,9 @@ namespace tqx {
 ///
 /// It hands over its text on Enter alone, never when it merely loses the focus. Escape brings back
 /// the text that was confirmed or set by program last; so does leaving the box empty, which would
-/// count as 0 unseen. The user can type, paste and drop only
-/// digits of the base, and only what is a byte, unless `MaximumDigits` says otherwise; the program
-/// may set any text.
+/// count as 0 unseen.
+/// The user can type, paste and drop only digits of the base, and only what is a byte, unless
+/// `MaximumDigits` says otherwise; the program may set any text.
 class NumberEntry : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(Base numberbase READ numberbase WRITE numberbase)

@@ -39,7 +39,7 @@ public:
     /// True once the link has been made.
     bool Made() const { return m_server != nullptr; }
 
-    /// Ends the link ahead of this object: its lines are parked and its ports let go.
+    /// Ends the link early: lines are parked, ports let go. A use after that would make a new one.
     void LetGo() noexcept { m_server.reset(); }
 
     LinkSetup Setup;
