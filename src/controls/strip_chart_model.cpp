@@ -7,7 +7,7 @@
 namespace tqx {
 
 QString StripModel::Name(int variable) const {
-    if (const QString legend = Legend(variable); !legend.isEmpty()) {
+    if (QString legend = Legend(variable); !legend.isEmpty()) {
         return legend;
     }
     const QString& own = Names[static_cast<std::size_t>(variable)];
