@@ -22,7 +22,7 @@ public:
         , m_lamp(lamp) {}
 
     QString text(QAccessible::Text kind) const override {
-        const QString own = QAccessibleWidget::text(kind);
+        QString own = QAccessibleWidget::text(kind);
         if (kind != QAccessible::Name) {
             return own;
         }
