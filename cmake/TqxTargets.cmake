@@ -23,6 +23,11 @@ endif()
 if(TQX_FUZZ)
   target_compile_options(tqx_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
+if(TQX_LTO)
+  # Only a linker that sees all types finds one name that stands for two of them.
+  target_compile_options(tqx_options INTERFACE -flto=auto)
+  target_link_options(tqx_options INTERFACE -flto=auto -Werror=odr -Werror=lto-type-mismatch)
+endif()
 
 # tqx_library(NAME [QT] SOURCES ... HEADERS ... [LINKS ...])
 #

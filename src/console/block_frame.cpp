@@ -38,7 +38,7 @@ BlockFrame::BlockFrame(QWidget* parent)
     m_deviceAddressPEC = AddPEC(*grid, 1, "DeviceAddressFcsLBL");
     m_command = AddByte(*grid, 2, "Command:", "AddPTRTXT", "00");
     m_commandPEC = AddPEC(*grid, 2, "AddrPtrFcsLBL");
-    m_byteCount = AddByte(*grid, 3, "Byte Count:", "ByteCountTXT", HexText(BlockSize));
+    m_byteCount = AddByte(*grid, 3, "Byte Count:", "ByteCountTXT", HexText(GridColumns));
     m_byteCountPEC = AddPEC(*grid, 3, "ByteCountFcsLBL");
     grid->addWidget(new QLabel("Final PEC:"), 4, CaptionColumn);
     m_finalPEC = AddPEC(*grid, 4, "FinalPECLBL");

@@ -160,14 +160,14 @@ void BlockGrid::ShowPEC(std::span<const std::uint8_t> trace) {
 }
 
 void BlockGrid::ClearReading() {
-    for (int column = 1; column <= BlockSize; ++column) {
+    for (int column = 1; column <= GridColumns; ++column) {
         Show(ReadDataLBL(column), tr("Byte read"), column, NoValue);
     }
     m_copy->setEnabled(false);
 }
 
 void BlockGrid::ClearPEC() {
-    for (int column = 1; column <= BlockSize; ++column) {
+    for (int column = 1; column <= GridColumns; ++column) {
         Show(FcsLBL(column), tr("PEC after byte"), column, NoValue);
     }
 }
@@ -180,7 +180,7 @@ void BlockGrid::EnableAll() {
 }
 
 void BlockGrid::EnableReading(int columns) {
-    for (int column = 1; column <= BlockSize; ++column) {
+    for (int column = 1; column <= GridColumns; ++column) {
         ReadDataLBL(column).setEnabled(column <= columns);
     }
 }

@@ -15,7 +15,7 @@ class QPushButton;
 namespace tqx {
 
 /// Bytes of the longest block, and columns of the grid.
-inline constexpr int BlockSize = 32;
+inline constexpr int GridColumns = 32;
 
 /// The grid of the block panel: a column for each byte of a block, 1 to 32, with its number, the
 /// data read, the running PEC after it and the data to write. It stands in two bands of 16 columns.
@@ -72,7 +72,7 @@ private:
     void MakeColumn(QGridLayout& band, int column, int at);
     void CopyReading();
 
-    std::array<Column, BlockSize> m_columns;
+    std::array<Column, GridColumns> m_columns;
     QPushButton* m_copy = nullptr;
 };
 

@@ -233,13 +233,13 @@ void BlockPanel::UsePECClicked(bool use) {
 }
 
 void BlockPanel::RandomDataFill() {
-    for (int column = 1; column <= BlockSize; ++column) {
+    for (int column = 1; column <= GridColumns; ++column) {
         m_grid->BlockWriteTXT(column).Value(m_random.NextByte());
     }
 }
 
 void BlockPanel::ReadDataFill() {
-    for (int column = 1; column <= BlockSize; ++column) {
+    for (int column = 1; column <= GridColumns; ++column) {
         const auto byte = ByteOf(m_grid->ReadDataLBL(column).text(), 16);
         m_grid->BlockWriteTXT(column).Value(byte.value_or(0));
     }

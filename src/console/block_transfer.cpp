@@ -85,7 +85,7 @@ void BlockTransfer::Read() {
     }
     m_panel.Grid.EnableAll();
     m_panel.Frame.Command(ReadCommand);
-    m_panel.Frame.ByteCount(BlockSize);
+    m_panel.Frame.ByteCount(GridColumns);
     ClearBlockDisplay();
     if (m_panel.Start.AccessEEPROM()) {
         WriteEEPROMMode(ReadMode);
@@ -206,15 +206,15 @@ bool BlockTransfer::WriteProtected() {
 void BlockTransfer::KeepByteCountInBlock() {
     // A count that was typed and not confirmed has not been looked at yet.
     const unsigned count = m_panel.Frame.ByteCount();
-    const unsigned kept = std::clamp<unsigned>(count, 1, BlockSize);
+    const unsigned kept = std::clamp<unsigned>(count, 1, GridColumns);
     if (kept != count) {
         m_panel.Frame.ByteCount(kept);
     }
 }
 
 void BlockTransfer::EnterByteCount(const QString& text) {
-    if (text.toUInt(nullptr, 16) > BlockSize) {
-        m_panel.Frame.ByteCount(BlockSize);
+    if (text.toUInt(nullptr, 16) > GridColumns) {
+        m_panel.Frame.ByteCount(GridColumns);
     }
     ResetReadColumns();
 }
@@ -228,7 +228,7 @@ void BlockTransfer::ClearBlockDisplay() {
 void BlockTransfer::ResetReadColumns() {
     m_panel.Grid.ClearReading();
     m_panel.Grid.EnableReading(
-        static_cast<int>(std::min<unsigned>(m_panel.Frame.ByteCount(), BlockSize)));
+        static_cast<int>(std::min<unsigned>(m_panel.Frame.ByteCount(), GridColumns)));
 }
 
 } // namespace tqx

@@ -67,7 +67,7 @@ void MonitorTick::FeedStrip() {
         return;
     }
     std::int16_t variable = 0;
-    for (const StripTrace& trace : StripGroups[group].Traces) {
+    for (const GroupTrace& trace : StripGroups[group].Traces) {
         m_chart.AddStripPoint(variable++, ReadChannel(m_bench.Channels, trace.Row).value());
     }
 }

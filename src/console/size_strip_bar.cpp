@@ -117,7 +117,7 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
     SetYRange(chart, group);
     SetCaption(chart, TitleCaption, group.Title);
     int variable = 0;
-    for (const StripTrace& trace : group.Traces) {
+    for (const GroupTrace& trace : group.Traces) {
         chart.NameVariable(variable, TextOf(trace.Legend));
         if (trace.RowTested == AlwaysWritten || rowVisible(trace.RowTested)) {
             SetLegend(chart, variable, trace.Legend);

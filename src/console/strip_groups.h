@@ -7,7 +7,7 @@
 namespace tqx {
 
 /// One variable of a group on the strip chart.
-struct StripTrace {
+struct GroupTrace {
     /// The channel whose readings it takes.
     int Row;
     std::string_view Legend;
@@ -30,16 +30,16 @@ struct StripGroupSetting {
     double YCeiling;
     double YHigh;
     YOrder Order;
-    std::span<const StripTrace> Traces;
+    std::span<const GroupTrace> Traces;
 };
 
-inline constexpr std::array<StripTrace, 3> TempTraces{{
+inline constexpr std::array<GroupTrace, 3> TempTraces{{
     {3, "Internal Temp", AlwaysWritten},
     {4, "External Temp 0", AlwaysWritten},
     {5, "External Temp 1", 5},
 }};
 
-inline constexpr std::array<StripTrace, 17> VoltTraces{{
+inline constexpr std::array<GroupTrace, 17> VoltTraces{{
     {15, "Vbatt", 15},
     {16, "+5V", 16},
     {17, "-12V", 17},
@@ -59,7 +59,7 @@ inline constexpr std::array<StripTrace, 17> VoltTraces{{
     {30, "3.3V STBY", 31},
 }};
 
-inline constexpr std::array<StripTrace, 8> FanTraces{{
+inline constexpr std::array<GroupTrace, 8> FanTraces{{
     {7, "Fan 0", 7},
     {8, "Fan 1", 8},
     {9, "Fan 2", 9},
