@@ -2,12 +2,13 @@
 // without the dump: the difference is what the program takes beyond the link. The argument is the
 // clock rate of the bus in hertz; 0 is a bus that costs nothing but the model, which hides nothing.
 
-#include <console/system_dialogs.h>
+#include "register_dump/register_dump_frm.h"
+
 #include <controls/percent_bar.h>
+#include <controls/system_dialogs.h>
 #include <device/bench.h>
 #include <device/eeprom_map.h>
 #include <simulated/simulated_board.h>
-#include <tools/register_dump_frm.h>
 
 #include <QAbstractButton>
 #include <QCoreApplication>

@@ -4,12 +4,13 @@
 //
 // Arguments: seconds=N for the tick rate (10), clicks=N (100).
 
+#include "control_centre/monitor_rows.h"
+
 #include <console/main_form.h>
-#include <console/monitor_rows.h>
-#include <console/system_dialogs.h>
 #include <controls/look.h>
 #include <controls/row_label.h>
 #include <controls/strip_chart.h>
+#include <controls/system_dialogs.h>
 #include <device/bench.h>
 #include <simulated/simulated_board.h>
 #include <tools/tools.h>

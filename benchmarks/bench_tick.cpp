@@ -1,7 +1,8 @@
 // One tick of the monitor on the voltage group and the voltage tab, with a link that costs nothing:
 // what the program itself takes of the time between two ticks.
 
-#include <console/control_centre.h>
+#include "control_centre/control_centre.h"
+
 #include <controls/linear_gauge.h>
 #include <controls/strip_chart.h>
 #include <device/bench.h>

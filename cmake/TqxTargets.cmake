@@ -31,33 +31,59 @@ endif()
 
 # tqx_library(NAME [QT] SOURCES ... HEADERS ... [LINKS ...])
 #
-# One static library per folder, with an include directory of its own (include/ beside its
-# sources), so that a folder can include only what stands in the libraries that it links.
-# QT gives it Qt Widgets and the meta-object compiler.
+# One static library per folder. HEADERS are all of its headers: those in include/NAME are its face,
+# which the libraries that link it can include; the others stand beside their sources and are the
+# library's own. QT gives it Qt Widgets and the meta-object compiler.
 function(tqx_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "" "SOURCES;HEADERS;LINKS")
-  add_library(tqx_${name} STATIC)
+  add_library(tqx_${name} STATIC ${arg_SOURCES} ${arg_HEADERS})
   add_library(Tqx::${name} ALIAS tqx_${name})
-  target_sources(tqx_${name}
-    PRIVATE ${arg_SOURCES} ${arg_HEADERS}
-    PUBLIC FILE_SET HEADERS BASE_DIRS include FILES ${arg_HEADERS})
+  target_include_directories(tqx_${name}
+    PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/include
+    PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(tqx_${name} PUBLIC ${arg_LINKS} PRIVATE tqx_options)
-  set_target_properties(tqx_${name} PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
   if(arg_QT)
     target_link_libraries(tqx_${name} PUBLIC Qt6::Widgets)
     set_target_properties(tqx_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
   endif()
+  tqx_headers_alone(${name} ${arg_HEADERS})
 endfunction()
 
-# tqx_test(NAME [QT [MAIN file]] SOURCES ... LINKS ...)
+# Compiles each header of a library by itself, for the target headers_alone, which no other builds.
+if(NOT TARGET headers_alone)
+  add_custom_target(headers_alone)
+endif()
+function(tqx_headers_alone name)
+  set(sources "")
+  foreach(header IN LISTS ARGN)
+    set(source ${CMAKE_CURRENT_BINARY_DIR}/headers_alone/${header}.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "#include \"${CMAKE_CURRENT_SOURCE_DIR}/${header}\"\n")
+    list(APPEND sources ${source})
+  endforeach()
+  add_library(tqx_${name}_headers OBJECT EXCLUDE_FROM_ALL ${sources})
+  target_include_directories(tqx_${name}_headers PRIVATE
+    $<TARGET_PROPERTY:tqx_${name},INCLUDE_DIRECTORIES>)
+  target_link_libraries(tqx_${name}_headers PRIVATE Tqx::${name} tqx_options)
+  add_dependencies(headers_alone tqx_${name}_headers)
+endfunction()
+
+# tqx_inside(TARGET LIBRARY ...): lets a program see the own headers of these libraries.
+function(tqx_inside target)
+  foreach(library IN LISTS ARGN)
+    target_include_directories(${target} PRIVATE $<TARGET_PROPERTY:tqx_${library},SOURCE_DIR>)
+  endforeach()
+endfunction()
+
+# tqx_test(NAME [QT [MAIN file]] SOURCES ... LINKS ... [INSIDE ...])
 #
-# One test program per folder of src/. QT gives it a main with a QApplication on the offscreen
+# One test program per folder of src/. INSIDE names libraries whose own headers it sees. QT gives it a main with a QApplication on the offscreen
 # platform; MAIN takes another main in its place.
 function(tqx_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "MAIN" "SOURCES;LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "QT" "MAIN" "SOURCES;LINKS;INSIDE")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE ${arg_LINKS} GTest::gmock tqx_options)
+  tqx_inside(${name} ${arg_INSIDE})
   if(arg_QT)
     if(NOT arg_MAIN)
       set(arg_MAIN ${PROJECT_SOURCE_DIR}/tests/support/qt_test_main.cpp)

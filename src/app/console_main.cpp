@@ -1,4 +1,5 @@
-#include <app/console_program.h>
+#include "app/console_program.h"
+
 #include <linuxboard/linux_board.h>
 
 /// The console on the machine's own ports.

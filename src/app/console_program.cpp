@@ -1,9 +1,9 @@
 #include "app/console_program.h"
 
 #include "app/application.h"
-#include "app/end_signals.h"
-#include "app/help_pages.h"
-#include "app/let_go_at_exit.h"
+#include "end_signals.h"
+#include "help_pages.h"
+#include "let_go_at_exit.h"
 
 #include <console/link_failure_notice.h>
 

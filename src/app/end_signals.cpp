@@ -1,4 +1,4 @@
-#include "app/end_signals.h"
+#include "end_signals.h"
 
 #include <QSocketNotifier>
 

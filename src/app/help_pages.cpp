@@ -1,6 +1,6 @@
-#include "app/help_pages.h"
+#include "help_pages.h"
 
-#include <console/system_dialogs.h>
+#include <controls/system_dialogs.h>
 
 #include <QDesktopServices>
 #include <QDir>

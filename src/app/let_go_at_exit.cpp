@@ -1,4 +1,4 @@
-#include "app/let_go_at_exit.h"
+#include "let_go_at_exit.h"
 
 #include <QCoreApplication>
 #include <QThread>

@@ -1,4 +1,5 @@
-#include <app/console_program.h>
+#include "app/console_program.h"
+
 #include <simulated/simulated_board.h>
 #include <simulator/simulated_board_frm.h>
 

@@ -1,8 +1,7 @@
 #include "console/high_byte_combo.h"
 
-#include "console/number_text.h"
-
 #include <controls/look.h>
+#include <controls/number_text.h>
 #include <device/eeprom_map.h>
 
 namespace tqx {

@@ -1,4 +1,4 @@
-#include "search/build_rules.h"
+#include "build_rules.h"
 
 #include <charconv>
 

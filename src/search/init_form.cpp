@@ -1,14 +1,14 @@
 #include "search/init_form.h"
 
+#include "build_rules.h"
 #include "pass_over.h"
-#include "search/build_rules.h"
+#include "result_rows.h"
 #include "search/main_form_door.h"
-#include "search/result_rows.h"
 #include "wizard_pages.h"
 #include "wizard_picture.h"
 
-#include <console/system_dialogs.h>
 #include <controls/look.h>
+#include <controls/system_dialogs.h>
 #include <device/bench.h>
 
 #include <QCloseEvent>

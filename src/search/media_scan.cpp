@@ -1,7 +1,7 @@
 #include "search/media_scan.h"
 
 #include "pass_over.h"
-#include "search/result_rows.h"
+#include "result_rows.h"
 
 #include <device/register_addresses.h>
 #include <link/link_root.h>

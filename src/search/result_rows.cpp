@@ -1,6 +1,6 @@
-#include "search/result_rows.h"
+#include "result_rows.h"
 
-#include <console/number_text.h>
+#include <controls/number_text.h>
 
 namespace tqx {
 namespace {

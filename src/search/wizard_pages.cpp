@@ -1,9 +1,9 @@
 #include "wizard_pages.h"
 
-#include "search/result_rows.h"
+#include "result_rows.h"
 
-#include <console/number_text.h>
 #include <controls/look.h>
+#include <controls/number_text.h>
 
 #include <QCheckBox>
 #include <QCoreApplication>

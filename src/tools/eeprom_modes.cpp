@@ -1,4 +1,4 @@
-#include "tools/eeprom_modes.h"
+#include "eeprom_modes.h"
 
 #include <device/eeprom_map.h>
 #include <device/register_addresses.h>

@@ -1,4 +1,4 @@
-#include "tools/elided_label.h"
+#include "elided_label.h"
 
 #include <QPainter>
 

@@ -1,10 +1,10 @@
 #include "tools/tools.h"
 
-#include "tools/eeprom_com_frm.h"
-#include "tools/erase_eeprom_frm.h"
-#include "tools/frm_about.h"
-#include "tools/gpio_config_frm.h"
-#include "tools/register_dump_frm.h"
+#include "about/frm_about.h"
+#include "eeprom_com/eeprom_com_frm.h"
+#include "erase_eeprom/erase_eeprom_frm.h"
+#include "gpio_config/gpio_config_frm.h"
+#include "register_dump/register_dump_frm.h"
 
 #include <console/main_form.h>
 #include <controls/look.h>

@@ -1,6 +1,6 @@
 #include "app/board_program.h"
+#include "end_signals.h"
 
-#include <app/end_signals.h>
 #include <console/main_form.h>
 #include <search/init_form.h>
 

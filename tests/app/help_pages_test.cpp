@@ -1,6 +1,6 @@
 #include "app/board_program.h"
+#include "help_pages.h"
 
-#include <app/help_pages.h>
 #include <tools/tools.h>
 
 #include <QAction>

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "shell/msg_box_frm.h"
 #include "support/answered_dialogs.h"
 #include "support/hands.h"
 
 #include <app/application.h>
 #include <app/console_program.h>
-#include <console/msg_box_frm.h>
 
 #include <QCheckBox>
 #include <QLabel>

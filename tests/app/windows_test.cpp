@@ -1,16 +1,16 @@
 // Every window of the program, as someone meets it who sees no screen or uses no mouse.
 
+#include "about/frm_about.h"
 #include "app/board_program.h"
 #include "app/control_walk.h"
+#include "eeprom_com/eeprom_com_frm.h"
+#include "erase_eeprom/erase_eeprom_frm.h"
+#include "gpio_config/gpio_config_frm.h"
+#include "help_pages.h"
+#include "register_dump/register_dump_frm.h"
+#include "shell/msg_box_frm.h"
 
-#include <app/help_pages.h>
-#include <console/msg_box_frm.h>
 #include <simulator/simulated_board_frm.h>
-#include <tools/eeprom_com_frm.h>
-#include <tools/erase_eeprom_frm.h>
-#include <tools/frm_about.h>
-#include <tools/gpio_config_frm.h>
-#include <tools/register_dump_frm.h>
 #include <tools/sys_info.h>
 
 #include <QAbstractButton>

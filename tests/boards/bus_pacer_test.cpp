@@ -1,5 +1,5 @@
 #include "board_fixture.h"
-#include "faulty_port.h"
+#include "faults/faulty_port.h"
 #include "simulated_port.h"
 #include "simulated_smbus.h"
 

@@ -1,4 +1,4 @@
-#include <simulated/line_slave.h>
+#include "bus/line_slave.h"
 
 #include <cstdio>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "blocks/block_panel.h"
 #include "support/hands.h"
 
-#include <console/block_panel.h>
 #include <controls/number_entry.h>
 #include <device/bench.h>
 #include <link/link_error.h>

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "control_centre/control_centre.h"
 #include "support/hands.h"
 #include "support/recording_link.h"
 
-#include <console/control_centre.h>
 #include <controls/alarm_lamp.h>
 #include <controls/linear_gauge.h>
 #include <controls/row_label.h>

@@ -1,7 +1,7 @@
 #include "console/control_centre_limits_fixture.h"
+#include "control_centre/limit_handles.h"
+#include "control_centre/size_strip_bar.h"
 
-#include <console/limit_handles.h>
-#include <console/size_strip_bar.h>
 #include <device/display_rows.h>
 #include <link/link_error.h>
 

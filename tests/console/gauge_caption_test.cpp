@@ -1,4 +1,4 @@
-#include <console/gauge_caption.h>
+#include "control_centre/gauge_caption.h"
 
 #include <QLocale>
 

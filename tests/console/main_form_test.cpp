@@ -1,7 +1,7 @@
+#include "shell/msg_box_frm.h"
 #include "support/recorded_bench.h"
 
 #include <console/main_form.h>
-#include <console/msg_box_frm.h>
 #include <device/bench.h>
 
 #include <QAction>

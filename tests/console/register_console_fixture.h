@@ -1,9 +1,9 @@
 #pragma once
 
+#include "registers/register_console.h"
 #include "support/hands.h"
 #include "support/recorded_bench.h"
 
-#include <console/register_console.h>
 #include <controls/number_entry.h>
 #include <controls/row_label.h>
 

@@ -1,6 +1,6 @@
 #include "console/register_console_fixture.h"
 
-#include <console/number_text.h>
+#include <controls/number_text.h>
 #include <device/register_map.h>
 
 #include <QApplication>

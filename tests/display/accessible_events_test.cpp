@@ -1,8 +1,8 @@
 // What a screen reader is told while the program runs, as Qt hands it to the desktop.
 
 #include "app/board_program.h"
+#include "control_centre/control_centre.h"
 
-#include <console/control_centre.h>
 #include <console/main_form.h>
 #include <controls/alarm_lamp.h>
 #include <controls/linear_gauge.h>

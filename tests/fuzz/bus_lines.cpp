@@ -2,8 +2,8 @@
 // Whatever came over the lines: once they are parked, the chip answers the next transfer.
 
 #include "fuzz/fuzz_bytes.h"
+#include "printer_port/line_layer.h"
 
-#include <link/line_layer.h>
 #include <simulated/simulated_board.h>
 
 namespace tqx {

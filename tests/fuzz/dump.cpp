@@ -1,8 +1,9 @@
 // The place and the text of a register dump.
 
 #include "fuzz/fuzz_bytes.h"
-#include "tools/dump_format.h"
-#include "tools/dump_place.h"
+#include "register_dump/dump_place.h"
+
+#include <tools/dump_format.h>
 
 #include <QStandardPaths>
 

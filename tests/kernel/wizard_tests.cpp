@@ -2,10 +2,10 @@
 // kernel-test.sh as an ordinary user; each suite is a state of the machine.
 
 #include "kernel/kernel_bench.h"
+#include "registers/register_console.h"
 #include "support/answered_dialogs.h"
 
 #include <app/console_program.h>
-#include <console/register_console.h>
 #include <controls/row_label.h>
 #include <link/cell_transfer.h>
 #include <linuxboard/linux_board.h>

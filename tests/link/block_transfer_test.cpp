@@ -1,7 +1,7 @@
+#include "printer_port/pport_block_com.h"
 #include "support/recording_link.h"
 
 #include <link/pec.h>
-#include <link/pport_block_com.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

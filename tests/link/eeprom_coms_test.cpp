@@ -1,9 +1,9 @@
 #include "link/bus_phases.h"
+#include "printer_port/eeprom_coms.h"
 #include "support/recording_link.h"
 #include "support/scripted_board.h"
 
 #include <link/coms_port.h>
-#include <link/eeprom_coms.h>
 
 #include <algorithm>
 #include <gtest/gtest.h>

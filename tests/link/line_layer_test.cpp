@@ -1,7 +1,6 @@
 #include "link/bus_phases.h"
+#include "printer_port/line_layer.h"
 #include "support/scripted_board.h"
-
-#include <link/line_layer.h>
 
 #include <chrono>
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
 #include "link/bus_phases.h"
+#include "printer_port/line_layer.h"
 #include "support/recording_link.h"
 #include "support/scripted_board.h"
 
 #include <link/burst_scope.h>
-#include <link/line_layer.h>
 #include <link/port_link.h>
 
 #include <chrono>

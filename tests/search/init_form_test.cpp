@@ -1,6 +1,5 @@
+#include "result_rows.h"
 #include "search/wizard_fixture.h"
-
-#include <search/result_rows.h>
 
 #include <QMouseEvent>
 #include <QPaintEvent>

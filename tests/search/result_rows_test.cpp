@@ -1,5 +1,5 @@
-#include <search/build_rules.h>
-#include <search/result_rows.h>
+#include "build_rules.h"
+#include "result_rows.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <console/system_dialogs.h>
+#include <controls/system_dialogs.h>
 
 #include <QStringList>
 

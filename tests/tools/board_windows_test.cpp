@@ -1,14 +1,14 @@
 // The tool windows on the simulated board: what one of them does is what the others see.
 
+#include "blocks/block_panel.h"
+#include "eeprom_com/eeprom_com_frm.h"
+#include "register_dump/register_dump_frm.h"
 #include "support/answered_dialogs.h"
 #include "support/hands.h"
 
-#include <console/block_panel.h>
 #include <controls/number_entry.h>
 #include <device/bench.h>
 #include <simulated/simulated_board.h>
-#include <tools/eeprom_com_frm.h>
-#include <tools/register_dump_frm.h>
 
 #include <QComboBox>
 #include <QFile>

@@ -1,9 +1,9 @@
+#include "eeprom_com/eeprom_com_frm.h"
 #include "tools/tool_fixture.h"
 
 #include <console/high_byte_combo.h>
 #include <console/random_fill.h>
 #include <controls/number_entry.h>
-#include <tools/eeprom_com_frm.h>
 
 #include <QLabel>
 #include <QProgressBar>

@@ -1,7 +1,7 @@
+#include "erase_eeprom/erase_eeprom_frm.h"
 #include "tools/tool_fixture.h"
 
 #include <console/high_byte_combo.h>
-#include <tools/erase_eeprom_frm.h>
 
 #include <QProgressBar>
 #include <QSignalSpy>

@@ -1,6 +1,5 @@
+#include "gpio_config/gpio_config_frm.h"
 #include "tools/tool_fixture.h"
-
-#include <tools/gpio_config_frm.h>
 
 #include <QComboBox>
 #include <QWheelEvent>

@@ -1,7 +1,6 @@
+#include "register_dump/register_dump.h"
 #include "tools/dump_sample.h"
 #include "tools/tool_fixture.h"
-
-#include <tools/register_dump.h>
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,4 +1,5 @@
-#include <tools/frm_about.h>
+#include "about/frm_about.h"
+
 #include <tools/sys_info.h>
 
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include <tools/tool_window.h>
+#include "tool_window.h"
 
 #include <QPushButton>
 #include <QSignalSpy>

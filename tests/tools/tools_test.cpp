@@ -1,11 +1,11 @@
+#include "eeprom_com/eeprom_com_frm.h"
+#include "erase_eeprom/erase_eeprom_frm.h"
+#include "gpio_config/gpio_config_frm.h"
+#include "register_dump/register_dump_frm.h"
 #include "support/answered_dialogs.h"
 #include "tools/tool_fixture.h"
 
 #include <console/main_form.h>
-#include <tools/eeprom_com_frm.h>
-#include <tools/erase_eeprom_frm.h>
-#include <tools/gpio_config_frm.h>
-#include <tools/register_dump_frm.h>
 #include <tools/tools.h>
 
 #include <QAction>

@@ -1,7 +1,7 @@
 #include "simulated/simulated_board.h"
 
-#include "faulty_port.h"
-#include "faulty_smbus.h"
+#include "faults/faulty_port.h"
+#include "faults/faulty_smbus.h"
 #include "simulated_port.h"
 #include "simulated_smbus.h"
 

@@ -1,6 +1,6 @@
 #include "simulated_port.h"
 
-#include "wired_lines.h"
+#include "bus/wired_lines.h"
 
 namespace tqx {
 

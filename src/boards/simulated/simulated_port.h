@@ -1,7 +1,7 @@
 #pragma once
 
+#include "bus/line_slave.h"
 #include "simulated/bus_pacer.h"
-#include "simulated/line_slave.h"
 
 #include <link/board_wiring.h>
 #include <link/parallel_port.h>

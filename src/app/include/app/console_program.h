@@ -1,7 +1,7 @@
 #pragma once
 
 #include <console/main_form.h>
-#include <console/system_dialogs.h>
+#include <controls/system_dialogs.h>
 #include <device/bench.h>
 #include <link/os_version_info.h>
 #include <search/init_form.h>

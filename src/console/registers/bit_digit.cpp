@@ -1,0 +1,132 @@
+#include "registers/bit_digit.h"
+
+#include <controls/accessible_control.h>
+#include <controls/look.h>
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace tqx {
+namespace {
+
+/// A bit to a screen reader: a box that is checked while the bit is 1.
+class AccessibleBit : public QAccessibleWidget {
+public:
+    explicit AccessibleBit(BitDigit& digit)
+        : QAccessibleWidget(&digit, QAccessible::CheckBox)
+        , m_digit(digit) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.checkable = true;
+        state.checked = m_digit.IsOne();
+        return state;
+    }
+
+    QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+
+    void doAction(const QString& action) override {
+        if (action == toggleAction()) {
+            Q_EMIT m_digit.Clicked();
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+private:
+    BitDigit& m_digit;
+};
+
+} // namespace
+
+BitDigit::BitDigit(int bit, QWidget* parent)
+    : QLabel(parent)
+    , m_bit(bit)
+    , m_legend(QString("Bit %1").arg(bit)) {
+    DescribeToScreenReaders<BitDigit, AccessibleBit>();
+    setObjectName(QString("bit%1").arg(bit));
+    setToolTip("Click to change");
+    setAlignment(Qt::AlignCenter);
+    setFont(look::NumbersFont(look::Size::Digits, look::Strong));
+    look::MakeDisplay(*this);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    Announce();
+}
+
+void BitDigit::Caption(const QString& caption) {
+    if (caption == text()) {
+        return;
+    }
+    const bool wasOne = IsOne();
+    setText(caption);
+    look::SetInk(*this, IsOne() ? look::DisplayGreen : look::DisplayInk);
+    Announce();
+    if (wasOne != IsOne()) {
+        QAccessible::State changed;
+        changed.checked = true;
+        TellScreenReaders(*this, changed);
+    }
+}
+
+void BitDigit::Legend(const QString& legend) {
+    m_legend = legend;
+    Announce();
+}
+
+QSize BitDigit::sizeHint() const {
+    return {14 * look::Grid, 11 * look::Grid};
+}
+
+void BitDigit::mouseMoveEvent(QMouseEvent*) {
+    Q_EMIT MouseMoved();
+}
+
+void BitDigit::mousePressEvent(QMouseEvent* event) {
+    m_click.Press(*event);
+}
+
+void BitDigit::mouseReleaseEvent(QMouseEvent* event) {
+    if (m_click.Release(*event, *this)) {
+        Q_EMIT Clicked();
+    }
+}
+
+void BitDigit::leaveEvent(QEvent*) {
+    Q_EMIT MouseLeft();
+}
+
+void BitDigit::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        // A key held down must not flip the bit again and again.
+        if (!event->isAutoRepeat()) {
+            Q_EMIT Clicked();
+        }
+        break;
+    default:
+        QLabel::keyPressEvent(event);
+    }
+}
+
+void BitDigit::paintEvent(QPaintEvent* event) {
+    QLabel::paintEvent(event);
+    QPainter painter(this);
+    painter.setPen(hasFocus() ? QPen(QColor(look::Accent).lighter(140), 2)
+                              : QPen(QColor(look::DisplayEdge), 1));
+    painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+void BitDigit::Announce() {
+    QString name = QString("Bit %1").arg(m_bit);
+    if (QString(m_legend).remove(' ') != QString(name).remove(' ')) {
+        name += ", " + m_legend;
+    }
+    setAccessibleName(text().isEmpty() ? name : name + ": " + text());
+}
+
+} // namespace tqx

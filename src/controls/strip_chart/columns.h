@@ -1,0 +1,58 @@
+#pragma once
+
+#include "strip_chart/trace.h"
+
+#include <span>
+
+namespace tqx {
+
+/// A row of pixel columns, each of which shows the stretch of time from its number times Width.
+struct StripColumns {
+    std::int64_t First = 0;
+    StripTime Width = StripSecond;
+
+    StripTime Begin(std::int64_t column) const { return column * Width; }
+
+    /// The column that shows `time`.
+    std::int64_t Of(StripTime time) const {
+        const std::int64_t quotient = time / Width;
+        return quotient * Width > time ? quotient - 1 : quotient;
+    }
+};
+
+/// From where to where a trace reaches within one pixel column; nothing when Low lies above High.
+struct StripExtent {
+    float Low = std::numeric_limits<float>::infinity();
+    float High = -std::numeric_limits<float>::infinity();
+
+    bool Empty() const { return !(Low <= High); }
+
+    void Take(float value) {
+        Low = value < Low ? value : Low;
+        High = value > High ? value : High;
+    }
+
+    void Take(float low, float high) {
+        Low = low < Low ? low : Low;
+        High = high > High ? high : High;
+    }
+};
+
+/// Samples further apart than this are not joined by a line: nothing was recorded between them.
+inline constexpr StripTime StripLongestJoin = 3 * StripSecond;
+
+/// The level of a trace's history from which columns of `width` are drawn: the widest slots of
+/// which a column has at least two; -1 for the raw samples.
+int StripLevelFor(const StripTrace& trace, StripTime width);
+
+/// The first column that may look different for samples that came after `time`. A slot belongs to
+/// the column in which it begins, so one that still grew at `time` may reach back.
+std::int64_t FirstChangedColumn(const StripColumns& columns, StripTime time);
+
+/// Where the line through the samples of `trace` runs in the columns from `columns.First` on, one
+/// per element of `extents`. Its cost follows from the number of columns, not from the length of
+/// the run.
+void FindExtents(const StripTrace& trace, const StripColumns& columns,
+                 std::span<StripExtent> extents);
+
+} // namespace tqx

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "strip_chart/model.h"
+
+class QIODevice;
+
+namespace tqx {
+
+/// What of a chart's history goes into a file.
+struct StripSelection {
+    StripTime From;
+    StripTime Until; ///< not included
+    std::vector<int> Variables;
+};
+
+/// The samples on view of the traces that are shown.
+StripSelection SelectOnView(const StripModel& model);
+
+/// All that is kept of every variable that has samples.
+StripSelection SelectAll(const StripModel& model);
+
+/// Writes comma-separated values with a line of headings: Time (of the place, ISO 8601 with
+/// milliseconds), Seconds since the first sample of the run, Kind, and a column per variable.
+///
+/// Samples of one tick stand in one row of the kind "sample", under the time of the first of them.
+/// Where the run is so long past that samples are no longer kept one by one, each slot of time has
+/// two rows, "min" and "max". A cell without a sample, and a gap, is empty.
+///
+/// False when the device took less than all; its error says why.
+bool WriteStripCsv(QIODevice& device, const StripModel& model, const StripSelection& selection);
+
+} // namespace tqx

@@ -1,0 +1,242 @@
+#include "strip_chart/hand.h"
+
+#include "strip_chart/overlay.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tqx {
+namespace {
+
+constexpr double Reach = 5;       ///< how near to a cursor the pointer takes hold of it
+constexpr double DragStart = 4;   ///< a press that moves no further is a click
+constexpr double ValueStart = 16; ///< a hand that drags along time does not shift values as well
+constexpr double NotchFactor = 1.25;
+constexpr int LargeStep = 10;
+
+} // namespace
+
+bool StripHand::OnPaper(const QPointF& at) const {
+    return QRectF(m_layers.Layout().Paper).contains(at);
+}
+
+bool StripHand::OnTable(const QPointF& at) const {
+    return OnPaper(at) && StripReadoutBox(m_model, m_layers).contains(at.toPoint());
+}
+
+int StripHand::CursorAt(const QPointF& at) const {
+    for (const int cursor : {m_model.Cursors.Active, 1 - m_model.Cursors.Active}) {
+        const auto moment = m_model.Cursors.At[static_cast<std::size_t>(cursor)];
+        if (moment && std::abs(m_layers.XOf(m_model, *moment) - at.x()) <= Reach) {
+            return cursor;
+        }
+    }
+    return -1;
+}
+
+void StripHand::Press(const QPointF& at) {
+    m_pressedAt = m_pannedTo = at;
+    m_cursorsBefore = m_model.Cursors;
+    m_panValues = false;
+    m_pressedLine = StripLegendAt(m_layers.Layout(), at.toPoint());
+    m_pressedTable = OnTable(at);
+    m_hold = Hold::Nothing;
+    if (m_pressedLine >= 0) {
+        m_hold = Hold::Legend;
+    } else if (m_pressedTable) {
+        m_hold = Hold::Table;
+        m_tableFrom =
+            StripReadoutBox(m_model, m_layers).topLeft() - m_layers.Layout().Paper.topLeft();
+    } else if (OnPaper(at)) {
+        m_heldCursor = CursorAt(at);
+        m_hold = m_heldCursor >= 0 ? Hold::Cursor : Hold::Click;
+        m_model.Cursors.Active = m_heldCursor >= 0 ? m_heldCursor : m_model.Cursors.Active;
+    }
+}
+
+void StripHand::Move(const QPointF& at) {
+    if (m_hold == Hold::Cursor) {
+        const QRect& paper = m_layers.Layout().Paper;
+        const double x = std::clamp<double>(at.x(), paper.left(), paper.right());
+        m_model.Cursors.Place(m_heldCursor, m_layers.TimeAt(m_model, x));
+    }
+    const QPointF moved = at - m_pressedAt;
+    if (m_hold == Hold::Table) {
+        m_model.Cursors.TableAt = m_tableFrom + moved.toPoint();
+    }
+    if (m_hold == Hold::Click && std::hypot(moved.x(), moved.y()) >= DragStart) {
+        m_hold = Hold::Pan;
+    }
+    if (m_hold == Hold::Pan) {
+        Pan(at);
+    }
+}
+
+void StripHand::Pan(const QPointF& at) {
+    const double ratio = m_layers.PixelRatio();
+    const auto columns = std::llround((m_pannedTo.x() - at.x()) * ratio);
+    m_model.View.PanTime(columns);
+    m_pannedTo.rx() -= static_cast<double>(columns) / ratio;
+    if (!m_panValues && std::abs(at.y() - m_pressedAt.y()) >= ValueStart) {
+        m_panValues = true;
+        m_pannedTo.setY(at.y());
+    }
+    if (m_panValues) {
+        m_model.View.PanValues(m_layers.ValueAt(m_model, m_pannedTo.y()) -
+                               m_layers.ValueAt(m_model, at.y()));
+        m_pannedTo.setY(at.y());
+    }
+}
+
+void StripHand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
+    const Hold held = std::exchange(m_hold, Hold::Nothing);
+    if (held == Hold::Click) {
+        const int cursor = modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0;
+        m_model.Cursors.Place(cursor, m_layers.TimeAt(m_model, at.x()));
+    }
+    const bool sameLine = StripLegendAt(m_layers.Layout(), at.toPoint()) == m_pressedLine;
+    if (held != Hold::Legend || !sameLine || m_model.Legend(m_pressedLine).isEmpty()) {
+        return;
+    }
+    if (modifiers.testFlag(Qt::ControlModifier)) {
+        m_model.ShowOnly(m_pressedLine);
+    } else {
+        m_model.ToggleTrace(m_pressedLine);
+    }
+}
+
+void StripHand::DoubleClick(const QPointF& at) {
+    if (m_pressedTable) {
+        m_model.Cursors.TableAt.reset();
+    } else if (OnPaper(at)) {
+        m_model.Cursors = m_cursorsBefore;
+        m_model.View.Live();
+        m_hold = Hold::Nothing;
+    } else {
+        Press(at);
+    }
+}
+
+bool StripHand::Wheel(const QPointF& at, double notches, bool values) {
+    const QRect& paper = m_layers.Layout().Paper;
+    const bool onLabels = m_layers.Layout().ValueLabels.contains(at.toPoint());
+    if (!OnPaper(at) && !onLabels) {
+        return false;
+    }
+    const double factor = std::pow(NotchFactor, -notches);
+    if (values || onLabels) {
+        m_model.View.ZoomValues(factor, m_layers.ValueAt(m_model, at.y()));
+    } else {
+        m_model.View.ZoomTime(factor, (at.x() - paper.left()) / paper.width());
+    }
+    return true;
+}
+
+void StripHand::ZoomTime(double notches) {
+    m_model.View.ZoomTimeAtEdge(std::pow(NotchFactor, -notches));
+}
+
+void StripHand::ZoomValues(double notches) {
+    const StripRange values = m_model.View.Values();
+    m_model.View.ZoomValues(std::pow(NotchFactor, -notches), (values.Low + values.High) / 2);
+}
+
+void StripHand::ToggleCursor(int cursor) {
+    auto& at = m_model.Cursors.At[static_cast<std::size_t>(cursor)];
+    if (at) {
+        at.reset();
+        m_model.Cursors.Active = 1 - cursor;
+        return;
+    }
+    const StripView& view = m_model.View;
+    const StripTime shown = std::min(view.End(), m_model.History.Newest());
+    const StripTime begin = std::clamp<StripTime>(view.Begin(), 0, shown);
+    m_model.Cursors.Place(cursor, begin + (shown - begin) * (cursor + 1) / 3);
+}
+
+bool StripHand::Key(int key, Qt::KeyboardModifiers modifiers) {
+    const bool control = modifiers.testFlag(Qt::ControlModifier);
+    const int step = modifiers.testFlag(Qt::ShiftModifier) ? LargeStep : 1;
+    const auto& active = m_model.Cursors.At[static_cast<std::size_t>(m_model.Cursors.Active)];
+    switch (key) {
+    case Qt::Key_Left:
+    case Qt::Key_Right: {
+        const int direction = key == Qt::Key_Left ? -1 : 1;
+        if (active && !control) {
+            StepCursor(direction * step);
+        } else {
+            PanColumns(0.1 * direction);
+        }
+        return true;
+    }
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        PanColumns(key == Qt::Key_PageUp ? -0.9 : 0.9);
+        return true;
+    case Qt::Key_Up:
+    case Qt::Key_Down: {
+        const int direction = key == Qt::Key_Up ? 1 : -1;
+        if (control) {
+            PanValues(0.1 * direction);
+        } else {
+            StepLegend(-direction);
+        }
+        return true;
+    }
+    default:
+        return false;
+    }
+}
+
+/// Moves the cursor in hand; the view follows it across its edges.
+void StripHand::StepCursor(int columns) {
+    const StripColumns on = m_model.View.Columns();
+    const StripTime from = *m_model.Cursors.At[static_cast<std::size_t>(m_model.Cursors.Active)];
+    const StripTime to = std::clamp<StripTime>(from + columns * on.Width, 0,
+                                               std::max<StripTime>(m_model.History.Newest(), 0));
+    m_model.Cursors.Place(m_model.Cursors.Active, to);
+    const std::int64_t column = on.Of(to) - on.First;
+    const std::int64_t last = m_model.View.ColumnCount() - 1;
+    if (column < 0 || column > last) {
+        m_model.View.PanTime(column < 0 ? column : column - last);
+    }
+}
+
+/// Moves on to the next legend line that has a text.
+void StripHand::StepLegend(int step) {
+    int& pick = m_model.LegendPick;
+    if (pick < 0) {
+        pick = step > 0 ? -1 : StripLegendLines;
+    }
+    for (int tried = 0; tried < StripLegendLines; ++tried) {
+        pick = (pick + step + StripLegendLines) % StripLegendLines;
+        if (!m_model.Legend(pick).isEmpty()) {
+            return;
+        }
+    }
+    pick = -1;
+}
+
+void StripHand::PanColumns(double pages) {
+    m_model.View.PanTime(std::llround(pages * m_model.View.ColumnCount()));
+}
+
+void StripHand::PanValues(double pages) {
+    m_model.View.PanValues(pages * m_model.View.Values().Span());
+}
+
+Qt::CursorShape StripHand::ShapeAt(const QPointF& at) const {
+    if (m_hold == Hold::Pan) {
+        return Qt::ClosedHandCursor;
+    }
+    if (m_hold == Hold::Table || (m_hold == Hold::Nothing && OnTable(at))) {
+        return Qt::SizeAllCursor;
+    }
+    if (m_hold == Hold::Cursor || (OnPaper(at) && CursorAt(at) >= 0)) {
+        return Qt::SplitHCursor;
+    }
+    const int line = StripLegendAt(m_layers.Layout(), at.toPoint());
+    return line >= 0 && !m_model.Legend(line).isEmpty() ? Qt::PointingHandCursor : Qt::ArrowCursor;
+}
+
+} // namespace tqx

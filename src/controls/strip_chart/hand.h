@@ -1,0 +1,70 @@
+#pragma once
+
+#include "strip_chart/layers.h"
+
+#include <QPointF>
+
+namespace tqx {
+
+/// The user's hand on a chart: pointer, wheel and moving keys, turned into changes of what is on
+/// view. Positions are in device-independent pixels.
+///
+/// On the paper a drag pans and a click places the first cursor, with Shift the second; a cursor
+/// can be taken hold of, and so can the table of what the cursors read. On the legend a click hides
+/// or shows a trace, with Ctrl it shows it alone.
+class StripHand {
+public:
+    StripHand(StripModel& model, const StripLayers& layers)
+        : m_model(model)
+        , m_layers(layers) {}
+
+    void Press(const QPointF& at);
+    void Move(const QPointF& at);
+    void Release(const QPointF& at, Qt::KeyboardModifiers modifiers);
+
+    /// Back to the newest sample; undoes what the first click of the two did. On the table of
+    /// read-outs: lets it find its place by itself again.
+    void DoubleClick(const QPointF& at);
+
+    /// Zooms by `notches`, values rather than time when `values`. Whether `at` is a place for it.
+    bool Wheel(const QPointF& at, double notches, bool values);
+
+    /// Whether `key` moves anything.
+    bool Key(int key, Qt::KeyboardModifiers modifiers);
+
+    /// What the pointer would do at `at`.
+    Qt::CursorShape ShapeAt(const QPointF& at) const;
+
+    /// Zooms by `notches` about the middle, time about the newest sample.
+    void ZoomTime(double notches);
+    void ZoomValues(double notches);
+
+    /// Places a cursor on view, the first ahead of the second; takes off one that stands.
+    void ToggleCursor(int cursor);
+
+private:
+    enum class Hold { Nothing, Click, Pan, Cursor, Table, Legend };
+
+    int CursorAt(const QPointF& at) const;
+    bool OnPaper(const QPointF& at) const;
+    bool OnTable(const QPointF& at) const;
+    void Pan(const QPointF& at);
+    void StepCursor(int columns);
+    void StepLegend(int step);
+    void PanColumns(double pages);
+    void PanValues(double pages);
+
+    StripModel& m_model;
+    const StripLayers& m_layers;
+    Hold m_hold = Hold::Nothing;
+    int m_heldCursor = 0;
+    int m_pressedLine = -1;
+    bool m_pressedTable = false;
+    bool m_panValues = false;
+    QPointF m_pressedAt;
+    QPointF m_pannedTo;
+    QPoint m_tableFrom; // where the table stood when it was taken, from the paper's corner
+    StripCursors m_cursorsBefore;
+};
+
+} // namespace tqx

@@ -1,0 +1,313 @@
+#include "strip_chart/layers.h"
+
+#include "controls/look.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+
+#include <cmath>
+
+namespace tqx {
+namespace {
+
+constexpr int ValueLabelGap = 34;          ///< least distance of two value labels
+constexpr int TimeLabelGap = 92;           ///< least distance of two time labels
+constexpr int ArrowSize = 8;               ///< of a trace that has left the paper
+constexpr std::size_t MostTimeLabels = 64; ///< kept as pictures
+constexpr int LeastLegendName = 72;
+constexpr int MostLegendName = 180;
+
+QFont TitleFont() {
+    return look::WordsFont(look::Size::Section, look::Strong);
+}
+
+QFont LabelFont() {
+    return look::NumbersFont(look::Size::Fine);
+}
+
+QFont LegendFont(int lineHeight) {
+    QFont font = look::WordsFont(look::Size::Note);
+    if (lineHeight < 16) {
+        font.setPixelSize(std::max(lineHeight - 3, 6));
+    }
+    return font;
+}
+
+QString TickText(const StripModel& model, StripTime tick, StripTime step) {
+    const StripTime fraction = model.Wall.At(tick) % StripSecond;
+    if (step < StripSecond && fraction != 0) {
+        const int digits = step < StripSecond / 10 ? 2 : 1;
+        return QString::number(static_cast<double>(fraction) / 1e9, 'f', digits).mid(1);
+    }
+    return StripClockText(model, tick);
+}
+
+} // namespace
+
+void PaintStripSwatch(QPainter& painter, const QRectF& swatch, QRgb colour, bool filled) {
+    const bool outlined = !filled || ContrastRatio(colour, look::Paper) < LeastStripContrast;
+    painter.setPen(outlined ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen));
+    painter.setBrush(filled ? QBrush(QColor(colour)) : QBrush(Qt::NoBrush));
+    painter.drawRoundedRect(swatch, 1.5, 1.5);
+}
+
+StripTime StripLayers::TimeAt(const StripModel& model, double x) const {
+    const StripColumns columns = model.View.Columns();
+    const double column = std::floor((x - m_layout.Paper.left()) * m_pixelRatio);
+    return columns.Begin(columns.First + static_cast<std::int64_t>(column) + 1) - 1;
+}
+
+double StripLayers::XOf(const StripModel& model, StripTime time) const {
+    const StripColumns columns = model.View.Columns();
+    const auto column = static_cast<double>(columns.Of(time) - columns.First);
+    return m_layout.Paper.left() + (column + 0.5) / m_pixelRatio;
+}
+
+double StripLayers::ValueAt(const StripModel& model, double y) const {
+    return StripValue(y - m_layout.Paper.top(), model.View.Values(), m_layout.Paper.height());
+}
+
+double StripLayers::YOf(const StripModel& model, double value) const {
+    return m_layout.Paper.top() + 0.5 +
+           StripRow(value, model.View.Values(), m_layout.Paper.height());
+}
+
+StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
+    const QFontMetrics labels(LabelFont());
+    const QFontMetrics legend(look::WordsFont(look::Size::Note));
+    StripTextSizes sizes{};
+    sizes.TitleHeight = std::max(QFontMetrics(TitleFont()).height(), 24);
+    sizes.TimeCaptionWidth = QFontMetrics(look::WordsFont(look::Size::Note))
+                                 .horizontalAdvance(model.Captions[TimeCaption].Text) +
+                             labels.horizontalAdvance(QStringLiteral(" 00 00 00")) + 4;
+    sizes.LabelHeight = labels.height();
+    sizes.ValueLabelWidth = labels.horizontalAdvance(QStringLiteral("-00.00"));
+    for (int variable = 0; variable < StripLegendLines; ++variable) {
+        sizes.LegendNameWidth =
+            std::max(sizes.LegendNameWidth, legend.horizontalAdvance(model.Legend(variable)) + 4);
+    }
+    sizes.LegendNameWidth = std::clamp(sizes.LegendNameWidth, LeastLegendName, MostLegendName);
+    return sizes;
+}
+
+QRect StripLayers::OnScreen(const QRect& rect) const {
+    const auto pixel = [this](int position) {
+        return static_cast<int>(std::lround(position * m_pixelRatio));
+    };
+    return {QPoint(pixel(rect.left()), pixel(rect.top())),
+            QPoint(pixel(rect.right() + 1) - 1, pixel(rect.bottom() + 1) - 1)};
+}
+
+void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio,
+                         int buttonsWidth) {
+    if (!m_valid || size != m_size || pixelRatio != m_pixelRatio) {
+        m_valid = true;
+        m_size = size;
+        m_pixelRatio = pixelRatio;
+        m_layout = LayOutStrip(size, MeasureTexts(model), buttonsWidth);
+        m_paperOnScreen = OnScreen(m_layout.Paper);
+        m_paper.Resize(m_paperOnScreen.size());
+        model.View.ColumnCount(m_paperOnScreen.width());
+        m_stillValid = false;
+        m_timeLabels.clear();
+    }
+    if (model.Inks != m_stillInks) {
+        m_stillInks = model.Inks;
+        m_stillValid = false;
+        m_paper.Invalidate();
+    }
+    if (!m_stillValid || model.View.Values() != m_stillValues || model.LegendPick != m_stillPick) {
+        m_stillValues = model.View.Values();
+        m_stillPick = model.LegendPick;
+        m_valueStep = StripValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
+        DrawStill(model);
+        m_stillValid = true;
+    }
+}
+
+QRegion StripLayers::DrawFrame(const StripModel& model) {
+    const StripTime step = StripTimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
+    if (step != m_timeStep || m_timeLabels.size() > MostTimeLabels) {
+        m_timeStep = step;
+        m_timeLabels.clear();
+    }
+    StripPaperSetup setup;
+    setup.View = model.View;
+    setup.Inks = model.Inks;
+    setup.Wall = &model.Wall;
+    setup.Zone = &model.Zone;
+    setup.TimeStep = m_timeStep;
+    setup.ValueStep = m_valueStep;
+    setup.PixelRatio = m_pixelRatio;
+    setup.Antialiased = model.Antialiased;
+    const StripPaper::Change change = m_paper.Draw(model.History, setup);
+    QRegion changed;
+    if (!change.Empty()) {
+        const double left = m_layout.Paper.left();
+        const int begin = static_cast<int>(std::floor(left + change.Begin / m_pixelRatio)) - 1;
+        const int end = static_cast<int>(std::ceil(left + change.End / m_pixelRatio)) + 1;
+        changed = QRect(begin, m_layout.Paper.top(), end - begin, m_layout.Paper.height())
+                      .intersected(m_layout.Paper);
+        if (change.End - change.Begin == m_paper.Size().width()) {
+            changed += m_layout.TimeLabels;
+        }
+    }
+    const StripOffScale offScale = FindOffScale(model);
+    if (offScale != m_offScale) {
+        m_offScale = offScale;
+        changed += m_layout.OffScale;
+    }
+    const std::int64_t second = model.Wall.At(model.History.Newest()) / StripSecond;
+    if (second != m_shownSecond) {
+        m_shownSecond = second;
+        changed += m_layout.TimeCaption;
+    }
+    return changed;
+}
+
+void StripLayers::DrawStill(const StripModel& model) {
+    m_still = QImage((QSizeF(m_size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
+    m_still.fill(look::Paper);
+    QPainter painter(&m_still);
+    painter.scale(m_pixelRatio, m_pixelRatio);
+    painter.setRenderHint(QPainter::Antialiasing);
+
+    painter.setFont(TitleFont());
+    painter.setPen(QColor(look::PaperInk));
+    painter.drawText(
+        m_layout.Title, Qt::AlignLeft | Qt::AlignVCenter,
+        QFontMetrics(painter.font())
+            .elidedText(model.Captions[TitleCaption].Text, Qt::ElideRight, m_layout.Title.width()));
+
+    painter.setFont(LabelFont());
+    painter.setPen(QColor(look::QuietInk));
+    const QRect& paper = m_layout.Paper;
+    const int decimals = StripDecimals(m_valueStep);
+    for (const double tick : StripValueTicks(m_stillValues, m_valueStep)) {
+        const int row =
+            paper.top() +
+            static_cast<int>(std::lround(StripRow(tick, m_stillValues, paper.height())));
+        const QRect label(m_layout.ValueLabels.left(), row - 10, m_layout.ValueLabels.width(), 20);
+        const double shown = std::abs(tick) < m_valueStep / 2 ? 0.0 : tick;
+        painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter,
+                         QString::number(shown, 'f', decimals));
+    }
+    DrawLegend(painter, model);
+
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    painter.setPen(QPen(QColor(look::Rule), 0));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(paper).adjusted(-1, -1, 0, 0));
+}
+
+void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
+    painter.setFont(LegendFont(m_layout.LegendLineHeight));
+    for (int variable = 0; variable < StripLegendLines; ++variable) {
+        const QString name = model.Legend(variable);
+        if (name.isEmpty()) {
+            continue;
+        }
+        const QRect line = StripLegendLine(m_layout, variable);
+        if (variable == model.LegendPick) {
+            painter.setPen(QPen(QColor(look::Accent), 1));
+            painter.setBrush(Qt::NoBrush);
+            painter.drawRoundedRect(QRectF(line).adjusted(-3.5, 0.5, 0.5, -0.5), 3, 3);
+        }
+        const QRgb colour = model.LegendCaption(variable).Colour;
+        const bool shown = model.Ink(variable).Shown;
+        const QRectF swatch(line.left() + 0.5, line.center().y() - 2, StripSwatchWidth - 1, 5);
+        PaintStripSwatch(painter, swatch, colour, shown);
+        painter.setPen(QColor(shown ? look::PaperInk : look::QuietInk));
+        const QRect text = line.adjusted(StripSwatchWidth + 8, 0, 0, 0);
+        painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
+                         painter.fontMetrics().elidedText(name, Qt::ElideRight, text.width()));
+    }
+}
+
+void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripModel& model) const {
+    painter.save();
+    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+    for (const QRect& rect : region) {
+        const QRect part = OnScreen(rect);
+        if (!m_paperOnScreen.contains(part)) {
+            painter.drawImage(part.topLeft(), m_still, part);
+        }
+        m_paper.CopyTo(painter, m_paperOnScreen.topLeft(), part);
+    }
+    painter.restore();
+    if (region.intersects(m_layout.TimeLabels)) {
+        PaintTimes(painter, model);
+    }
+    if (region.intersects(m_layout.OffScale)) {
+        PaintOffScale(painter, model);
+    }
+    if (region.intersects(m_layout.TimeCaption) && !model.History.Empty()) {
+        painter.setPen(QColor(look::QuietInk));
+        painter.setFont(LabelFont());
+        painter.drawText(m_layout.TimeCaption, Qt::AlignRight | Qt::AlignVCenter,
+                         StripClockText(model, model.History.Newest()));
+        painter.setFont(look::WordsFont(look::Size::Note));
+        painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
+                         model.Captions[TimeCaption].Text);
+    }
+}
+
+void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
+    const StripColumns columns = model.View.Columns();
+    painter.save();
+    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+    for (const StripTime tick :
+         StripTimeTicks(model.View.Begin(), model.View.End(), m_timeStep, model.Wall, model.Zone)) {
+        const auto column = static_cast<int>(columns.Of(tick) - columns.First);
+        const QImage& label = TimeLabel(model, tick);
+        painter.drawImage(m_paperOnScreen.left() + column - label.width() / 2,
+                          OnScreen(m_layout.TimeLabels).top(), label);
+    }
+    painter.restore();
+}
+
+/// An arrow in the colour of each trace that has left the paper, at the edge that it left by.
+void StripLayers::PaintOffScale(QPainter& painter, const StripModel& model) const {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRect& room = m_layout.OffScale;
+    const double middle = room.left() + room.width() / 2.0;
+    for (const bool above : {true, false}) {
+        double y = above ? room.top() + 2 : room.bottom() - 1;
+        const int step = above ? ArrowSize + 2 : -ArrowSize - 2;
+        for (int variable = 0; variable < StripVariableCount; ++variable) {
+            if (((above ? m_offScale.Above : m_offScale.Below) >> variable & 1U) == 0) {
+                continue;
+            }
+            const StripInk& ink = model.Ink(variable);
+            const double base = y + (above ? ArrowSize : -ArrowSize);
+            const std::array points = {QPointF(middle, y), QPointF(middle - ArrowSize / 2.0, base),
+                                       QPointF(middle + ArrowSize / 2.0, base)};
+            painter.setPen(ink.Cased ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen));
+            painter.setBrush(QColor(ink.Colour));
+            painter.drawPolygon(points.data(), static_cast<int>(points.size()));
+            y += step;
+        }
+    }
+    painter.restore();
+}
+
+/// A label as a picture: it moves on with the paper far more often than it changes.
+const QImage& StripLayers::TimeLabel(const StripModel& model, StripTime tick) const {
+    QImage& label = m_timeLabels[tick];
+    if (label.isNull()) {
+        const QString text = TickText(model, tick, m_timeStep);
+        const QSize size(QFontMetrics(LabelFont()).horizontalAdvance(text) + 4,
+                         m_layout.TimeLabels.height());
+        label = QImage((QSizeF(size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
+        label.fill(look::Paper);
+        QPainter painter(&label);
+        painter.scale(m_pixelRatio, m_pixelRatio);
+        painter.setFont(LabelFont());
+        painter.setPen(QColor(look::QuietInk));
+        painter.drawText(QRect(QPoint(0, 0), size), Qt::AlignCenter, text);
+    }
+    return label;
+}
+
+} // namespace tqx

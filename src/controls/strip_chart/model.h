@@ -1,0 +1,106 @@
+#pragma once
+
+#include "controls/strip_captions.h"
+#include "strip_chart/geometry.h"
+#include "strip_chart/inks.h"
+
+#include <QPoint>
+#include <QString>
+
+#include <optional>
+
+namespace tqx {
+
+struct StripCaption {
+    QString Text;
+    QRgb Colour;
+};
+
+/// The two moments at which a chart is read.
+struct StripCursors {
+    std::array<std::optional<StripTime>, 2> At;
+    int Active = 0; ///< the one that keys move
+    /// Where the user has put the table of read-outs, from the paper's corner; empty: it finds a
+    /// place by itself.
+    std::optional<QPoint> TableAt;
+
+    bool Any() const { return At[0].has_value() || At[1].has_value(); }
+
+    void Place(int cursor, StripTime time) {
+        At[static_cast<std::size_t>(cursor)] = time;
+        Active = cursor;
+    }
+
+    bool operator==(const StripCursors&) const = default;
+};
+
+/// All that a chart shows.
+struct StripModel {
+    StripHistory History;
+    StripWall Wall;
+    StripZone Zone;
+    StripView View;
+    StripInks Inks = DefaultStripInks();
+    std::array<StripCaption, StripCaptionCount> Captions;
+    /// What variables without a legend line are called; one may have none of its own.
+    std::array<QString, StripVariableCount> Names;
+    StripCursors Cursors;
+    int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
+    bool Antialiased = true;
+
+    /// The caption that is the legend line of `variable`, one of the first StripLegendLines.
+    StripCaption& LegendCaption(int variable) {
+        return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
+    }
+
+    const StripCaption& LegendCaption(int variable) const {
+        return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
+    }
+
+    /// The text of the legend line of `variable`; empty when it has none.
+    QString Legend(int variable) const {
+        return variable < StripLegendLines ? LegendCaption(variable).Text : QString();
+    }
+
+    /// What `variable` is called, whether it has a legend line or not.
+    QString Name(int variable) const;
+
+    /// Whether `variable` has anything to show.
+    bool HasSamples(int variable) const { return !History.Trace(variable).Empty(); }
+
+    void ToggleTrace(int variable) { Ink(variable).Shown = !Ink(variable).Shown; }
+
+    /// Shows `variable` alone, or all again when it is alone already.
+    void ShowOnly(int variable);
+    void ShowAll();
+
+    StripInk& Ink(int variable) { return Inks[static_cast<std::size_t>(variable)]; }
+
+    const StripInk& Ink(int variable) const { return Inks[static_cast<std::size_t>(variable)]; }
+};
+
+/// The traces whose last sample on view lies above or below the range on view, a bit each.
+struct StripOffScale {
+    std::uint32_t Above = 0;
+    std::uint32_t Below = 0;
+
+    bool operator==(const StripOffScale&) const = default;
+};
+
+StripOffScale FindOffScale(const StripModel& model);
+
+/// What the clock on the wall of the place shows at a moment of the run, as the time axis writes
+/// it: "%H %M %S".
+QString StripClockText(const StripModel& model, StripTime time);
+
+/// The same with milliseconds; "-" while the chart is empty and no moment has a name.
+QString StripMomentText(const StripModel& model, StripTime time);
+
+/// What a view that stands still says about itself; empty for one that follows.
+QString StripStandstillText(const StripModel& model);
+
+/// The legend line that the keyboard is on, and the traces that are hidden; empty when there are
+/// none of either.
+QString StripLegendText(const StripModel& model);
+
+} // namespace tqx

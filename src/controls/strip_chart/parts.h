@@ -1,0 +1,47 @@
+#pragma once
+
+#include "controls/strip_chart.h"
+#include "strip_chart/commands.h"
+#include "strip_chart/hand.h"
+
+#include <QBasicTimer>
+
+class QToolButton;
+
+namespace tqx {
+
+struct StripChart::Parts {
+    explicit Parts(StripChart& chart)
+        : Commands(chart) {}
+
+    StripModel Model;
+    StripLayers Layers;
+    StripHand Hand{Model, Layers};
+    StripCommands Commands;
+    StripClock Clock = StripClock::Machine();
+    StripDoors Doors = StripDoors::Desktop();
+    QToolButton* FreezeButton = nullptr;
+    QToolButton* LiveButton = nullptr;
+    QToolButton* MenuButton = nullptr;
+    QBasicTimer Frames;
+    bool NewSamples = false;
+    QString ToldState; ///< what screen readers were told last
+    StripTime WallNotedAt = 0;
+    double YFloor = 0;
+    double YLow = 0;
+    double YCeiling = 100;
+    double YHigh = 100;
+    int StripSetting24 = 0;
+    int CaptionIndex = 0;
+    int VariableIndex = 0;
+
+    StripCaption* AddressedCaption() {
+        const bool any = CaptionIndex >= 0 && CaptionIndex < StripCaptionCount;
+        return any ? &Model.Captions[static_cast<std::size_t>(CaptionIndex)] : nullptr;
+    }
+
+    /// Notes what the wall clock says, at most once a second.
+    void NoteWall();
+};
+
+} // namespace tqx

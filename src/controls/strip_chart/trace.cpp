@@ -1,0 +1,96 @@
+#include "strip_chart/trace.h"
+
+namespace tqx {
+
+std::array<StripTrace::Level, StripTrace::LevelCount> StripTrace::MakeLevels() {
+    std::array<Level, LevelCount> levels;
+    int shift = FirstShift;
+    for (Level& level : levels) {
+        level.Shift = shift;
+        shift += ShiftStep;
+    }
+    return levels;
+}
+
+void StripTrace::Clear() {
+    m_newest = std::numeric_limits<StripTime>::min();
+    m_raw.Clear();
+    int shift = FirstShift;
+    for (Level& level : m_levels) {
+        level.Shift = shift;
+        level.IsOpen = false;
+        level.Closed.Clear();
+        shift += ShiftStep;
+    }
+}
+
+void StripTrace::OpenSlot(std::size_t level, std::uint32_t index) {
+    CloseSlot(level);
+    m_levels[level].Open = StripSlot{.Index = index};
+    m_levels[level].IsOpen = true;
+}
+
+void StripTrace::CloseSlot(std::size_t level) {
+    Level& closing = m_levels[level];
+    if (!closing.IsOpen) {
+        return;
+    }
+    if (level + 1 < m_levels.size()) {
+        if (level + 2 == m_levels.size() && m_levels.back().Closed.Full()) {
+            DoubleWidestSlots();
+        }
+        const Level& wider = m_levels[level + 1];
+        const std::uint32_t index = closing.Open.Index >> (wider.Shift - closing.Shift);
+        if (!wider.IsOpen || wider.Open.Index != index) {
+            OpenSlot(level + 1, index);
+        }
+        m_levels[level + 1].Open.Take(closing.Open);
+    }
+    closing.Closed.Push(closing.Open);
+}
+
+void StripTrace::DoubleWidestSlots() {
+    Level& widest = m_levels.back();
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < widest.Closed.Size(); ++i) {
+        StripSlot slot = widest.Closed[i];
+        slot.Index /= 2;
+        if (kept > 0 && widest.Closed[kept - 1].Index == slot.Index) {
+            widest.Closed[kept - 1].Take(slot);
+        } else {
+            widest.Closed[kept++] = slot;
+        }
+    }
+    widest.Closed.Truncate(kept);
+    widest.Open.Index /= 2;
+    ++widest.Shift;
+}
+
+StripTime StripTrace::CompleteFrom(int level) const {
+    if (level < 0) {
+        return m_raw.Full() ? m_raw.Oldest().Time : 0;
+    }
+    const Level& of = At(level);
+    return of.Closed.Full() ? StripTime{of.Closed.Oldest().Index} << of.Shift : 0;
+}
+
+std::optional<StripReading> StripTrace::ReadAt(StripTime time) const {
+    const auto later = [time](const StripSample& sample) { return sample.Time > time; };
+    if (const std::size_t count = m_raw.FirstWhere(later); count > 0) {
+        const StripSample& sample = m_raw[count - 1];
+        return StripReading{sample.Time, sample.Value, true};
+    }
+    for (const Level& level : m_levels) {
+        const auto endsLater = [&](const StripSlot& slot) {
+            return (StripTime{slot.Index} + 1) << level.Shift > time;
+        };
+        if (const std::size_t count = level.Closed.FirstWhere(endsLater); count > 0) {
+            const StripSlot& slot = level.Closed[count - 1];
+            return StripReading{((StripTime{slot.Index} + 1) << level.Shift) - 1,
+                                static_cast<double>(slot.Last), false};
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace tqx

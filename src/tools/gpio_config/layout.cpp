@@ -1,0 +1,133 @@
+#include "form_parts.h"
+#include "gpio_config/gpio_config_frm.h"
+
+#include <controls/hand_combo.h>
+#include <controls/look.h>
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+// What stands where in the GPIO control panel, and what each control sets off.
+namespace tqx {
+namespace {
+
+/// Rows of a group of lines; the first column holds their headings.
+enum Row { NumberRow, SelectorRow, DirectionRow, PolarityRow };
+
+HandCombo* Combo(const char* name, int index, int line, const QString& what) {
+    auto* combo = new HandCombo;
+    combo->setObjectName(parts::MemberName(name, index));
+    combo->setAccessibleName(what.arg(line));
+    combo->setToolTip(QObject::tr("%1; a change writes all settings of this window to the chip")
+                          .arg(what.arg(line)));
+    return combo;
+}
+
+QGroupBox* Frame(const QString& name, const QString& title, QGridLayout*& grid) {
+    QGroupBox* frame = parts::Frame(title, name);
+    grid = new QGridLayout(frame);
+    grid->setHorizontalSpacing(2 * look::Grid);
+    return frame;
+}
+
+/// The headings of group 0 or 1.
+void AddHeadings(QGridLayout& grid, int group) {
+    grid.addWidget(parts::Heading("GPIO Number:", parts::MemberName("Label3", group)), NumberRow,
+                   0);
+    grid.addWidget(parts::Heading("Direction:", parts::MemberName("Label1", group)), DirectionRow,
+                   0);
+    grid.addWidget(parts::Heading("Polarity, Active", parts::MemberName("Label2", group)),
+                   PolarityRow, 0);
+}
+
+} // namespace
+
+void GPIOConfigFRM::MakeLayout() {
+    m_readAgainCMD = parts::Button(
+        "Read Settings from TQX7716 again.", "ReadAgainCMD",
+        tr("Shows directions and polarities as the chip has them; writes nothing"), "Alt+R");
+    connect(m_readAgainCMD, &QPushButton::clicked, this, &GPIOConfigFRM::ReadAgain);
+    m_closeCMD = parts::Button("Close", "CloseCMD",
+                               tr("Closes this window; the chip keeps its settings"), "Alt+C");
+    m_closeCMD->setDefault(true);
+    connect(m_closeCMD, &QPushButton::clicked, this, &GPIOConfigFRM::close);
+
+    auto* groups = new QGridLayout;
+    groups->setSpacing(3 * look::Grid);
+    groups->addWidget(MakeFanLines(), 0, 0);
+    groups->addWidget(MakePlainLines(), 1, 0);
+    groups->addWidget(MakeThermLine(), 0, 1);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(m_readAgainCMD);
+    buttons->addStretch();
+    buttons->addWidget(m_closeCMD);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setSpacing(3 * look::Grid);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addLayout(groups);
+    layout->addLayout(buttons);
+}
+
+QGroupBox* GPIOConfigFRM::MakeFanLines() {
+    QGridLayout* grid = nullptr;
+    QGroupBox* frame = Frame("FanLinesFrame", tr("Fan pins"), grid);
+    AddHeadings(*grid, 0);
+    grid->addWidget(parts::Heading("GPIO/Fan", "Label2(2)"), SelectorRow, 0);
+    for (int line = 0; line < gpio::FanLineCount; ++line) {
+        AddSelector(*grid, line, line + 1);
+        AddLine(*grid, line, line + 1);
+    }
+    return frame;
+}
+
+QGroupBox* GPIOConfigFRM::MakePlainLines() {
+    QGridLayout* grid = nullptr;
+    QGroupBox* frame = Frame("PlainLinesFrame", tr("GPIO pins"), grid);
+    AddHeadings(*grid, 1);
+    for (int line = gpio::FanLineCount; line < gpio::ThermLine; ++line) {
+        AddLine(*grid, line, line - gpio::FanLineCount + 1);
+    }
+    return frame;
+}
+
+QGroupBox* GPIOConfigFRM::MakeThermLine() {
+    QGridLayout* grid = nullptr;
+    QGroupBox* frame = Frame("ThermLineFrame", tr("THERM pin"), grid);
+    AddSelector(*grid, gpio::FanLineCount, 0);
+    AddLine(*grid, gpio::ThermLine, 0);
+    return frame;
+}
+
+void GPIOConfigFRM::AddSelector(QGridLayout& grid, int index, int column) {
+    const int line = index == gpio::FanLineCount ? gpio::ThermLine : index;
+    HandCombo* selector = Combo("EnabledCOMBO", index, line, tr("Function of GPIO%1"));
+    m_enabledCOMBO[static_cast<std::size_t>(index)] = selector;
+    connect(selector, &HandCombo::currentIndexChanged, this, [this, line] {
+        if (!m_loading) {
+            EnableLine(line);
+        }
+        Changed();
+    });
+    grid.addWidget(selector, SelectorRow, column);
+}
+
+void GPIOConfigFRM::AddLine(QGridLayout& grid, int line, int column) {
+    const auto i = static_cast<std::size_t>(line);
+    QLabel* number =
+        parts::NumberLabel(QString::number(line), parts::MemberName("Label4", line), look::BodyInk);
+    number->setAlignment(Qt::AlignCenter);
+    m_directionCombo[i] = Combo("DirectionCombo", line, line, tr("Direction of GPIO%1"));
+    m_polarity[i] = Combo("Polarity", line, line, tr("Active polarity of GPIO%1"));
+    for (HandCombo* combo : {m_directionCombo[i], m_polarity[i]}) {
+        connect(combo, &HandCombo::currentIndexChanged, this, &GPIOConfigFRM::Changed);
+    }
+    grid.addWidget(number, NumberRow, column);
+    grid.addWidget(m_directionCombo[i], DirectionRow, column);
+    grid.addWidget(m_polarity[i], PolarityRow, column);
+}
+
+} // namespace tqx

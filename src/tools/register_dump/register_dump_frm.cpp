@@ -1,0 +1,181 @@
+#include "register_dump/register_dump_frm.h"
+
+#include "elided_label.h"
+#include "register_dump/dump_place.h"
+
+#include <controls/look.h>
+#include <controls/percent_bar.h>
+#include <controls/system_dialogs.h>
+#include <device/bench.h>
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QLabel>
+#include <QPushButton>
+
+#include <utility>
+
+namespace tqx {
+namespace {
+
+constexpr QLatin1String FileName("RegisterDump.txt");
+constexpr QLatin1String FileEnding(".txt");
+
+/// The documents folder that "C:\" stands for need not be there yet on a fresh account.
+void MakeDocumentsFolder(const QString& dumpPath) {
+    const QString place = PlaceOfDump(dumpPath);
+    if (place != dumpPath) {
+        QDir().mkpath(QFileInfo(place).path());
+    }
+}
+
+} // namespace
+
+/// The length of a dump.
+class RegisterDumpFRM::DumpingScope {
+public:
+    explicit DumpingScope(RegisterDumpFRM& window)
+        : m_window(window) {
+        m_window.m_stopRequested = m_window.Unloading();
+        m_window.SetDumpControlsEnabled(false);
+    }
+
+    ~DumpingScope() { m_window.SetDumpControlsEnabled(true); }
+
+    DumpingScope(const DumpingScope&) = delete;
+    DumpingScope& operator=(const DumpingScope&) = delete;
+
+private:
+    RegisterDumpFRM& m_window;
+};
+
+RegisterDumpFRM::RegisterDumpFRM(Bench& bench, MessageDoor door, SystemDialogs& dialogs)
+    : ToolWindow("RegisterDumpFRM", "Register Dump")
+    , m_bench(bench)
+    , m_door(std::move(door))
+    , m_dialogs(dialogs)
+    , m_dumpPath(DefaultDumpPath)
+    , m_dialogName(FileName) {
+    MakeLayout();
+    ShowPath();
+}
+
+void RegisterDumpFRM::SetDumpControlsEnabled(bool enable) {
+    for (QWidget* control : std::initializer_list<QWidget*>{m_ramSettingsCHK, m_eepromSettingsCHK,
+                                                            m_dumpCMD, m_browseCMD, m_pathLBL}) {
+        control->setEnabled(enable);
+    }
+    m_stopDumpCMD->setEnabled(!enable);
+    (enable ? m_dumpCMD : m_stopDumpCMD)->setFocus();
+}
+
+void RegisterDumpFRM::AskToStop() {
+    m_stopRequested = true;
+}
+
+void RegisterDumpFRM::Browse() {
+    const Yielding yielding(*this);
+    const QString suggested =
+        m_dialogName == FileName ? PlaceOfDump(DefaultDumpPath) : m_dialogName;
+    const QString chosen =
+        m_dialogs.SaveFileName(this, tr("Register Dump"), suggested, tr("Text Files (*.txt)"));
+    if (!chosen.isEmpty()) {
+        m_dialogName = chosen;
+    }
+    m_dumpPath = m_dialogName;
+    if (m_dumpPath == FileName) {
+        m_dumpPath = DefaultDumpPath;
+    }
+    if (!m_dumpPath.endsWith(FileEnding)) {
+        RefuseName();
+    }
+    ShowPath();
+}
+
+void RegisterDumpFRM::Dump() {
+    const Yielding yielding(*this);
+    const DumpChoice choice{m_ramSettingsCHK->isChecked(), m_eepromSettingsCHK->isChecked()};
+    if (choice.Rows() == 0) {
+        m_door("Notice",
+               "Either the Dump RAM or Dump EEPROM check box must be selected to do a register "
+               "dump",
+               1);
+        return;
+    }
+    const DumpingScope dumping(*this);
+    RegisterDump dump(m_bench.Link, *this);
+    dump.Clock = Clock;
+    m_progressBar1->Value(0);
+    m_progressBar1->Maximum(choice.Rows());
+    if (!m_dumpPath.endsWith(FileEnding)) {
+        RefuseName();
+        m_progressBar1->Value(0);
+        return;
+    }
+    Status(tr("Dumping ..."), false);
+    MakeDocumentsFolder(m_dumpPath);
+    const QString place = PlaceOfDump(m_dumpPath);
+    const DumpOutcome outcome = dump.Run(choice, place);
+    if (outcome.Finished) {
+        m_progressBar1->Value(0);
+    }
+    ShowOutcome(outcome, place);
+}
+
+void RegisterDumpFRM::ShowPath() {
+    m_pathLBL->setText("Path; " + m_dumpPath);
+    QString place = m_dumpPath.isEmpty()
+                        ? tr("No file is chosen.")
+                        : tr("Dumps are added to %1.").arg(PlaceOfDump(m_dumpPath));
+    m_pathLBL->setToolTip(place);
+    if (m_bench.Bus.BusCell.ComsMedium != ComsPrinterPort) {
+        place += tr(" They read the board on the printer port, which is not the chip that was "
+                    "chosen.");
+    }
+    Status(place, false);
+}
+
+void RegisterDumpFRM::RefuseName() {
+    m_dialogs.Message(this, SystemDialogs::Icon::Exclamation, "There was a Problem!",
+                      "Invalid filename.");
+    m_dumpPath.clear();
+}
+
+void RegisterDumpFRM::Status(const QString& text, bool bad) {
+    look::SetInk(*m_statusLBL, bad ? look::DarkRedInk : look::QuietInk);
+    m_statusLBL->setText(text);
+    m_statusLBL->setToolTip(text);
+}
+
+void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& place) {
+    QString text;
+    if (outcome.FileFailure.isEmpty()) {
+        text = (outcome.Finished ? tr("Dump added to %1.") : tr("Dump stopped; see the end of %1."))
+                   .arg(place);
+    } else {
+        text = (outcome.ReachedDisk ? tr("Only a part of the dump reached the disk: %1: %2.")
+                                    : tr("Nothing reached the disk: %1: %2."))
+                   .arg(place, outcome.FileFailure);
+    }
+    if (outcome.FailedReads > 0) {
+        text += tr(" %1 bytes could not be read and stand as FF: %2.")
+                    .arg(QString::number(outcome.FailedReads), outcome.LinkFailure);
+    }
+    Status(text, !outcome.FileFailure.isEmpty() || outcome.FailedReads > 0);
+}
+
+void RegisterDumpFRM::RowWritten() {
+    m_progressBar1->Value(m_progressBar1->Value() + 1);
+}
+
+void RegisterDumpFRM::ServeEvents() {
+    QCoreApplication::processEvents();
+}
+
+bool RegisterDumpFRM::StopRequested() {
+    return m_stopRequested;
+}
+
+} // namespace tqx
