@@ -111,4 +111,61 @@ TEST(Layers, TheLowerLibrariesNeverSeeQt) {
     }
 }
 
+TEST(Layers, NoPanelNamesAnotherAndNoToolWindowAnother) {
+    static const std::regex own(R"(^\s*#include\s*"([a-z_]+)/)");
+    for (const char* library : {"console", "tools"}) {
+        const fs::path root = Root / "src" / library;
+        ForEachLine(root, [&](const fs::path& file, const std::string& line) {
+            const std::string part = fs::relative(file, root).begin()->string();
+            std::smatch match;
+            if (part == "shell" || !fs::is_directory(root / part) ||
+                !std::regex_search(line, match, own) || !fs::is_directory(root / match[1])) {
+                return;
+            }
+            EXPECT_EQ(match[1], part) << file << ": " << line;
+        });
+    }
+}
+
+TEST(Layers, EveryHeaderOfAFaceHasAUserOutside) {
+    static const std::regex include(R"(^\s*#include\s*(["<])([a-z_]+/[a-z_]+\.h)[">])");
+    std::set<std::string> faces;
+    std::map<std::string, std::set<std::string>> ofFaces;
+    std::set<std::string> reached;
+    for (const char* top : {"src", "tour"}) {
+        ForEachLine(Root / top, [&](const fs::path& file, const std::string& line) {
+            const bool face = file.parent_path().parent_path().filename() == "include";
+            const std::string name =
+                file.parent_path().filename().string() + "/" + file.filename().string();
+            if (face) {
+                faces.insert(name);
+            }
+            std::smatch match;
+            if (!std::regex_search(line, match, include)) {
+                return;
+            }
+            if (match[1] == "<") {
+                reached.insert(match[2]);
+            } else if (face) {
+                ofFaces[name].insert(match[2]);
+            }
+        });
+    }
+    // What a face is made of is seen by whoever includes the face.
+    for (std::set<std::string> open = reached; !open.empty();) {
+        std::set<std::string> next;
+        for (const std::string& name : open) {
+            for (const std::string& part : ofFaces[name]) {
+                if (reached.insert(part).second) {
+                    next.insert(part);
+                }
+            }
+        }
+        open = next;
+    }
+    for (const std::string& face : faces) {
+        EXPECT_TRUE(reached.contains(face)) << face;
+    }
+}
+
 } // namespace
