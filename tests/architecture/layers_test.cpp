@@ -119,7 +119,7 @@ TEST(Layers, NoPanelNamesAnotherAndNoToolWindowAnother) {
             const std::string part = fs::relative(file, root).begin()->string();
             std::smatch match;
             if (part == "shell" || !fs::is_directory(root / part) ||
-                !std::regex_search(line, match, own) || !fs::is_directory(root / match[1])) {
+                !std::regex_search(line, match, own) || !fs::is_directory(root / match[1].str())) {
                 return;
             }
             EXPECT_EQ(match[1], part) << file << ": " << line;

@@ -1,8 +1,9 @@
+#include "strip_chart/csv.h"
+
 #include <QBuffer>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <strip_chart_csv.h>
 
 namespace tqx {
 namespace {

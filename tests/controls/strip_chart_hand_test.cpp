@@ -1,3 +1,5 @@
+#include "strip_chart/history.h"
+
 #include <controls/strip_chart.h>
 
 #include <QAccessible>
@@ -13,7 +15,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <set>
-#include <strip_chart_history.h>
 
 namespace tqx {
 namespace {

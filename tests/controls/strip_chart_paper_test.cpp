@@ -1,8 +1,9 @@
+#include "strip_chart/paper.h"
+
 #include <QPainter>
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <strip_chart_paper.h>
 
 namespace tqx {
 namespace {

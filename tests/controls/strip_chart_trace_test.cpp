@@ -1,10 +1,11 @@
+#include "strip_chart/columns.h"
+#include "strip_chart/history.h"
+
 #include <algorithm>
 #include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <random>
-#include <strip_chart_columns.h>
-#include <strip_chart_history.h>
 #include <vector>
 
 namespace tqx {

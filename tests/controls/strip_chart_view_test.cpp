@@ -1,6 +1,7 @@
+#include "strip_chart/geometry.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <strip_chart_geometry.h>
 
 namespace tqx {
 namespace {
