@@ -38,7 +38,7 @@ inline constexpr std::array<HelpPage, 10> WindowPages{{
     {"GPIOConfigFRM", "gpio"},
     {"RegisterDumpFRM", "dump"},
     {"frmAbout", "about"},
-    {"MsgBoxFRM", "trouble-shooting"},
+    {"MsgBoxFRM", "troubleshooting"},
     {"SimulatedBoardFRM", "../simulated-board"},
 }};
 

@@ -59,11 +59,11 @@ std::vector<std::string_view> FixedParts(std::string_view message) {
     return parts;
 }
 
-/// The messages that the page on trouble shooting explains: the first cells of its tables.
+/// The messages that the troubleshooting page explains: the first cells of its tables.
 std::vector<std::string> MessagesExplained() {
     constexpr std::string_view begin = "| \"";
     std::vector<std::string> messages;
-    std::istringstream page(TextOf(Root / "docs" / "handbook" / "trouble-shooting.md"));
+    std::istringstream page(TextOf(Root / "docs" / "handbook" / "troubleshooting.md"));
     for (std::string line; std::getline(page, line);) {
         const auto end = line.find("\" |");
         if (line.starts_with(begin) && end != std::string::npos) {
