@@ -26,7 +26,7 @@ public:
         if (kind != QAccessible::Name) {
             return own;
         }
-        return (m_lamp.Value() ? AlarmLamp::tr("%1: on") : AlarmLamp::tr("%1: off")).arg(own);
+        return own + (m_lamp.Value() ? ": on" : ": off");
     }
 
     QStringList actionNames() const override { return {pressAction()}; }

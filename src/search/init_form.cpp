@@ -7,6 +7,7 @@
 #include "wizard_pages.h"
 #include "wizard_picture.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/system_dialogs.h>
 #include <device/bench.h>
@@ -61,7 +62,7 @@ InitForm::~InitForm() = default;
 
 void InitForm::MakeWindow() {
     setObjectName("InitForm");
-    setWindowTitle(tr("TQX7716 Search Wizard"));
+    setWindowTitle("TQX7716 Search Wizard");
     m_pages = new QStackedWidget;
     for (QWidget* page :
          std::initializer_list<QWidget*>{m_welcome = new WelcomePage, m_medium = new MediumPage,
@@ -97,19 +98,15 @@ void InitForm::MakeWindow() {
 }
 
 std::array<QPushButton*, 4> InitForm::MakeButtons() {
-    const auto make = [](const QString& name, const QString& text, const QString& key,
-                         const QString& tooltip) {
-        auto* button = new QPushButton(text);
-        button->setObjectName(name);
-        button->setShortcut(QKeySequence(key));
-        button->setToolTip(QStringLiteral("%1 (%2)").arg(tooltip, key));
-        return button;
-    };
-    m_back = make("BackCMD", tr("< Back"), "Alt+B", tr("Go back a page"));
-    m_next = make("NextCMD", tr("Next >"), "Alt+N", tr("Go on"));
-    m_finish = make("FinishCMD", tr("Finish"), "Alt+F", tr("Open the main window on this chip"));
-    m_cancel = make("CancelCMD", tr("Cancel"), "Alt+C", tr("End the program"));
-    return {m_back, m_next, m_finish, m_cancel};
+    m_back = kit::Button("BackCMD", "< Back", "Go back a page", "Alt+B");
+    m_next = kit::Button("NextCMD", "Next >", "Go on", "Alt+N");
+    m_finish = kit::Button("FinishCMD", "Finish", "Open the main window on this chip", "Alt+F");
+    m_cancel = kit::Button("CancelCMD", "Cancel", "End the program", "Alt+C");
+    const std::array buttons{m_back, m_next, m_finish, m_cancel};
+    for (QPushButton* button : buttons) {
+        button->setAutoDefault(true); // Enter presses the one that has the focus
+    }
+    return buttons;
 }
 
 void InitForm::ConnectControls() {
@@ -136,8 +133,8 @@ void InitForm::Load(const OSVersionInfoFactory& osVersion) {
         m_bench.Link->PrinterPortLink().BoardBus().StartupOption(false);
         ApplyBuildRules();
     } catch (const std::exception&) {
-        m_dialogs.Message(this, SystemDialogs::Icon::CriticalStop, tr("Error"),
-                          tr("Error in Init Form Load"));
+        m_dialogs.Message(this, SystemDialogs::Icon::CriticalStop, "Error",
+                          "Error in Init Form Load");
     }
 }
 
@@ -206,8 +203,8 @@ void InitForm::DispatchPage() {
 void InitForm::StartSearch() {
     const SearchMedia media = m_medium->Checked();
     if (media.Count() == 0) {
-        m_dialogs.Message(this, SystemDialogs::Icon::Exclamation, tr("A problem was detected"),
-                          tr("Please select a search medium"));
+        m_dialogs.Message(this, SystemDialogs::Icon::Exclamation, "A problem was detected",
+                          "Please select a search medium");
         return;
     }
     ShowPage(SearchingAt);

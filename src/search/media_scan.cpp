@@ -6,8 +6,6 @@
 #include <device/register_addresses.h>
 #include <link/link_root.h>
 
-#include <QCoreApplication>
-
 namespace tqx {
 namespace {
 
@@ -19,10 +17,6 @@ constexpr int MediumLength = 33;
 constexpr int PrinterPortStep = MediumLength / 4;
 constexpr int AddressStep =
     MediumLength / (static_cast<int>(MediaScan::SlaveAddressCandidates.size()) - 1);
-
-QString Tr(const char* text) {
-    return QCoreApplication::translate("MediaScan", text);
-}
 
 } // namespace
 
@@ -46,7 +40,7 @@ void MediaScan::SearchAllMedia(const SearchMedia& media, const ScanProgress& pro
 void MediaScan::ScanPrinterPorts(const ScanProgress& progress) {
     const std::uint8_t ports = m_link->PrinterPortLink().PortCount();
     if (ports == 0) {
-        m_notes << Tr("This machine has no printer port.");
+        m_notes << "This machine has no printer port.";
     }
     for (std::uint8_t port = 0; port < ports; ++port) {
         progress.Step(PrinterPortStep);
@@ -90,10 +84,10 @@ void MediaScan::NoteSilentMedia(const SearchMedia& media) {
     const bool onPrinterPort = !m_printerPortFinds.empty();
     const bool onSMBus = !m_smbusFinds.empty();
     if (media.PrinterPort && !onPrinterPort && onSMBus && m_notes.isEmpty()) {
-        m_notes << Tr("Nothing answered on the printer port.");
+        m_notes << "Nothing answered on the printer port.";
     }
     if (media.SMBus && !onSMBus && onPrinterPort) {
-        m_notes << Tr("Nothing answered on the SMBus.");
+        m_notes << "Nothing answered on the SMBus.";
     }
 }
 
@@ -106,14 +100,14 @@ std::vector<ResultRow> MediaScan::ShowSearchResults() {
         reached &= PassOver([&] { portAddress = m_link->PrinterPortLink().PortAddress(); });
         const int number = static_cast<int>(rows.size()) + 1;
         rows.push_back({PrinterPortRow(find.Address, portAddress, number), find.Address,
-                        find.BoardMode ? Tr("It answered with the inverted board wiring.")
-                                       : Tr("It answered with the direct board wiring.")});
+                        find.BoardMode ? "It answered with the inverted board wiring."
+                                       : "It answered with the direct board wiring."});
     }
     for (const std::uint8_t address : m_smbusFinds) {
         rows.push_back({SMBusRow(address), address, {}});
     }
     if (!reached) {
-        m_notes << Tr("A printer port could not be reached again: its address may be wrong.");
+        m_notes << "A printer port could not be reached again: its address may be wrong.";
     }
     return rows;
 }

@@ -2,11 +2,11 @@
 
 #include "result_rows.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_text.h>
 
 #include <QCheckBox>
-#include <QCoreApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -25,21 +25,9 @@ constexpr int Gap = 4 * look::Grid;
 /// Where a text that explains a check box begins: under the box's own text.
 constexpr int ExplanationIndent = 6 * look::Grid;
 
-QString Tr(const char* text) {
-    return QCoreApplication::translate("InitForm", text);
-}
-
-QLabel* Text(const QString& name, const QString& text) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
-    return label;
-}
-
 /// In bold Arial, or what the system has in its place.
 QLabel* Heading(const QString& name, const QString& text) {
-    QLabel* label = Text(name, text);
+    QLabel* label = kit::Text(name, text);
     QFont font = look::WordsFont(look::Size::Title, QFont::Bold);
     font.setFamilies(QStringList("Arial") + font.families());
     label->setFont(font);
@@ -47,18 +35,15 @@ QLabel* Heading(const QString& name, const QString& text) {
 }
 
 QLabel* Advice(const QString& name, const QString& text) {
-    QLabel* label = Text(name, text);
+    QLabel* label = kit::Text(name, text);
     label->setIndent(ExplanationIndent);
     look::SetInk(*label, look::GreenInk);
     return label;
 }
 
-QCheckBox* Medium(const QString& name, const QString& text, const QString& key,
-                  const QString& tooltip) {
-    auto* box = new QCheckBox(text);
-    box->setObjectName(name);
-    box->setShortcut(QKeySequence(key));
-    box->setToolTip(tooltip);
+QCheckBox* Medium(const QString& name, const QString& text, const QString& tooltip,
+                  const QString& key) {
+    QCheckBox* box = kit::CheckBox(name, text, tooltip, key);
     box->setFont(look::WordsFont(look::Size::Section, look::Strong));
     return box;
 }
@@ -90,33 +75,31 @@ protected:
 
 WelcomePage::WelcomePage(QWidget* parent)
     : QWidget(parent)
-    , SkipCMD(new QPushButton(Tr("Skip"))) {
+    , SkipCMD(kit::Button("SkipCMD", "Skip", "Open the main window without a chip", "Alt+K")) {
     setObjectName("WelcomePanel");
-    SkipCMD->setObjectName("SkipCMD");
-    SkipCMD->setShortcut(QKeySequence("Alt+K"));
-    SkipCMD->setToolTip(Tr("Open the main window without a chip (Alt+K)"));
+    SkipCMD->setAutoDefault(true);
 
-    QLabel* welcome = Text("WelcomeLBL", Tr("This TQX7716 Search Wizard will find any TQX7716s "
-                                            "that can be controlled by this software"));
+    QLabel* welcome = kit::Text("WelcomeLBL", "This TQX7716 Search Wizard will find any TQX7716s "
+                                              "that can be controlled by this software");
     welcome->setFont(look::WordsFont(look::Size::Title, look::Strong));
     QVBoxLayout* page = PageLayout(this);
     page->addWidget(welcome);
-    page->addWidget(Text("WelcomeInstructionsLBL", Tr("Click 'Next' to start.")));
+    page->addWidget(kit::Text("WelcomeInstructionsLBL", "Click 'Next' to start."));
     page->addStretch();
-    page->addWidget(Text("Label1", Tr("Click \"Skip\" to skip this process (you will not be able "
-                                      "to communicate with the TQX7716).")));
+    page->addWidget(kit::Text("Label1", "Click \"Skip\" to skip this process (you will not be able "
+                                        "to communicate with the TQX7716)."));
     page->addWidget(SkipCMD, 0, Qt::AlignLeft);
 }
 
 MediumPage::MediumPage(QWidget* parent)
     : QWidget(parent)
-    , PPCheck(Medium("PPCheck", Tr("Parallel Printer Port"), "Alt+P",
-                     Tr("Search the printer ports of this machine (Alt+P)")))
-    , SMBusCheck(Medium("SMBusCheck", Tr("On-Board SMBus"), "Alt+S",
-                        Tr("Search the SMBus on this machine's main board (Alt+S)")))
+    , PPCheck(Medium("PPCheck", "Parallel Printer Port", "Search the printer ports of this machine",
+                     "Alt+P"))
+    , SMBusCheck(Medium("SMBusCheck", "On-Board SMBus",
+                        "Search the SMBus on this machine's main board", "Alt+S"))
     , SMBusSearchDescLBL(Advice("SMBusSearchDescLBL", {}))
     , SMBusBaseAddressTXT(new QLineEdit("00000"))
-    , USBCheck(Medium("USBCheck", Tr("USB"), {}, {}))
+    , USBCheck(Medium("USBCheck", "USB", {}, {}))
     , USBSearchDescLBL(Advice("USBSearchDescLBL", {})) {
     setObjectName("SeclectComsMediumPanel");
     PPCheck->setChecked(true);
@@ -124,10 +107,10 @@ MediumPage::MediumPage(QWidget* parent)
     USBCheck->hide();
     USBSearchDescLBL->hide();
     SMBusBaseAddressTXT->setObjectName("SMBusBaseAddressTXT");
-    SMBusBaseAddressTXT->setAccessibleName(Tr("SMBus base address, hexadecimal"));
+    SMBusBaseAddressTXT->setAccessibleName("SMBus base address, hexadecimal");
     SMBusBaseAddressTXT->setToolTip(
-        Tr("Base address of the SMBus host controller (SMBBA) as the link gives it, hexadecimal.\n"
-           "A number typed here is for your notes: the link takes no base address."));
+        "Base address of the SMBus host controller (SMBBA) as the link gives it, hexadecimal.\n"
+        "A number typed here is for your notes: the link takes no base address.");
     SMBusBaseAddressTXT->setFont(look::NumbersFont());
     SMBusBaseAddressTXT->setFixedWidth(28 * look::Grid);
     SMBusBaseAddressTXT->setValidator(new QRegularExpressionValidator(
@@ -139,11 +122,11 @@ MediumPage::MediumPage(QWidget* parent)
     address->addStretch();
     QVBoxLayout* page = PageLayout(this);
     page->setSpacing(2 * look::Grid);
-    page->addWidget(Heading("MediumHeadingLBL", Tr("Search Medium")));
+    page->addWidget(Heading("MediumHeadingLBL", "Search Medium"));
     page->addSpacing(Gap);
     page->addWidget(PPCheck);
-    page->addWidget(Advice("PPSearchDescLBL", Tr("Remember to connect the TQX7716 evaluation "
-                                                 "board to the printer port")));
+    page->addWidget(Advice("PPSearchDescLBL", "Remember to connect the TQX7716 evaluation "
+                                              "board to the printer port"));
     page->addSpacing(Gap);
     page->addWidget(SMBusCheck);
     page->addWidget(SMBusSearchDescLBL);
@@ -152,7 +135,7 @@ MediumPage::MediumPage(QWidget* parent)
     page->addWidget(USBCheck);
     page->addWidget(USBSearchDescLBL);
     page->addStretch();
-    page->addWidget(Text("SearchMediumInstLBL", Tr("Click 'Next' to search for the TQX7716.")));
+    page->addWidget(kit::Text("SearchMediumInstLBL", "Click 'Next' to search for the TQX7716."));
 }
 
 SearchMedia MediumPage::Checked() const {
@@ -162,14 +145,14 @@ SearchMedia MediumPage::Checked() const {
 }
 
 void MediumPage::OfferSMBus(std::uint32_t baseAddress) {
-    SMBusSearchDescLBL->setText(Tr("The Southbridge or ICH of Intel chipsets. For unsupported "
-                                   "Intel chipsets, enter SMBBA here (Hex)."));
+    SMBusSearchDescLBL->setText("The Southbridge or ICH of Intel chipsets. For unsupported "
+                                "Intel chipsets, enter SMBBA here (Hex).");
     SMBusBaseAddressTXT->setText(HexText(baseAddress));
 }
 
 void MediumPage::RefuseSMBus() {
     SMBusSearchDescLBL->setText(
-        Tr("Sorry, SMBus communication is only supported on Windows 95,98 and ME."));
+        "Sorry, SMBus communication is only supported on Windows 95,98 and ME.");
     look::SetInk(*SMBusSearchDescLBL, look::DarkRedInk);
     SMBusCheck->setChecked(false);
     SMBusCheck->setEnabled(false);
@@ -177,7 +160,7 @@ void MediumPage::RefuseSMBus() {
 }
 
 void MediumPage::RefuseUSB() {
-    USBSearchDescLBL->setText(Tr("Sorry, USB communication is not supported on Windows 95."));
+    USBSearchDescLBL->setText("Sorry, USB communication is not supported on Windows 95.");
     look::SetInk(*USBSearchDescLBL, look::DarkRedInk);
     USBCheck->setChecked(false);
     USBCheck->setEnabled(false);
@@ -188,15 +171,15 @@ SearchingPage::SearchingPage(QWidget* parent)
     , SearchProgress(new QProgressBar) {
     setObjectName("SearchingPanel");
     SearchProgress->setObjectName("SearchProgress");
-    SearchProgress->setAccessibleName(Tr("Progress of the search"));
+    SearchProgress->setAccessibleName("Progress of the search");
     SearchProgress->setRange(0, 100);
     SearchProgress->setValue(0);
     SearchProgress->setTextVisible(false);
 
     QVBoxLayout* page = PageLayout(this);
-    page->addWidget(Heading("SearchingLBL", Tr("Searching")));
+    page->addWidget(Heading("SearchingLBL", "Searching"));
     page->addWidget(
-        Text("SearchingDetailsLBL", Tr("Please wait while searching for available TQX7716s.")));
+        kit::Text("SearchingDetailsLBL", "Please wait while searching for available TQX7716s."));
     page->addWidget(SearchProgress);
     page->addStretch();
 }
@@ -218,13 +201,13 @@ ResultsPage::ResultsPage(QWidget* parent)
     : QWidget(parent)
     , SearchResultsLIST(new QListWidget)
     , SearchResultsLBL(
-          Text("SearchResultsLBL", Tr("Please select one of the TQX7716s found above.")))
-    , SearchInsLBL(Text("SearchInsLBL", Tr("Click 'Next' to Continue")))
-    , SearchNotesLBL(Text("SearchNotesLBL", {})) {
+          kit::Text("SearchResultsLBL", "Please select one of the TQX7716s found above."))
+    , SearchInsLBL(kit::Text("SearchInsLBL", "Click 'Next' to Continue"))
+    , SearchNotesLBL(kit::Text("SearchNotesLBL", {})) {
     setObjectName("SearchResultsPanel");
     SearchResultsLIST->setObjectName("SearchResultsLIST");
-    SearchResultsLIST->setAccessibleName(Tr("TQX7716s found"));
-    SearchResultsLIST->setToolTip(Tr("A double click on a row takes that chip"));
+    SearchResultsLIST->setAccessibleName("TQX7716s found");
+    SearchResultsLIST->setToolTip("A double click on a row takes that chip");
     SearchResultsLIST->setFont(look::NumbersFont());
     SearchResultsLIST->setItemDelegate(new SentenceDelegate(SearchResultsLIST));
     SearchResultsLIST->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -232,7 +215,7 @@ ResultsPage::ResultsPage(QWidget* parent)
     SearchNotesLBL->hide();
 
     QVBoxLayout* page = PageLayout(this);
-    page->addWidget(Heading("SearchResultsDescLBL", Tr("Search Results")));
+    page->addWidget(Heading("SearchResultsDescLBL", "Search Results"));
     page->addWidget(SearchResultsLIST, 1);
     page->addWidget(SearchResultsLBL);
     page->addWidget(SearchNotesLBL);
@@ -249,11 +232,11 @@ void ResultsPage::ShowRows(const std::vector<ResultRow>& rows, const QStringList
     SearchResultsLIST->setCurrentRow(0);
     if (rows.empty()) {
         SearchResultsLBL->setText(
-            Tr("Sorry, no TQX7716s were found. Please check all connections and try again"));
-        SearchInsLBL->setText(Tr("Click Back to continue..."));
+            "Sorry, no TQX7716s were found. Please check all connections and try again");
+        SearchInsLBL->setText("Click Back to continue...");
     } else {
-        SearchResultsLBL->setText(Tr("Please select one of the TQX7716s found above."));
-        SearchInsLBL->setText(Tr("Click 'Finish' to Continue"));
+        SearchResultsLBL->setText("Please select one of the TQX7716s found above.");
+        SearchInsLBL->setText("Click 'Finish' to Continue");
     }
     SearchNotesLBL->setText(notes.join('\n'));
     SearchNotesLBL->setVisible(!notes.isEmpty());

@@ -82,7 +82,7 @@ void DrawTransfer(QPainter& painter) {
 WizardPicture::WizardPicture(QWidget* parent)
     : QWidget(parent) {
     setObjectName("Image1");
-    setAccessibleName(tr("Picture of a chip on a bus"));
+    setAccessibleName("Picture of a chip on a bus");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
 }

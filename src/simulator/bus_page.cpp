@@ -1,5 +1,6 @@
 #include "bus_page.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <simulated/simulated_board.h>
 
@@ -33,14 +34,14 @@ BusPage::BusPage(SimulatedBoard& board)
 }
 
 QWidget* BusPage::MakeSpeeds() {
-    auto* group = new QGroupBox(tr("Bus speed"));
+    auto* group = new QGroupBox("Bus speed");
     auto* layout = new QVBoxLayout(group);
     int index = 0;
     for (const Speed& speed : Speeds) {
-        auto* button = new QRadioButton(tr(speed.Caption));
+        auto* button = new QRadioButton(speed.Caption);
         button->setChecked(m_board.BusHertz() == speed.Hertz);
-        boardparts::Name(*button, boardparts::MemberName("SpeedOPT", index++), {},
-                         tr("The clock rate of the bus, on the printer port and on the SMBus"));
+        kit::Name(*button, kit::MemberName("SpeedOPT", index++), {},
+                  "The clock rate of the bus, on the printer port and on the SMBus");
         connect(button, &QRadioButton::toggled, this, [this, hertz = speed.Hertz](bool chosen) {
             if (chosen) {
                 m_board.BusHertz(hertz);
@@ -48,32 +49,29 @@ QWidget* BusPage::MakeSpeeds() {
         });
         layout->addWidget(button);
     }
-    layout->addWidget(
-        boardparts::Sentence(tr("At a clock rate transfers take as long as they would on "
-                                "a real bus: a register read at 100 kHz takes 0.39 ms.")));
+    layout->addWidget(kit::SmallPrint({}, "At a clock rate transfers take as long as they would on "
+                                          "a real bus: a register read at 100 kHz takes 0.39 ms."));
     return group;
 }
 
 QWidget* BusPage::MakeConnection() {
-    auto* group = new QGroupBox(tr("Connection"));
+    auto* group = new QGroupBox("Connection");
     auto* layout = new QVBoxLayout(group);
-    auto* plugged = new QCheckBox(tr("&Plugged in"));
+    QCheckBox* plugged = kit::CheckBox("PluggedCHK", "&Plugged in",
+                                       "Clear it to pull the plug, set it to put it back");
     plugged->setChecked(m_board.Plugged());
-    boardparts::Name(*plugged, "PluggedCHK", {},
-                     tr("Clear it to pull the plug, set it to put it back"));
     connect(plugged, &QCheckBox::toggled, this, [this](bool in) { m_board.Plugged(in); });
-    auto* powered = new QCheckBox(tr("P&ower on"));
+    QCheckBox* powered = kit::CheckBox("PoweredCHK", "P&ower on", "Switches the board off and on");
     powered->setChecked(m_board.Powered());
-    boardparts::Name(*powered, "PoweredCHK", {}, tr("Switches the board off and on"));
     connect(powered, &QCheckBox::toggled, this, [this](bool on) { m_board.Powered(on); });
     layout->addWidget(plugged);
-    layout->addWidget(boardparts::Sentence(
-        tr("With the plug pulled nobody answers; the chip keeps its registers.")));
+    layout->addWidget(
+        kit::SmallPrint({}, "With the plug pulled nobody answers; the chip keeps its registers."));
     layout->addSpacing(2 * look::Grid);
     layout->addWidget(powered);
-    layout->addWidget(boardparts::Sentence(
-        tr("Without power nobody answers; at power on the registers begin afresh and the EEPROM "
-           "has kept its content.")));
+    layout->addWidget(kit::SmallPrint(
+        {}, "Without power nobody answers; at power on the registers begin afresh and the EEPROM "
+            "has kept its content."));
     return group;
 }
 

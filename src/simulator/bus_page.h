@@ -1,6 +1,6 @@
 #pragma once
 
-#include "board_parts.h"
+#include "board_page.h"
 
 namespace tqx {
 

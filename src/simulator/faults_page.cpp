@@ -1,5 +1,6 @@
 #include "faults_page.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <simulated/simulated_board.h>
 
@@ -53,34 +54,34 @@ FaultsPage::FaultsPage(SimulatedBoard& board)
     for (int index = 0; index < static_cast<int>(FaultCount); ++index) {
         MakeLine(*grid, index);
     }
-    auto* allOff = new QPushButton(tr("All &off"));
-    boardparts::Name(*allOff, "AllOffCMD", {}, tr("Switches every fault off"));
+    auto* allOff = new QPushButton("All &off");
+    kit::Name(*allOff, "AllOffCMD", {}, "Switches every fault off");
     connect(allOff, &QPushButton::clicked, this, &FaultsPage::SwitchAllOff);
     grid->addWidget(allOff, grid->rowCount(), 1, 1, 2);
-    grid->addWidget(boardparts::Sentence(tr(
+    grid->addWidget(
+        kit::SmallPrint({},
                         "Every nth counts what the fault concerns: transfers to the chip, PEC "
                         "bytes, block reads, bytes to the EEPROM. For the others it counts SMBus "
-                        "calls and port accesses, of which a register read has 160.")),
-                    grid->rowCount(), 0, 1, 3);
+                        "calls and port accesses, of which a register read has 160."),
+        grid->rowCount(), 0, 1, 3);
     grid->setRowStretch(grid->rowCount(), 1);
 }
 
 void FaultsPage::MakeLine(QGridLayout& grid, int index) {
     Line& line = m_lines.at(static_cast<std::size_t>(index));
     const FaultText& text = Texts.at(static_cast<std::size_t>(index));
-    const QString caption = tr(text.Caption);
+    const QString caption = text.Caption;
     line.When = new HandCombo;
-    line.When->addItems({tr("Off"), tr("Always"), tr("Every")});
-    boardparts::Name(*line.When, boardparts::MemberName("FaultCOMBO", index), caption,
-                     tr(text.What));
+    line.When->addItems({"Off", "Always", "Every"});
+    kit::Name(*line.When, kit::MemberName("FaultCOMBO", index), caption, text.What);
     line.Nth = new HandNumber;
     line.Nth->setFont(look::NumbersFont());
     line.Nth->setRange(2, MostNth);
     line.Nth->setKeyboardTracking(false);
-    boardparts::Name(
-        *line.Nth, boardparts::MemberName("FaultEveryTXT", index),
-        tr("%1, at every nth occasion").arg(caption),
-        tr("Strikes at each nth occasion from now on; one occasion is %1").arg(tr(text.Occasion)));
+    kit::Name(*line.Nth, kit::MemberName("FaultEveryTXT", index),
+              QStringLiteral("%1, at every nth occasion").arg(caption),
+              QStringLiteral("Strikes at each nth occasion from now on; one occasion is %1")
+                  .arg(text.Occasion));
     ShowFault(index);
     connect(line.When, &QComboBox::currentIndexChanged, this, [this, index] { SetFault(index); });
     connect(line.Nth, &QSpinBox::valueChanged, this, [this, index] { SetFault(index); });
@@ -89,7 +90,7 @@ void FaultsPage::MakeLine(QGridLayout& grid, int index) {
     grid.addWidget(new QLabel(caption), row, 0);
     grid.addWidget(line.When, row, 1);
     grid.addWidget(line.Nth, row, 2);
-    QLabel* what = boardparts::Sentence(tr(text.What));
+    QLabel* what = kit::SmallPrint({}, text.What);
     what->setWordWrap(false);
     what->setContentsMargins(0, 0, 0, look::Grid);
     grid.addWidget(what, row + 1, 0, 1, 3);

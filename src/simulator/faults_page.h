@@ -1,8 +1,8 @@
 #pragma once
 
-#include "board_parts.h"
+#include "board_page.h"
 
-#include <controls/hand_combo.h>
+#include <controls/combos.h>
 #include <simulated/faults.h>
 
 #include <array>

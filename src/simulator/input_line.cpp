@@ -1,6 +1,8 @@
 #include "input_line.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
+#include <controls/number_text.h>
 #include <simulated/simulated_board.h>
 
 #include <QCheckBox>
@@ -32,10 +34,9 @@ InputLine::InputLine(SimulatedBoard& board, ChipInput input, QGridLayout& grid, 
 }
 
 void InputLine::MakeControls() {
-    m_value =
-        boardparts::Readout(boardparts::MemberName("InputValueLBL", static_cast<int>(m_input)),
-                            m_range.Text(m_range.Min));
-    m_hold = new QCheckBox(tr("Hold"));
+    m_value = kit::Readout(kit::MemberName("InputValueLBL", static_cast<int>(m_input)),
+                           m_range.Text(m_range.Min));
+    m_hold = new QCheckBox("Hold");
     m_hold->setChecked(m_board.TheChip().ThePlant().IsForced(m_input));
     m_box = new HandValue;
     m_box->setFont(look::NumbersFont());
@@ -53,20 +54,21 @@ void InputLine::MakeControls() {
 
 void InputLine::NameControls() {
     const int index = static_cast<int>(m_input);
-    const QString range = tr("%1 to %2 %3")
+    const QString range = QStringLiteral("%1 to %2 %3")
                               .arg(m_range.Min, 0, 'f', m_range.Decimals)
                               .arg(m_range.Max, 0, 'f', m_range.Decimals)
                               .arg(m_range.Unit);
     const QString note = SharedPinNote(m_input);
-    m_value->setToolTip(tr("What is at the pin now. %1").arg(note).trimmed());
-    boardparts::Name(
-        *m_hold, boardparts::MemberName("HoldCHK", index), tr("Hold %1").arg(m_range.Caption),
-        tr("Keeps %1 at the value on the right; clear, it runs by itself").arg(m_range.Caption));
-    boardparts::Name(*m_box, boardparts::MemberName("HoldTXT", index),
-                     tr("%1, value to hold").arg(m_range.Caption),
-                     tr("%1: set a value to hold it").arg(range));
-    boardparts::Name(*m_slider, boardparts::MemberName("HoldSlider", index),
-                     tr("%1, slider").arg(m_range.Caption), m_box->toolTip());
+    m_value->setToolTip(QStringLiteral("What is at the pin now. %1").arg(note).trimmed());
+    kit::Name(*m_hold, kit::MemberName("HoldCHK", index),
+              QStringLiteral("Hold %1").arg(m_range.Caption),
+              QStringLiteral("Keeps %1 at the value on the right; clear, it runs by itself")
+                  .arg(m_range.Caption));
+    kit::Name(*m_box, kit::MemberName("HoldTXT", index),
+              QStringLiteral("%1, value to hold").arg(m_range.Caption),
+              QStringLiteral("%1: set a value to hold it").arg(range));
+    kit::Name(*m_slider, kit::MemberName("HoldSlider", index),
+              QStringLiteral("%1, slider").arg(m_range.Caption), m_box->toolTip());
 }
 
 void InputLine::ConnectControls() {
@@ -84,7 +86,7 @@ void InputLine::ConnectControls() {
 
 void InputLine::Refresh() {
     const double value = m_board.ValueAt(m_input);
-    m_value->setText(m_board.Powered() ? m_range.Text(value) : QStringLiteral("---"));
+    m_value->setText(m_board.Powered() ? m_range.Text(value) : NoValue);
     if (!m_hold->isChecked() && !m_box->hasFocus()) { // nobody is typing
         ShowSetting(value);
     }

@@ -1,12 +1,15 @@
 #pragma once
 
-#include "board_parts.h"
+#include "board_page.h"
 #include "input_range.h"
+
+#include <controls/combos.h>
 
 #include <QObject>
 
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 
 namespace tqx {
 

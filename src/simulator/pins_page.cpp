@@ -1,6 +1,8 @@
 #include "pins_page.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
+#include <controls/number_text.h>
 #include <simulated/simulated_board.h>
 
 #include <QCheckBox>
@@ -30,7 +32,7 @@ QString UseText(int line, PinUse use) {
 
 QString AddressText(int address) {
     return QStringLiteral("%1h (SMBus %2h)")
-        .arg(QString::number(address, 16).toUpper(), QString::number(address / 2, 16).toUpper());
+        .arg(HexText(static_cast<unsigned>(address)), HexText(static_cast<unsigned>(address) / 2));
 }
 
 } // namespace
@@ -45,7 +47,7 @@ PinsPage::PinsPage(SimulatedBoard& board)
 }
 
 QWidget* PinsPage::MakeGPIO() {
-    auto* group = new QGroupBox(tr("GPIO lines"));
+    auto* group = new QGroupBox("GPIO lines");
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(look::Grid / 2);
@@ -54,24 +56,21 @@ QWidget* PinsPage::MakeGPIO() {
     }
     grid->setColumnStretch(ColumnsOfALine - 1, 1);
     grid->setColumnStretch(2 * ColumnsOfALine - 1, 1);
-    auto* hint =
-        boardparts::Sentence(tr("High puts a level on the pin from outside, which shows while "
-                                "the line is an input. The digit is the level on the pin."));
+    auto* hint = kit::SmallPrint({}, "High puts a level on the pin from outside, which shows while "
+                                     "the line is an input. The digit is the level on the pin.");
     grid->addWidget(hint, LinesInAColumn, 0, 1, 2 * ColumnsOfALine);
     return group;
 }
 
 void PinsPage::MakeLine(QGridLayout& grid, int line) {
     const auto index = static_cast<std::size_t>(line);
-    m_levels[index] = boardparts::Readout(boardparts::MemberName("GPIOLevelLBL", line), "0");
-    m_uses[index] = boardparts::Heading(QString());
-    m_uses[index]->setObjectName(boardparts::MemberName("GPIOUseLBL", line));
+    m_levels[index] = kit::Readout(kit::MemberName("GPIOLevelLBL", line), "0");
+    m_uses[index] = kit::Heading(kit::MemberName("GPIOUseLBL", line), {});
     m_uses[index]->setMinimumWidth(m_uses[index]->fontMetrics().horizontalAdvance("THERM "));
-    auto* high = new QCheckBox(tr("High"));
+    auto* high = new QCheckBox("High");
     high->setChecked(m_board.TheChip().OutsideLevel(line));
-    boardparts::Name(*high, boardparts::MemberName("GPIOHighCHK", line),
-                     tr("GPIO %1 high").arg(line),
-                     tr("Puts a high level on the pin from outside; clear, a low one"));
+    kit::Name(*high, kit::MemberName("GPIOHighCHK", line), QStringLiteral("GPIO %1 high").arg(line),
+              "Puts a high level on the pin from outside; clear, a low one");
     connect(high, &QCheckBox::toggled, this, [this, line](bool level) {
         m_board.TheChip().GPIOLevel(line, level);
         Refresh();
@@ -79,43 +78,42 @@ void PinsPage::MakeLine(QGridLayout& grid, int line) {
 
     const int row = line % LinesInAColumn;
     int column = line / LinesInAColumn * ColumnsOfALine;
-    for (QWidget* control : std::initializer_list<QWidget*>{new QLabel(tr("GPIO %1").arg(line)),
-                                                            m_levels[index], high, m_uses[index]}) {
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{new QLabel(QStringLiteral("GPIO %1").arg(line)),
+                                         m_levels[index], high, m_uses[index]}) {
         grid.addWidget(control, row, column++);
     }
 }
 
 QWidget* PinsPage::MakeJumpers() {
-    auto* group = new QGroupBox(tr("Switches and jumpers"));
+    auto* group = new QGroupBox("Switches and jumpers");
     auto* form = new QFormLayout(group);
     form->setHorizontalSpacing(4 * look::Grid);
     form->setVerticalSpacing(look::Grid);
     form->addRow(MakeChassisSwitch());
     form->addRow(MakeWriteProtect());
-    form->addRow(tr("&Address pins"), MakeAddressPins());
-    form->addRow(tr("&Board mode"), MakeBoardMode());
+    form->addRow("&Address pins", MakeAddressPins());
+    form->addRow("&Board mode", MakeBoardMode());
     return group;
 }
 
 QCheckBox* PinsPage::MakeChassisSwitch() {
-    auto* open = new QCheckBox(tr("&Chassis open"));
+    QCheckBox* open = kit::CheckBox(
+        "ChassisCHK", "&Chassis open",
+        "Opens the chassis switch: the alarm in bit 6 of 23h stays until bit 1 of 07h "
+        "clears it while the chassis is closed");
     open->setChecked(m_board.TheChip().ChassisOpen());
-    boardparts::Name(
-        *open, "ChassisCHK", {},
-        tr("Opens the chassis switch: the alarm in bit 6 of 23h stays until bit 1 of 07h "
-           "clears it while the chassis is closed"));
     connect(open, &QCheckBox::toggled, this,
             [this](bool isOpen) { m_board.TheChip().ChassisOpen(isOpen); });
     return open;
 }
 
 QCheckBox* PinsPage::MakeWriteProtect() {
-    auto* set = new QCheckBox(tr("EEPROM &write-protected"));
+    QCheckBox* set = kit::CheckBox(
+        "WriteProtectCHK", "EEPROM &write-protected",
+        "Sets the write-protect jumper: bit 3 of 13h reads 1 and nothing is programmed "
+        "or erased");
     set->setChecked(m_board.TheChip().WriteProtectPin());
-    boardparts::Name(
-        *set, "WriteProtectCHK", {},
-        tr("Sets the write-protect jumper: bit 3 of 13h reads 1 and nothing is programmed "
-           "or erased"));
     connect(set, &QCheckBox::toggled, this,
             [this](bool isSet) { m_board.TheChip().WriteProtectPin(isSet); });
     return set;
@@ -127,8 +125,8 @@ HandCombo* PinsPage::MakeAddressPins() {
         list->addItem(AddressText(address), address);
     }
     list->setCurrentIndex(list->findData(int{m_board.SlaveAddress()}));
-    boardparts::Name(*list, "AddressCOMBO", tr("Address pins"),
-                     tr("The address at which the chip answers from now on"));
+    kit::Name(*list, "AddressCOMBO", "Address pins",
+              "The address at which the chip answers from now on");
     connect(list, &QComboBox::currentIndexChanged, this, [this, list] {
         m_board.SlaveAddress(static_cast<std::uint8_t>(list->currentData().toInt()));
     });
@@ -137,11 +135,10 @@ HandCombo* PinsPage::MakeAddressPins() {
 
 HandCombo* PinsPage::MakeBoardMode() {
     auto* list = new HandCombo;
-    list->addItems({tr("False"), tr("True")});
+    list->addItems({"False", "True"});
     list->setCurrentIndex(m_board.BoardMode() ? 1 : 0);
-    boardparts::Name(
-        *list, "BoardModeCOMBO", tr("Board mode"),
-        tr("How the board wires the printer port: it is heard in this board mode only"));
+    kit::Name(*list, "BoardModeCOMBO", "Board mode",
+              "How the board wires the printer port: it is heard in this board mode only");
     connect(list, &QComboBox::currentIndexChanged, this,
             [this](int index) { m_board.BoardMode(index == 1); });
     return list;

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "board_parts.h"
+#include "board_page.h"
 
-#include <controls/hand_combo.h>
+#include <controls/combos.h>
 #include <simulated/gpio_lines.h>
 
 #include <array>
 
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 
 namespace tqx {
 

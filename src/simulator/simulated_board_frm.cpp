@@ -6,8 +6,8 @@
 #include "pins_page.h"
 #include "trace_page.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
-#include <controls/press_focused_button.h>
 #include <simulated/simulated_board.h>
 
 #include <QApplication>
@@ -25,7 +25,7 @@ constexpr int BackKey = Qt::Key_F12;
 
 SimulatedBoardFRM::SimulatedBoardFRM(SimulatedBoard& board) {
     setObjectName("SimulatedBoardFRM");
-    setWindowTitle(tr("Simulated board"));
+    setWindowTitle("Simulated board");
     setAttribute(Qt::WA_QuitOnClose, false);
     MakePages(board);
     auto* layout = new QVBoxLayout(this);
@@ -45,27 +45,27 @@ QWidget* SimulatedBoardFRM::MakeBanner() {
     auto* layout = new QVBoxLayout(banner);
     layout->setContentsMargins(look::Grid, 0, look::Grid, 0);
     layout->setSpacing(0);
-    auto* heading = new QLabel(tr("Simulated board"));
+    auto* heading = new QLabel("Simulated board");
     heading->setObjectName("BannerLBL");
     heading->setFont(look::WordsFont(look::Size::Large, look::Strong));
     layout->addWidget(heading);
     layout->addWidget(
-        boardparts::Sentence(tr("The chip is simulated: it, its bus and what it measures are a "
-                                "model, which is set here. F12 brings this window back.")));
+        kit::SmallPrint({}, "The chip is simulated: it, its bus and what it measures are a "
+                            "model, which is set here. F12 brings this window back."));
     return banner;
 }
 
 void SimulatedBoardFRM::MakePages(SimulatedBoard& board) {
     m_tabs = new QTabWidget;
     m_tabs->setObjectName("BoardTab");
-    m_tabs->setAccessibleName(tr("Parts of the simulated board"));
-    AddPage(new InputsPage(board, {InputKind::Voltage}), "VoltagesPage", tr("Voltages"));
+    m_tabs->setAccessibleName("Parts of the simulated board");
+    AddPage(new InputsPage(board, {InputKind::Voltage}), "VoltagesPage", "Voltages");
     AddPage(new InputsPage(board, {InputKind::Temperature, InputKind::Fan}), "TempsPage",
-            tr("Temps, fans"));
-    AddPage(new PinsPage(board), "PinsPage", tr("Pins"));
-    AddPage(new BusPage(board), "BusPage", tr("Bus"));
-    AddPage(m_faults = new FaultsPage(board), "FaultsPage", tr("Faults"));
-    AddPage(new TracePage(board), "TracePage", tr("Trace"));
+            "Temps, fans");
+    AddPage(new PinsPage(board), "PinsPage", "Pins");
+    AddPage(new BusPage(board), "BusPage", "Bus");
+    AddPage(m_faults = new FaultsPage(board), "FaultsPage", "Faults");
+    AddPage(new TracePage(board), "TracePage", "Trace");
     connect(m_faults, &FaultsPage::Changed, this, &SimulatedBoardFRM::ShowFaultCount);
     ShowFaultCount();
 }
@@ -79,7 +79,7 @@ void SimulatedBoardFRM::AddPage(BoardPage* page, const QString& name, const QStr
 void SimulatedBoardFRM::ShowFaultCount() {
     const int on = m_faults->CountOn();
     m_tabs->setTabText(m_tabs->indexOf(m_faults),
-                       on == 0 ? tr("Faults") : tr("Faults: %1 on").arg(on));
+                       on == 0 ? "Faults" : QStringLiteral("Faults: %1 on").arg(on));
 }
 
 void SimulatedBoardFRM::Refresh() {
@@ -100,7 +100,7 @@ void SimulatedBoardFRM::hideEvent(QHideEvent* event) {
 }
 
 void SimulatedBoardFRM::keyPressEvent(QKeyEvent* event) {
-    if (!PressFocusedButton(*this, *event)) {
+    if (!kit::PressFocusedButton(*this, *event)) {
         QWidget::keyPressEvent(event);
     }
 }

@@ -1,5 +1,6 @@
 #include "trace_page.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <simulated/simulated_board.h>
 
@@ -23,24 +24,23 @@ TracePage::TracePage(SimulatedBoard& board)
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(2 * look::Grid);
     layout->addWidget(m_list, 1);
-    layout->addWidget(boardparts::Sentence(
-        tr("Seconds, then the transfer: S start, Sr repeated start, P stop, w and r the direction "
-           "behind an address, + acknowledged, - not acknowledged.")));
+    layout->addWidget(kit::SmallPrint(
+        {}, "Seconds, then the transfer: S start, Sr repeated start, P stop, w and r the direction "
+            "behind an address, + acknowledged, - not acknowledged."));
     layout->addLayout(MakeButtons());
 }
 
 void TracePage::MakeList() {
     m_list = new QListView;
-    boardparts::Name(
-        *m_list, "TraceLIST", tr("Bus trace"),
-        tr("The last transfers on the bus, the newest at the bottom. Pause to select."));
+    kit::Name(*m_list, "TraceLIST", "Bus trace",
+              "The last transfers on the bus, the newest at the bottom. Pause to select.");
     m_list->setFont(look::NumbersFont(look::Size::Note));
     look::MakeDisplay(*m_list);
     m_list->setModel(&m_model);
     m_list->setUniformItemSizes(true);
     m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     m_list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    auto* copy = new QAction(tr("Copy"), m_list);
+    auto* copy = new QAction("Copy", m_list);
     copy->setShortcut(QKeySequence::Copy);
     copy->setShortcutContext(Qt::WidgetShortcut);
     connect(copy, &QAction::triggered, this, &TracePage::Copy);
@@ -49,20 +49,19 @@ void TracePage::MakeList() {
 }
 
 QHBoxLayout* TracePage::MakeButtons() {
-    auto* pause = new QPushButton(tr("&Pause"));
+    auto* pause = new QPushButton("&Pause");
     pause->setCheckable(true);
     pause->setChecked(m_trace.Paused());
-    boardparts::Name(*pause, "PauseCMD", {}, tr("Stops the trace where it is, and lets it run on"));
+    kit::Name(*pause, "PauseCMD", {}, "Stops the trace where it is, and lets it run on");
     connect(pause, &QPushButton::toggled, this, [this](bool paused) {
         m_trace.Paused(paused);
         Refresh();
     });
-    auto* copy = new QPushButton(tr("&Copy"));
-    boardparts::Name(*copy, "CopyCMD", {},
-                     tr("Copies the selected lines, or all of them, as text"));
+    auto* copy = new QPushButton("&Copy");
+    kit::Name(*copy, "CopyCMD", {}, "Copies the selected lines, or all of them, as text");
     connect(copy, &QPushButton::clicked, this, &TracePage::Copy);
-    auto* clear = new QPushButton(tr("C&lear"));
-    boardparts::Name(*clear, "ClearCMD", {}, tr("Drops what the trace has kept"));
+    auto* clear = new QPushButton("C&lear");
+    kit::Name(*clear, "ClearCMD", {}, "Drops what the trace has kept");
     connect(clear, &QPushButton::clicked, this, [this] {
         m_trace.Clear();
         Refresh();

@@ -1,6 +1,6 @@
 #include "tool_window.h"
 
-#include <controls/press_focused_button.h>
+#include <controls/factories.h>
 
 #include <QCloseEvent>
 
@@ -32,7 +32,7 @@ void ToolWindow::closeEvent(QCloseEvent* event) {
 
 void ToolWindow::keyPressEvent(QKeyEvent* event) {
     // A dialog of its own accord would press the default button, which is another one.
-    if (!PressFocusedButton(*this, *event)) {
+    if (!kit::PressFocusedButton(*this, *event)) {
         QDialog::keyPressEvent(event);
     }
 }

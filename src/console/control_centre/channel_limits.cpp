@@ -4,8 +4,8 @@
 #include "control_centre/limit_handles.h"
 #include "control_centre/monitor_rows.h"
 #include "control_centre/size_strip_bar.h"
-#include "text_of.h"
 
+#include <controls/number_text.h>
 #include <device/bench.h>
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "control_centre/channel_rows.h"
 
 #include "control_centre/monitor_rows.h"
-#include "text_of.h"
 
+#include <controls/number_text.h>
 #include <controls/row_states.h>
 
 #include <cstdint>

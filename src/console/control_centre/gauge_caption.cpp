@@ -1,7 +1,6 @@
 #include "control_centre/gauge_caption.h"
 
-#include "text_of.h"
-
+#include <controls/number_text.h>
 #include <device/rounding.h>
 
 #include <array>

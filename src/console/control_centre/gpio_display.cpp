@@ -1,7 +1,6 @@
 #include "control_centre/gpio_display.h"
 
-#include "named_readout.h"
-
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
@@ -87,8 +86,8 @@ void GPIODisplay::ShowGPIOLevels() {
 void GPIODisplay::Write(int firstLine, int lineCount, unsigned levels) {
     for (int bit = 0; bit < lineCount; ++bit) {
         const bool high = (levels >> bit & 1U) != 0;
-        ShowReadout(*m_gpio.at(firstLine + bit), tr("GPIO line %1").arg(firstLine + bit),
-                    high ? QStringLiteral("1") : QStringLiteral("0"));
+        kit::ShowReadout(*m_gpio.at(firstLine + bit), tr("GPIO line %1").arg(firstLine + bit),
+                         high ? QStringLiteral("1") : QStringLiteral("0"));
     }
 }
 

@@ -2,8 +2,8 @@
 
 #include "control_centre/gauge_pointers.h"
 #include "control_centre/strip_groups.h"
-#include "text_of.h"
 
+#include <controls/number_text.h>
 #include <controls/strip_captions.h>
 #include <controls/strip_chart.h>
 

@@ -1,8 +1,7 @@
 #include "registers/bits.h"
 
-#include "text_of.h"
-
 #include <controls/look.h>
+#include <controls/number_text.h>
 
 #include <QGridLayout>
 #include <QKeyEvent>

@@ -1,8 +1,6 @@
 #include "registers/readout.h"
 
-#include "named_readout.h"
-#include "text_of.h"
-
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_text.h>
 
@@ -69,22 +67,22 @@ RegisterReadout::RegisterReadout(QWidget* parent)
 }
 
 void RegisterReadout::TypeLabel(std::string_view text) {
-    ShowReadout(*m_typeLabel, tr("Current register"), TextOf(text));
+    kit::ShowReadout(*m_typeLabel, tr("Current register"), TextOf(text));
 }
 
 void RegisterReadout::Address(std::uint8_t address) {
-    ShowReadout(*m_addressLabel, CurrentAddress, HexText(address));
+    kit::ShowReadout(*m_addressLabel, CurrentAddress, HexText(address));
 }
 
 void RegisterReadout::Value(std::uint8_t value) {
-    ShowReadout(*m_hexLabel, ValueInHex, HexText(value));
-    ShowReadout(*m_decLabel, ValueInDec, QString::number(value));
+    kit::ShowReadout(*m_hexLabel, ValueInHex, HexText(value));
+    kit::ShowReadout(*m_decLabel, ValueInDec, QString::number(value));
 }
 
 void RegisterReadout::Clear() {
-    ShowReadout(*m_addressLabel, CurrentAddress, {});
-    ShowReadout(*m_hexLabel, ValueInHex, {});
-    ShowReadout(*m_decLabel, ValueInDec, {});
+    kit::ShowReadout(*m_addressLabel, CurrentAddress, {});
+    kit::ShowReadout(*m_hexLabel, ValueInHex, {});
+    kit::ShowReadout(*m_decLabel, ValueInDec, {});
 }
 
 } // namespace tqx

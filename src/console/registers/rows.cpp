@@ -1,9 +1,9 @@
 #include "registers/rows.h"
 
 #include "registers/layout.h"
-#include "text_of.h"
 
 #include <controls/look.h>
+#include <controls/number_text.h>
 #include <controls/row_states.h>
 
 #include <QFocusEvent>

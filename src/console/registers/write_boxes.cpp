@@ -1,7 +1,6 @@
 #include "registers/write_boxes.h"
 
-#include "named_readout.h"
-
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_text.h>
 
@@ -64,13 +63,13 @@ RegisterEntries::RegisterEntries(QWidget* parent)
 }
 
 void RegisterEntries::PreviousValueWritten(std::uint8_t value) {
-    ShowReadout(*m_writtenHex, WrittenInHex, HexText(value));
-    ShowReadout(*m_writtenDec, WrittenInDec, QString::number(value));
+    kit::ShowReadout(*m_writtenHex, WrittenInHex, HexText(value));
+    kit::ShowReadout(*m_writtenDec, WrittenInDec, QString::number(value));
 }
 
 void RegisterEntries::NothingWritten() {
-    ShowReadout(*m_writtenHex, WrittenInHex, {});
-    ShowReadout(*m_writtenDec, WrittenInDec, {});
+    kit::ShowReadout(*m_writtenHex, WrittenInHex, {});
+    kit::ShowReadout(*m_writtenDec, WrittenInDec, {});
 }
 
 } // namespace tqx

@@ -8,10 +8,10 @@
 #include "shell/msg_box_frm.h"
 #include "shell/toolbar_keys.h"
 #include "shell/welcome_panel.h"
-#include "text_of.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
-#include <controls/press_focused_button.h>
+#include <controls/number_text.h>
 #include <device/bench.h>
 #include <device/register_addresses.h>
 #include <link/cell_transfer.h>
@@ -208,7 +208,7 @@ void MainForm::closeEvent(QCloseEvent* event) {
 }
 
 void MainForm::keyPressEvent(QKeyEvent* event) {
-    if (!PressFocusedButton(*this, *event)) {
+    if (!kit::PressFocusedButton(*this, *event)) {
         QMainWindow::keyPressEvent(event);
     }
 }

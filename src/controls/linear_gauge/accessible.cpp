@@ -8,11 +8,11 @@ namespace {
 QString NameOf(int pointer) {
     switch (pointer) {
     case LowHandle:
-        return LinearGauge::tr("low handle");
+        return "low handle";
     case HighHandle:
-        return LinearGauge::tr("high handle");
+        return "high handle";
     default:
-        return LinearGauge::tr("band between the handles");
+        return "band between the handles";
     }
 }
 
@@ -24,7 +24,7 @@ QString PlaceOf(const LinearGauge& gauge, int pointer) {
         return (GaugeNumber(value, decimals) + ' ' + gauge.Unit()).trimmed();
     };
     return IsBand(pointer)
-               ? LinearGauge::tr("%1 to %2").arg(withUnit(it.Place.From), withUnit(it.Place.To))
+               ? QStringLiteral("%1 to %2").arg(withUnit(it.Place.From), withUnit(it.Place.To))
                : withUnit(it.Place.Value);
 }
 
@@ -50,7 +50,7 @@ QString AccessibleGauge::text(QAccessible::Text kind) const {
     switch (kind) {
     case QAccessible::Name: {
         const QString own = QAccessibleWidget::text(kind);
-        return picked ? LinearGauge::tr("%1, %2").arg(own, NameOf(*picked)) : own;
+        return picked ? QStringLiteral("%1, %2").arg(own, NameOf(*picked)) : own;
     }
     case QAccessible::Value:
         return picked ? PlaceOf(m_gauge, *picked) : ReadingOf(m_gauge);
@@ -66,10 +66,10 @@ QString AccessibleGauge::text(QAccessible::Text kind) const {
 /// The reading and where each pointer stands that can be moved: a value says one of them, and not
 /// the unit.
 QString AccessibleGauge::Description() const {
-    QStringList parts{LinearGauge::tr("reading %1").arg(ReadingOf(m_gauge))};
+    QStringList parts{QStringLiteral("reading %1").arg(ReadingOf(m_gauge))};
     for (const int handle : {LowHandle, HighHandle}) {
         if (IsDraggable(m_gauge.Pointers(), handle)) {
-            parts << LinearGauge::tr("%1 at %2").arg(NameOf(handle), PlaceOf(m_gauge, handle));
+            parts << QStringLiteral("%1 at %2").arg(NameOf(handle), PlaceOf(m_gauge, handle));
         }
     }
     return parts.join(QStringLiteral(", "));

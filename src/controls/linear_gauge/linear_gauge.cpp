@@ -29,10 +29,10 @@ bool IsSame(double one, double other) {
 LinearGauge::LinearGauge(QWidget* parent)
     : QWidget(parent) {
     DescribeToScreenReaders<LinearGauge, AccessibleGauge>();
-    setAccessibleName(tr("Gauge"));
-    setToolTip(tr("Drag a handle, or a band with both handles, to move the limits.\n"
-                  "Keyboard: Tab picks one; the arrows, Page Up, Page Down, Home and End move it.\n"
-                  "Escape puts a pointer that you hold back where it was."));
+    setAccessibleName("Gauge");
+    setToolTip("Drag a handle, or a band with both handles, to move the limits.\n"
+               "Keyboard: Tab picks one; the arrows, Page Up, Page Down, Home and End move it.\n"
+               "Escape puts a pointer that you hold back where it was.");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

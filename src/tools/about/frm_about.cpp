@@ -1,9 +1,9 @@
 #include "about/frm_about.h"
 
-#include "form_parts.h"
 #include "tools/sys_info.h"
 
 #include <console/version.h>
+#include <controls/factories.h>
 #include <controls/look.h>
 
 #include <QApplication>
@@ -40,15 +40,8 @@ QLabel* Picture() {
     auto* picture = new QLabel;
     picture->setObjectName("Image1");
     picture->setPixmap(icon.pixmap(PictureSize));
-    picture->setAccessibleName(QObject::tr("Picture of the program"));
+    picture->setAccessibleName("Picture of the program");
     return picture;
-}
-
-QLabel* SmallPrint(const QString& text, const QString& name) {
-    QLabel* note = parts::Note(text, name, TextWidth);
-    note->setFont(look::WordsFont(look::Size::Note));
-    look::SetInk(*note, look::QuietInk);
-    return note;
 }
 
 } // namespace
@@ -61,11 +54,10 @@ frmAbout::frmAbout(MessageDoor door, SysInfoHost& host)
 }
 
 void frmAbout::MakeLayout() {
-    QLabel* title = parts::Label(ApplicationTitle, "lblTitle");
+    QLabel* title = kit::Label("lblTitle", ApplicationTitle);
     title->setFont(look::WordsFont(look::Size::Title, look::Strong));
-    QLabel* version = parts::Label(tr("Version %1").arg(VersionText), "lblVersion");
-    look::SetInk(*version, look::QuietInk);
-    QLabel* warning = parts::Label("Warning: ", "lblDisclaimer");
+    QLabel* version = kit::Heading("lblVersion", QStringLiteral("Version %1").arg(VersionText));
+    QLabel* warning = kit::Label("lblDisclaimer", "Warning: ");
     warning->setFont(look::WordsFont(look::Size::Note, look::Strong));
 
     auto* names = new QVBoxLayout;
@@ -77,14 +69,13 @@ void frmAbout::MakeLayout() {
     head->addWidget(Picture());
     head->addLayout(names, 1);
 
-    QPushButton* sysInfo =
-        parts::Button(tr("System Info..."), "cmdSysInfo",
-                      tr("Starts the system's own information program"), "Alt+S");
+    QPushButton* sysInfo = kit::Button("cmdSysInfo", "System Info...",
+                                       "Starts the system's own information program", "Alt+S");
     connect(sysInfo, &QPushButton::clicked, this, [this] {
         const Yielding yielding(*this);
         StartSysInfo(m_host, m_door);
     });
-    QPushButton* ok = parts::Button("OK", "cmdOK", tr("Closes this window"));
+    QPushButton* ok = kit::Button("cmdOK", "OK", "Closes this window");
     ok->setDefault(true);
     connect(ok, &QPushButton::clicked, this, &frmAbout::close);
     auto* buttons = new QHBoxLayout;
@@ -97,25 +88,30 @@ void frmAbout::MakeLayout() {
     layout->setSpacing(3 * look::Grid);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(head);
-    layout->addWidget(parts::Note(
+    layout->addWidget(kit::Text(
+        "lblDescription",
         "This software allows the user to read and write to an TQX7716 connected to the "
         "PIIX4/ICH SMBus or alternatively, an TQX7716 Evaluation Board connected to either a "
         "parallel printer port or a PIIX4/ICH SMBus ",
-        "lblDescription", TextWidth));
+        TextWidth));
     layout->addWidget(Rule("Line1"));
     layout->addWidget(warning);
-    layout->addWidget(SmallPrint(
-        tr("This program writes to hardware as soon as it is told to. A wrong value in a register "
-           "or in the EEPROM can stop a board from working."),
-        "Label1"));
-    layout->addWidget(SmallPrint(tr("It comes without any warranty; its licence stands in the "
-                                    "file LICENSE, which goes with every copy."),
-                                 "Label2"));
+    layout->addWidget(kit::SmallPrint(
+        "Label1",
+        "This program writes to hardware as soon as it is told to. A wrong value in a register "
+        "or in the EEPROM can stop a board from working.",
+        TextWidth));
+    layout->addWidget(kit::SmallPrint("Label2",
+                                      "It comes without any warranty; its licence stands in the "
+                                      "file LICENSE, which goes with every copy.",
+                                      TextWidth));
     layout->addWidget(Rule("Line2"));
-    layout->addWidget(SmallPrint(tr("F1 opens the handbook at the page of the window in front."),
-                                 "HandbookHint"));
-    layout->addWidget(SmallPrint(tr("Written by the TQX7716 console's developers."), "Label3"));
-    layout->addWidget(SmallPrint(tr("Set in Inter and JetBrains Mono, drawn with Qt."), "Label4"));
+    layout->addWidget(kit::SmallPrint(
+        "HandbookHint", "F1 opens the handbook at the page of the window in front.", TextWidth));
+    layout->addWidget(
+        kit::SmallPrint("Label3", "Written by the TQX7716 console's developers.", TextWidth));
+    layout->addWidget(
+        kit::SmallPrint("Label4", "Set in Inter and JetBrains Mono, drawn with Qt.", TextWidth));
     layout->addLayout(buttons);
     ok->setFocus();
 }

@@ -1,7 +1,6 @@
 #include "eeprom_com/eeprom_row.h"
 
-#include "form_parts.h"
-
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_entry.h>
 #include <controls/number_text.h>
@@ -14,9 +13,8 @@ namespace {
 constexpr int Columns = 7; // mark, address, read data, read, write data, write, mark
 
 NumberEntry* Entry(const char* name, int index, const QString& accessibleName) {
-    auto* entry = new NumberEntry(NumberEntry::Hexadecimal);
-    entry->setObjectName(parts::MemberName(name, index));
-    entry->setAccessibleName(accessibleName.arg(index + 1));
+    NumberEntry* entry = kit::Entry(kit::MemberName(name, index), NumberEntry::Hexadecimal,
+                                    accessibleName.arg(index + 1));
     entry->setAlignment(Qt::AlignRight);
     return entry;
 }
@@ -25,7 +23,7 @@ NumberEntry* Entry(const char* name, int index, const QString& accessibleName) {
 void MarkWhatIsNoByte(NumberEntry& entry, QLabel& mark, QRgb ink, const QString& tooltip) {
     const auto update = [&entry, &mark, ink, tooltip] {
         const bool good = ByteOf(entry.Text(), 16).has_value();
-        const QString why = QObject::tr("\"%1\" is no byte, so nothing is sent. Enter 0 to FF.");
+        const QString why = "\"%1\" is no byte, so nothing is sent. Enter 0 to FF.";
         const QString text = good ? tooltip : why.arg(entry.Text());
         look::SetInk(entry, good ? ink : look::DarkRedInk);
         entry.setToolTip(text);
@@ -38,7 +36,7 @@ void MarkWhatIsNoByte(NumberEntry& entry, QLabel& mark, QRgb ink, const QString&
 }
 
 QLabel* Mark(const char* name, int index) {
-    QLabel* mark = parts::Label({}, parts::MemberName(name, index));
+    QLabel* mark = kit::Label(kit::MemberName(name, index), {});
     mark->setFont(look::WordsFont(look::Size::Section, look::Strong));
     look::SetInk(*mark, look::DarkRedInk);
     mark->setFixedWidth(2 * look::Grid);
@@ -49,27 +47,27 @@ QLabel* Mark(const char* name, int index) {
 } // namespace
 
 EEPROMRow::EEPROMRow(int index, QGridLayout& grid)
-    : AddrptrTXT(Entry("AddrptrTXT", index, QObject::tr("Address of row %1")))
-    , ReadLBL(parts::NumberLabel("00", parts::MemberName("ReadLBL", index), look::GreenInk))
-    , ReadByteCMD(parts::Button("<<Read", parts::MemberName("ReadByteCMD", index),
-                                QObject::tr("Reads the byte at this row's address")))
-    , WriteDataTXT(Entry("WriteDataTXT", index, QObject::tr("Byte to write of row %1")))
-    , WriteByteCMD(parts::Button("Write>>", parts::MemberName("WriteByteCMD", index),
-                                 QObject::tr("Writes this row's byte to its address"))) {
-    ReadLBL->setAccessibleName(QObject::tr("Byte read of row %1").arg(index + 1));
+    : AddrptrTXT(Entry("AddrptrTXT", index, "Address of row %1"))
+    , ReadLBL(kit::NumberLabel(kit::MemberName("ReadLBL", index), "00", look::GreenInk))
+    , ReadByteCMD(kit::Button(kit::MemberName("ReadByteCMD", index), "<<Read",
+                              "Reads the byte at this row's address"))
+    , WriteDataTXT(Entry("WriteDataTXT", index, "Byte to write of row %1"))
+    , WriteByteCMD(kit::Button(kit::MemberName("WriteByteCMD", index), "Write>>",
+                               "Writes this row's byte to its address")) {
+    ReadLBL->setAccessibleName(QStringLiteral("Byte read of row %1").arg(index + 1));
     ReadLBL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     ReadLBL->setMinimumWidth(ReadLBL->fontMetrics().horizontalAdvance("0000"));
-    ReadByteCMD->setAccessibleName(QObject::tr("Read row %1").arg(index + 1));
-    WriteByteCMD->setAccessibleName(QObject::tr("Write row %1").arg(index + 1));
+    ReadByteCMD->setAccessibleName(QStringLiteral("Read row %1").arg(index + 1));
+    WriteByteCMD->setAccessibleName(QStringLiteral("Write row %1").arg(index + 1));
     AddrptrTXT->Text(HexText(static_cast<unsigned>(index)));
     WriteDataTXT->Text("0");
 
     QLabel* addressMark = Mark("AddressMark", index);
     QLabel* dataMark = Mark("DataMark", index);
     MarkWhatIsNoByte(*AddrptrTXT, *addressMark, look::DarkBlueInk,
-                     QObject::tr("Address in hexadecimal, 0 to FF"));
+                     "Address in hexadecimal, 0 to FF");
     MarkWhatIsNoByte(*WriteDataTXT, *dataMark, look::BodyInk,
-                     QObject::tr("Byte to write, in hexadecimal, 0 to FF"));
+                     "Byte to write, in hexadecimal, 0 to FF");
 
     QWidget* const controls[Columns] = {addressMark, AddrptrTXT,   ReadLBL,     ReadByteCMD,
                                         dataMark,    WriteDataTXT, WriteByteCMD};

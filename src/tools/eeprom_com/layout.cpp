@@ -1,7 +1,7 @@
 #include "eeprom_com/eeprom_com_frm.h"
-#include "form_parts.h"
 
 #include <console/high_byte_combo.h>
+#include <controls/factories.h>
 #include <controls/look.h>
 
 #include <QCheckBox>
@@ -20,15 +20,6 @@ namespace {
 constexpr int RowHeight = 9 * look::Grid;
 constexpr int NotesWidth = 220;
 constexpr std::chrono::milliseconds AutoReadInterval{100};
-
-QCheckBox* CheckBox(const QString& text, const QString& name, const QString& tooltip,
-                    const QString& shortcut) {
-    auto* box = new QCheckBox(text);
-    box->setObjectName(name);
-    box->setShortcut(QKeySequence(shortcut));
-    box->setToolTip(QStringLiteral("%1 (%2)").arg(tooltip, shortcut));
-    return box;
-}
 
 } // namespace
 
@@ -52,13 +43,13 @@ void EEPROMComFRM::MakeLayout() {
 }
 
 QGroupBox* EEPROMComFRM::MakeRows() {
-    QGroupBox* frame = parts::Frame(tr("Rows"), "RWFrame");
+    QGroupBox* frame = kit::Frame("RWFrame", "Rows");
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(0);
-    grid->addWidget(parts::Heading(tr("Address"), "AddressHeading"), 0, 1, Qt::AlignRight);
-    grid->addWidget(parts::Heading(tr("Read"), "ReadHeading"), 0, 2, Qt::AlignRight);
-    grid->addWidget(parts::Heading(tr("Write"), "WriteHeading"), 0, 5, Qt::AlignRight);
+    grid->addWidget(kit::Heading("AddressHeading", "Address"), 0, 1, Qt::AlignRight);
+    grid->addWidget(kit::Heading("ReadHeading", "Read"), 0, 2, Qt::AlignRight);
+    grid->addWidget(kit::Heading("WriteHeading", "Write"), 0, 5, Qt::AlignRight);
     m_rows.reserve(RowCount);
     for (int i = 0; i < RowCount; ++i) {
         m_rows.emplace_back(i, *grid);
@@ -69,35 +60,27 @@ QGroupBox* EEPROMComFRM::MakeRows() {
 }
 
 QGroupBox* EEPROMComFRM::MakeLegend() {
-    QGroupBox* frame = parts::Frame("Legend", "LegendFrame");
+    QGroupBox* frame = kit::Frame("LegendFrame", "Legend");
     auto* line = new QHBoxLayout(frame);
     line->setSpacing(4 * look::Grid);
-    QLabel* address = parts::Label("Address Pointer", "AddressPointerLegend");
+    QLabel* address = kit::Label("AddressPointerLegend", "Address Pointer");
     look::SetInk(*address, look::DarkBlueInk);
-    QLabel* read = parts::Label("Read Data", "ReadDataLegend");
+    QLabel* read = kit::Label("ReadDataLegend", "Read Data");
     look::SetInk(*read, look::GreenInk);
     line->addWidget(address);
     line->addWidget(read);
-    line->addWidget(parts::Label("Write Data", "WriteDataLegend"));
+    line->addWidget(kit::Label("WriteDataLegend", "Write Data"));
     return frame;
 }
 
 QGroupBox* EEPROMComFRM::MakeCommands() {
-    QGroupBox* frame = parts::Frame("Command", "CommandFrame");
-    m_autoReadCHK =
-        parts::Button("AutoRead is Off", "AutoReadCHK",
-                      tr("Reads all rows again and again, ten times a second"), "Alt+U");
+    QGroupBox* frame = kit::Frame("CommandFrame", "Command");
+    m_autoReadCHK = kit::Button("AutoReadCHK", "AutoRead is Off",
+                                "Reads all rows again and again, ten times a second", "Alt+U");
     m_autoReadCHK->setCheckable(true);
-    m_readAllCMD = parts::Button("Read All", "ReadAllCMD", tr("Reads all sixteen rows"), "Alt+R");
-    m_writeALLCMD =
-        parts::Button("Write All", "WriteALLCMD", tr("Writes all sixteen rows"), "Alt+W");
-    m_rwAllProgress = new QProgressBar;
-    m_rwAllProgress->setObjectName("RWAllProgress");
-    m_rwAllProgress->setAccessibleName(tr("Rows done"));
-    m_rwAllProgress->setRange(0, RowCount - 1);
-    m_rwAllProgress->setValue(0);
-    m_rwAllProgress->setTextVisible(false);
-    m_rwAllProgress->setFixedHeight(2 * look::Grid);
+    m_readAllCMD = kit::Button("ReadAllCMD", "Read All", "Reads all sixteen rows", "Alt+R");
+    m_writeALLCMD = kit::Button("WriteALLCMD", "Write All", "Writes all sixteen rows", "Alt+W");
+    m_rwAllProgress = kit::ProgressLine("RWAllProgress", "Rows done", RowCount - 1);
 
     auto* grid = new QGridLayout(frame);
     grid->addWidget(m_readAllCMD, 0, 0);
@@ -108,39 +91,40 @@ QGroupBox* EEPROMComFRM::MakeCommands() {
 }
 
 QGroupBox* EEPROMComFRM::MakeEEPROM() {
-    QGroupBox* frame = parts::Frame("EEPROM", "EEPROMFrame");
-    m_accessEEPROMCHK = CheckBox("Access EEPROM", "AccessEEPROMCHK",
-                                 tr("The rows stand for bytes of the EEPROM instead of registers. "
-                                    "The EEPROM is reached over the printer port only."),
-                                 "Alt+A");
-    m_eraseEEPROMCHK =
-        CheckBox("Erase EEPROM before writes", "EraseEEPROMCHK",
-                 tr("Write All erases the 256 bytes at the high byte first; a single row cannot be "
-                    "written then"),
-                 "Alt+E");
+    QGroupBox* frame = kit::Frame("EEPROMFrame", "EEPROM");
+    m_accessEEPROMCHK =
+        kit::CheckBox("AccessEEPROMCHK", "Access EEPROM",
+                      "The rows stand for bytes of the EEPROM instead of registers. "
+                      "The EEPROM is reached over the printer port only.",
+                      "Alt+A");
+    m_eraseEEPROMCHK = kit::CheckBox(
+        "EraseEEPROMCHK", "Erase EEPROM before writes",
+        "Write All erases the 256 bytes at the high byte first; a single row cannot be "
+        "written then",
+        "Alt+E");
     m_eepromHighByteCOMBO = new HighByteCombo;
-    m_eepromHighByteCOMBO->setToolTip(tr("High address byte of all rows in the EEPROM"));
-    QLabel* ramHighByte = parts::NumberLabel("00", "EEPROMHighByteLBL", look::BodyInk);
-    ramHighByte->setAccessibleName(tr("High byte of registers"));
+    m_eepromHighByteCOMBO->setToolTip("High address byte of all rows in the EEPROM");
+    QLabel* ramHighByte = kit::NumberLabel("EEPROMHighByteLBL", "00", look::BodyInk);
+    ramHighByte->setAccessibleName("High byte of registers");
 
     auto* grid = new QGridLayout(frame);
     grid->addWidget(m_accessEEPROMCHK, 0, 0, 1, 2);
     grid->addWidget(m_eraseEEPROMCHK, 1, 0, 1, 2);
-    grid->addWidget(parts::Label(tr("High byte"), "HighByteHeading"), 2, 0);
+    grid->addWidget(kit::Label("HighByteHeading", "High byte"), 2, 0);
     grid->addWidget(m_eepromHighByteCOMBO, 2, 1);
-    grid->addWidget(parts::Heading(tr("High byte of registers"), "RAMHighByteHeading"), 3, 0);
+    grid->addWidget(kit::Heading("RAMHighByteHeading", "High byte of registers"), 3, 0);
     grid->addWidget(ramHighByte, 3, 1);
     return frame;
 }
 
 QGroupBox* EEPROMComFRM::MakeFills() {
-    QGroupBox* frame = parts::Frame("Auto Fill", "AutoFillFrame");
-    m_addPTRFillCMD = parts::Button("Address Ptr Fill", "ADDPTRFillCMD",
-                                    tr("Counts the addresses up from the first row's"), "Alt+P");
-    m_readDataFillCMD = parts::Button("Read Data Fill", "ReadDataFillCMD",
-                                      tr("Takes the bytes read as the bytes to write"), "Alt+D");
-    m_randomFillCMD = parts::Button("Random Data Fill", "RandomFillCMD",
-                                    tr("Fills the bytes to write at random"), "Alt+N");
+    QGroupBox* frame = kit::Frame("AutoFillFrame", "Auto Fill");
+    m_addPTRFillCMD = kit::Button("ADDPTRFillCMD", "Address Ptr Fill",
+                                  "Counts the addresses up from the first row's", "Alt+P");
+    m_readDataFillCMD = kit::Button("ReadDataFillCMD", "Read Data Fill",
+                                    "Takes the bytes read as the bytes to write", "Alt+D");
+    m_randomFillCMD = kit::Button("RandomFillCMD", "Random Data Fill",
+                                  "Fills the bytes to write at random", "Alt+N");
     auto* column = new QVBoxLayout(frame);
     column->addWidget(m_addPTRFillCMD);
     column->addWidget(m_readDataFillCMD);
@@ -149,20 +133,21 @@ QGroupBox* EEPROMComFRM::MakeFills() {
 }
 
 QGroupBox* EEPROMComFRM::MakeNotes() {
-    QGroupBox* frame = parts::Frame("Notes", "NotesFrame");
+    QGroupBox* frame = kit::Frame("NotesFrame", "Notes");
     auto* column = new QVBoxLayout(frame);
-    column->addWidget(parts::Note("When auto-erasing EEPROM, all pages associated with the "
-                                  "selected high byte will be erased. ",
-                                  "Label4", NotesWidth));
+    column->addWidget(kit::Text("Label4",
+                                "When auto-erasing EEPROM, all pages associated with the "
+                                "selected high byte will be erased. ",
+                                NotesWidth));
     return frame;
 }
 
 QGroupBox* EEPROMComFRM::MakeClose() {
-    QGroupBox* frame = parts::Frame({}, "CloseFrame");
+    QGroupBox* frame = kit::Frame("CloseFrame", {});
     frame->setFlat(true);
-    m_closeCMD = parts::Button("Close Current", "CloseCMD", tr("Closes this window"), "Alt+C");
-    m_closeAllCMD = parts::Button("Close All", "CloseAllCMD",
-                                  tr("Closes every \"Register Access\" window"), "Alt+L");
+    m_closeCMD = kit::Button("CloseCMD", "Close Current", "Closes this window", "Alt+C");
+    m_closeAllCMD =
+        kit::Button("CloseAllCMD", "Close All", "Closes every \"Register Access\" window", "Alt+L");
     auto* line = new QHBoxLayout(frame);
     line->addWidget(m_closeCMD);
     line->addWidget(m_closeAllCMD);

@@ -1,8 +1,7 @@
 #include "erase_eeprom/erase_eeprom_frm.h"
 
-#include "form_parts.h"
-
 #include <console/high_byte_combo.h>
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_text.h>
 #include <device/bench.h>
@@ -85,7 +84,7 @@ void EraseEEPROMFRM::ErasePage(int i) {
     const QLabel& high = *m_highByteLBL[static_cast<std::size_t>(i)];
     const QLabel& low = *m_lowByteLBL[static_cast<std::size_t>(i)];
     m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(ByteShown(high), ByteShown(low), 0);
-    m_statusLBL->setText(tr("Erase of page %1 %2 sent.").arg(high.text(), low.text()));
+    m_statusLBL->setText(QStringLiteral("Erase of page %1 %2 sent.").arg(high.text(), low.text()));
 }
 
 void EraseEEPROMFRM::EraseAll() {
@@ -103,9 +102,9 @@ void EraseEEPROMFRM::EraseAll() {
     }
     m_statusLBL->setText(
         m_stopRequested
-            ? tr("Stopped after page %1 %2.")
+            ? QStringLiteral("Stopped after page %1 %2.")
                   .arg(m_highByteVaueLBL->text(), m_lowByteValueLBL->text().rightJustified(2, '0'))
-            : tr("Erase of all pages sent."));
+            : QStringLiteral("Erase of all pages sent."));
 }
 
 void EraseEEPROMFRM::EraseBlock(std::uint8_t high) {
@@ -132,11 +131,11 @@ void EraseEEPROMFRM::SetEraseAllRunning(bool running) {
 }
 
 void EraseEEPROMFRM::MakeLayout() {
-    m_closeCMD = parts::Button("Close", "CloseCMD",
-                               tr("Closes this window; an erase under way stops first"), "Alt+C");
+    m_closeCMD = kit::Button("CloseCMD", "Close",
+                             "Closes this window; an erase under way stops first", "Alt+C");
     m_closeCMD->setDefault(true);
-    m_statusLBL = parts::Heading({}, "StatusLBL");
-    m_statusLBL->setAccessibleName(tr("Status"));
+    m_statusLBL = kit::Heading("StatusLBL", {});
+    m_statusLBL->setAccessibleName("Status");
     auto* end = new QHBoxLayout;
     end->addWidget(m_statusLBL, 1);
     end->addWidget(m_closeCMD);
@@ -150,27 +149,27 @@ void EraseEEPROMFRM::MakeLayout() {
 }
 
 QGroupBox* EraseEEPROMFRM::MakePages() {
-    QGroupBox* frame = parts::Frame("Erase Page", "Frame1");
+    QGroupBox* frame = kit::Frame("Frame1", "Erase Page");
     m_eepromHighByteCOMBO = new HighByteCombo;
-    m_eepromHighByteCOMBO->setToolTip(tr("The block whose pages stand below"));
+    m_eepromHighByteCOMBO->setToolTip("The block whose pages stand below");
 
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(6 * look::Grid);
-    grid->addWidget(parts::Label("High Byte", "Label1"), 0, 0);
+    grid->addWidget(kit::Label("Label1", "High Byte"), 0, 0);
     grid->addWidget(m_eepromHighByteCOMBO, 0, 1, 1, 2);
     grid->setRowMinimumHeight(1, 2 * look::Grid);
-    grid->addWidget(parts::Heading("High Byte", "HighByteLBL(4)"), 2, 0);
-    grid->addWidget(parts::Heading("Low Byte", "LowByteLBL(4)"), 2, 1);
+    grid->addWidget(kit::Heading("HighByteLBL(4)", "High Byte"), 2, 0);
+    grid->addWidget(kit::Heading("LowByteLBL(4)", "Low Byte"), 2, 1);
     for (int i = 0; i < eeprom::PagesInBlock; ++i) {
         const auto row = static_cast<std::size_t>(i);
         const QString low = HexText(eeprom::PageStart(i)).rightJustified(2, '0');
         m_highByteLBL[row] =
-            parts::NumberLabel({}, parts::MemberName("HighByteLBL", i), look::DarkBlueInk);
-        m_lowByteLBL[row] =
-            parts::NumberLabel(low, parts::MemberName("LowByteLBL", i), look::BodyInk);
-        m_erasePageCMD[row] = parts::Button("Erase>>", parts::MemberName("ErasePageCMD", i),
-                                            tr("Erases the 64 bytes of this page"));
-        m_erasePageCMD[row]->setAccessibleName(tr("Erase the page at low byte %1").arg(low));
+            kit::NumberLabel(kit::MemberName("HighByteLBL", i), {}, look::DarkBlueInk);
+        m_lowByteLBL[row] = kit::NumberLabel(kit::MemberName("LowByteLBL", i), low, look::BodyInk);
+        m_erasePageCMD[row] = kit::Button(kit::MemberName("ErasePageCMD", i), "Erase>>",
+                                          "Erases the 64 bytes of this page");
+        m_erasePageCMD[row]->setAccessibleName(
+            QStringLiteral("Erase the page at low byte %1").arg(low));
         grid->addWidget(m_highByteLBL[row], i + 3, 0);
         grid->addWidget(m_lowByteLBL[row], i + 3, 1);
         grid->addWidget(m_erasePageCMD[row], i + 3, 2);
@@ -179,20 +178,14 @@ QGroupBox* EraseEEPROMFRM::MakePages() {
 }
 
 QGroupBox* EraseEEPROMFRM::MakeFullErase() {
-    QGroupBox* frame = parts::Frame("Full Erase", "Frame2");
-    m_eraseAllCMD = parts::Button("Erase All EEPROM", "EraseAllCMD",
-                                  tr("Erases all 8192 bytes, which takes about 13 seconds"));
-    m_stopEraseCMD = parts::Button("Stop Erase", "StopEraseCMD",
-                                   tr("Stops after the page that is being erased"), "Alt+S");
-    m_totalProgress = new QProgressBar;
-    m_totalProgress->setObjectName("TotalProgress");
-    m_totalProgress->setAccessibleName(tr("Blocks erased"));
-    m_totalProgress->setRange(0, ProgressEnd);
-    m_totalProgress->setValue(0);
-    m_totalProgress->setTextVisible(false);
-    m_totalProgress->setFixedHeight(2 * look::Grid);
-    m_highByteVaueLBL = parts::NumberLabel("00", "HighByteVaueLBL", look::DarkBlueInk);
-    m_lowByteValueLBL = parts::NumberLabel("00", "LowByteValueLBL", look::BodyInk);
+    QGroupBox* frame = kit::Frame("Frame2", "Full Erase");
+    m_eraseAllCMD = kit::Button("EraseAllCMD", "Erase All EEPROM",
+                                "Erases all 8192 bytes, which takes about 13 seconds");
+    m_stopEraseCMD = kit::Button("StopEraseCMD", "Stop Erase",
+                                 "Stops after the page that is being erased", "Alt+S");
+    m_totalProgress = kit::ProgressLine("TotalProgress", "Blocks erased", ProgressEnd);
+    m_highByteVaueLBL = kit::NumberLabel("HighByteVaueLBL", "00", look::DarkBlueInk);
+    m_lowByteValueLBL = kit::NumberLabel("LowByteValueLBL", "00", look::BodyInk);
     m_stopEraseCMD->setEnabled(false);
 
     const int width = m_lowByteValueLBL->fontMetrics().horizontalAdvance("00");
@@ -200,14 +193,14 @@ QGroupBox* EraseEEPROMFRM::MakeFullErase() {
     m_lowByteValueLBL->setMinimumWidth(width);
 
     auto* address = new QHBoxLayout;
-    address->addWidget(parts::Heading("High Byte:", "Label2"));
+    address->addWidget(kit::Heading("Label2", "High Byte:"));
     address->addWidget(m_highByteVaueLBL);
     address->addSpacing(4 * look::Grid);
-    address->addWidget(parts::Heading("Low Byte:", "Label3"));
+    address->addWidget(kit::Heading("Label3", "Low Byte:"));
     address->addWidget(m_lowByteValueLBL);
     address->addSpacing(4 * look::Grid);
-    address->addWidget(parts::Heading("Data Byte:", "Label4"));
-    address->addWidget(parts::NumberLabel("00", "Label5", look::BodyInk));
+    address->addWidget(kit::Heading("Label4", "Data Byte:"));
+    address->addWidget(kit::NumberLabel("Label5", "00", look::BodyInk));
 
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(m_stopEraseCMD);

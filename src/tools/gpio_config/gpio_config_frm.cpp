@@ -1,6 +1,6 @@
 #include "gpio_config/gpio_config_frm.h"
 
-#include <controls/hand_combo.h>
+#include <controls/combos.h>
 #include <device/bench.h>
 
 #include <QPushButton>

@@ -2,6 +2,7 @@
 
 #include "tool_window.h"
 
+#include <controls/combos.h>
 #include <device/gpio_lines.h>
 
 #include <array>
@@ -14,7 +15,6 @@ class QPushButton;
 namespace tqx {
 
 struct Bench;
-class HandCombo;
 
 /// The GPIO control panel: the function, direction and polarity of the 17 lines as the registers
 /// have them. Each change writes all fields.

@@ -1,7 +1,7 @@
-#include "form_parts.h"
 #include "gpio_config/gpio_config_frm.h"
 
-#include <controls/hand_combo.h>
+#include <controls/combos.h>
+#include <controls/factories.h>
 #include <controls/look.h>
 
 #include <QGridLayout>
@@ -19,15 +19,14 @@ enum Row { NumberRow, SelectorRow, DirectionRow, PolarityRow };
 
 HandCombo* Combo(const char* name, int index, int line, const QString& what) {
     auto* combo = new HandCombo;
-    combo->setObjectName(parts::MemberName(name, index));
-    combo->setAccessibleName(what.arg(line));
-    combo->setToolTip(QObject::tr("%1; a change writes all settings of this window to the chip")
-                          .arg(what.arg(line)));
+    const QString meaning = what.arg(line);
+    kit::Name(*combo, kit::MemberName(name, index), meaning,
+              meaning + "; a change writes all settings of this window to the chip");
     return combo;
 }
 
 QGroupBox* Frame(const QString& name, const QString& title, QGridLayout*& grid) {
-    QGroupBox* frame = parts::Frame(title, name);
+    QGroupBox* frame = kit::Frame(name, title);
     grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(2 * look::Grid);
     return frame;
@@ -35,23 +34,21 @@ QGroupBox* Frame(const QString& name, const QString& title, QGridLayout*& grid) 
 
 /// The headings of group 0 or 1.
 void AddHeadings(QGridLayout& grid, int group) {
-    grid.addWidget(parts::Heading("GPIO Number:", parts::MemberName("Label3", group)), NumberRow,
+    grid.addWidget(kit::Heading(kit::MemberName("Label3", group), "GPIO Number:"), NumberRow, 0);
+    grid.addWidget(kit::Heading(kit::MemberName("Label1", group), "Direction:"), DirectionRow, 0);
+    grid.addWidget(kit::Heading(kit::MemberName("Label2", group), "Polarity, Active"), PolarityRow,
                    0);
-    grid.addWidget(parts::Heading("Direction:", parts::MemberName("Label1", group)), DirectionRow,
-                   0);
-    grid.addWidget(parts::Heading("Polarity, Active", parts::MemberName("Label2", group)),
-                   PolarityRow, 0);
 }
 
 } // namespace
 
 void GPIOConfigFRM::MakeLayout() {
-    m_readAgainCMD = parts::Button(
-        "Read Settings from TQX7716 again.", "ReadAgainCMD",
-        tr("Shows directions and polarities as the chip has them; writes nothing"), "Alt+R");
+    m_readAgainCMD = kit::Button(
+        "ReadAgainCMD", "Read Settings from TQX7716 again.",
+        "Shows directions and polarities as the chip has them; writes nothing", "Alt+R");
     connect(m_readAgainCMD, &QPushButton::clicked, this, &GPIOConfigFRM::ReadAgain);
-    m_closeCMD = parts::Button("Close", "CloseCMD",
-                               tr("Closes this window; the chip keeps its settings"), "Alt+C");
+    m_closeCMD = kit::Button("CloseCMD", "Close", "Closes this window; the chip keeps its settings",
+                             "Alt+C");
     m_closeCMD->setDefault(true);
     connect(m_closeCMD, &QPushButton::clicked, this, &GPIOConfigFRM::close);
 
@@ -74,9 +71,9 @@ void GPIOConfigFRM::MakeLayout() {
 
 QGroupBox* GPIOConfigFRM::MakeFanLines() {
     QGridLayout* grid = nullptr;
-    QGroupBox* frame = Frame("FanLinesFrame", tr("Fan pins"), grid);
+    QGroupBox* frame = Frame("FanLinesFrame", "Fan pins", grid);
     AddHeadings(*grid, 0);
-    grid->addWidget(parts::Heading("GPIO/Fan", "Label2(2)"), SelectorRow, 0);
+    grid->addWidget(kit::Heading("Label2(2)", "GPIO/Fan"), SelectorRow, 0);
     for (int line = 0; line < gpio::FanLineCount; ++line) {
         AddSelector(*grid, line, line + 1);
         AddLine(*grid, line, line + 1);
@@ -86,7 +83,7 @@ QGroupBox* GPIOConfigFRM::MakeFanLines() {
 
 QGroupBox* GPIOConfigFRM::MakePlainLines() {
     QGridLayout* grid = nullptr;
-    QGroupBox* frame = Frame("PlainLinesFrame", tr("GPIO pins"), grid);
+    QGroupBox* frame = Frame("PlainLinesFrame", "GPIO pins", grid);
     AddHeadings(*grid, 1);
     for (int line = gpio::FanLineCount; line < gpio::ThermLine; ++line) {
         AddLine(*grid, line, line - gpio::FanLineCount + 1);
@@ -96,7 +93,7 @@ QGroupBox* GPIOConfigFRM::MakePlainLines() {
 
 QGroupBox* GPIOConfigFRM::MakeThermLine() {
     QGridLayout* grid = nullptr;
-    QGroupBox* frame = Frame("ThermLineFrame", tr("THERM pin"), grid);
+    QGroupBox* frame = Frame("ThermLineFrame", "THERM pin", grid);
     AddSelector(*grid, gpio::FanLineCount, 0);
     AddLine(*grid, gpio::ThermLine, 0);
     return frame;
@@ -104,7 +101,7 @@ QGroupBox* GPIOConfigFRM::MakeThermLine() {
 
 void GPIOConfigFRM::AddSelector(QGridLayout& grid, int index, int column) {
     const int line = index == gpio::FanLineCount ? gpio::ThermLine : index;
-    HandCombo* selector = Combo("EnabledCOMBO", index, line, tr("Function of GPIO%1"));
+    HandCombo* selector = Combo("EnabledCOMBO", index, line, "Function of GPIO%1");
     m_enabledCOMBO[static_cast<std::size_t>(index)] = selector;
     connect(selector, &HandCombo::currentIndexChanged, this, [this, line] {
         if (!m_loading) {
@@ -118,10 +115,10 @@ void GPIOConfigFRM::AddSelector(QGridLayout& grid, int index, int column) {
 void GPIOConfigFRM::AddLine(QGridLayout& grid, int line, int column) {
     const auto i = static_cast<std::size_t>(line);
     QLabel* number =
-        parts::NumberLabel(QString::number(line), parts::MemberName("Label4", line), look::BodyInk);
+        kit::NumberLabel(kit::MemberName("Label4", line), QString::number(line), look::BodyInk);
     number->setAlignment(Qt::AlignCenter);
-    m_directionCombo[i] = Combo("DirectionCombo", line, line, tr("Direction of GPIO%1"));
-    m_polarity[i] = Combo("Polarity", line, line, tr("Active polarity of GPIO%1"));
+    m_directionCombo[i] = Combo("DirectionCombo", line, line, "Direction of GPIO%1");
+    m_polarity[i] = Combo("Polarity", line, line, "Active polarity of GPIO%1");
     for (HandCombo* combo : {m_directionCombo[i], m_polarity[i]}) {
         connect(combo, &HandCombo::currentIndexChanged, this, &GPIOConfigFRM::Changed);
     }

@@ -1,8 +1,8 @@
 #include "elided_label.h"
-#include "form_parts.h"
 #include "register_dump/format_sample.h"
 #include "register_dump/register_dump_frm.h"
 
+#include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/percent_bar.h>
 
@@ -21,7 +21,7 @@ constexpr int StatusLines = 3; // room for a path and a reason
 /// A frame with the box that takes a part of the chip into the dump, and a sample of its rows.
 QGroupBox* Choice(const QString& name, const QString& title, QCheckBox* box, QLabel* note,
                   FormatSample* sample) {
-    QGroupBox* frame = parts::Frame(title, name);
+    QGroupBox* frame = kit::Frame(name, title);
     look::SetInk(*note, look::QuietInk);
     auto* column = new QVBoxLayout(frame);
     column->setSpacing(2 * look::Grid);
@@ -31,29 +31,25 @@ QGroupBox* Choice(const QString& name, const QString& title, QCheckBox* box, QLa
     return frame;
 }
 
-QCheckBox* TickedBox(const QString& text, const QString& name, const QString& tooltip) {
-    auto* box = new QCheckBox(text);
-    box->setObjectName(name);
-    box->setToolTip(tooltip);
+QCheckBox* TickedBox(const QString& name, const QString& text, const QString& tooltip) {
+    QCheckBox* box = kit::CheckBox(name, text, tooltip);
     box->setChecked(true);
     return box;
 }
 
-QLabel* SampleText(const QString& text, const QString& name) {
-    QLabel* sample = parts::NumberLabel(text, name, look::BodyInk);
-    sample->setFont(look::NumbersFont(look::Size::Large));
-    return sample;
+QLabel* SampleText(const QString& name, const QString& text) {
+    return kit::Label(name, text, look::NumbersFont(look::Size::Large), look::BodyInk);
 }
 
 } // namespace
 
 void RegisterDumpFRM::MakeLayout() {
-    m_statusLBL = parts::Label({}, "StatusLBL");
+    m_statusLBL = kit::Label("StatusLBL", {});
     m_statusLBL->setWordWrap(true);
     m_statusLBL->setAlignment(Qt::AlignTop);
     m_statusLBL->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     m_statusLBL->setFixedHeight(StatusLines * m_statusLBL->fontMetrics().lineSpacing());
-    m_statusLBL->setAccessibleName(tr("Status"));
+    m_statusLBL->setAccessibleName("Status");
     m_statusLBL->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     auto* choices = new QHBoxLayout;
@@ -72,41 +68,40 @@ void RegisterDumpFRM::MakeLayout() {
 
 QGroupBox* RegisterDumpFRM::MakeRAM() {
     m_ramSettingsCHK =
-        TickedBox("Dump RAM", "RAMSettingsCHK", tr("Takes all 256 registers into the dump"));
-    auto* sample = new FormatSample(SampleText("74:5D", "Label1(0)"),
-                                    {{0, 2, parts::Label("Address Pointer", "Label2(0)")},
-                                     {3, 2, parts::Label("Data", "Label3(0)")}});
+        TickedBox("RAMSettingsCHK", "Dump RAM", "Takes all 256 registers into the dump");
+    auto* sample = new FormatSample(SampleText("Label1(0)", "74:5D"),
+                                    {{0, 2, kit::Label("Label2(0)", "Address Pointer")},
+                                     {3, 2, kit::Label("Label3(0)", "Data")}});
     return Choice("Frame1", "RAM", m_ramSettingsCHK,
-                  parts::Label("RAM data is dumped in the following format;", "Label4"), sample);
+                  kit::Label("Label4", "RAM data is dumped in the following format;"), sample);
 }
 
 QGroupBox* RegisterDumpFRM::MakeEEPROM() {
-    m_eepromSettingsCHK = TickedBox("Dump EEPROM", "EEPROMSettingsCHK",
-                                    tr("Takes the 8192 bytes of the EEPROM into the dump"));
-    auto* sample = new FormatSample(SampleText("80,11:0", "Label1(1)"),
-                                    {{0, 2, parts::Label("High Byte", "Label2(2)")},
-                                     {3, 2, parts::Label("Low Byte", "Label2(1)")},
-                                     {6, 1, parts::Label("Data", "Label3(1)")}});
+    m_eepromSettingsCHK = TickedBox("EEPROMSettingsCHK", "Dump EEPROM",
+                                    "Takes the 8192 bytes of the EEPROM into the dump");
+    auto* sample = new FormatSample(SampleText("Label1(1)", "80,11:0"),
+                                    {{0, 2, kit::Label("Label2(2)", "High Byte")},
+                                     {3, 2, kit::Label("Label2(1)", "Low Byte")},
+                                     {6, 1, kit::Label("Label3(1)", "Data")}});
     return Choice("Frame2", "EEPROM", m_eepromSettingsCHK,
-                  parts::Label("EEPROM data is dumped in the following format;", "Label5"), sample);
+                  kit::Label("Label5", "EEPROM data is dumped in the following format;"), sample);
 }
 
 QGroupBox* RegisterDumpFRM::MakeTarget() {
-    QGroupBox* frame = parts::Frame(tr("Target"), "TargetFrame");
+    QGroupBox* frame = kit::Frame("TargetFrame", "Target");
     m_pathLBL = new ElidedLabel;
     m_pathLBL->setObjectName("PathLBL");
     m_pathLBL->setFont(look::NumbersFont());
     m_pathLBL->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_browseCMD = parts::Button("Browse", "BrowseCMD", tr("Chooses the file"), "Alt+B");
-    m_dumpCMD =
-        parts::Button("Dump Now", "DumpCMD", tr("Adds a dump to the end of the file"), "Alt+D");
+    m_browseCMD = kit::Button("BrowseCMD", "Browse", "Chooses the file", "Alt+B");
+    m_dumpCMD = kit::Button("DumpCMD", "Dump Now", "Adds a dump to the end of the file", "Alt+D");
     m_dumpCMD->setDefault(true);
-    m_stopDumpCMD = parts::Button("Stop Dump", "StopDumpCMD",
-                                  tr("Ends the dump early; the file tells so"), "Alt+S");
+    m_stopDumpCMD =
+        kit::Button("StopDumpCMD", "Stop Dump", "Ends the dump early; the file tells so", "Alt+S");
     m_stopDumpCMD->setEnabled(false);
     m_progressBar1 = new PercentBar;
     m_progressBar1->setObjectName("ProgressBar1");
-    m_progressBar1->setAccessibleName(tr("Part of the dump that is done"));
+    m_progressBar1->setAccessibleName("Part of the dump that is done");
     m_progressBar1->Value(0);
     connect(m_browseCMD, &QPushButton::clicked, this, &RegisterDumpFRM::Browse);
     connect(m_dumpCMD, &QPushButton::clicked, this, &RegisterDumpFRM::Dump);

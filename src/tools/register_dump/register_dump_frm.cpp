@@ -80,7 +80,7 @@ void RegisterDumpFRM::Browse() {
     const QString suggested =
         m_dialogName == FileName ? PlaceOfDump(DefaultDumpPath) : m_dialogName;
     const QString chosen =
-        m_dialogs.SaveFileName(this, tr("Register Dump"), suggested, tr("Text Files (*.txt)"));
+        m_dialogs.SaveFileName(this, "Register Dump", suggested, "Text Files (*.txt)");
     if (!chosen.isEmpty()) {
         m_dialogName = chosen;
     }
@@ -114,7 +114,7 @@ void RegisterDumpFRM::Dump() {
         m_progressBar1->Value(0);
         return;
     }
-    Status(tr("Dumping ..."), false);
+    Status("Dumping ...", false);
     MakeDocumentsFolder(m_dumpPath);
     const QString place = PlaceOfDump(m_dumpPath);
     const DumpOutcome outcome = dump.Run(choice, place);
@@ -127,12 +127,13 @@ void RegisterDumpFRM::Dump() {
 void RegisterDumpFRM::ShowPath() {
     m_pathLBL->setText("Path; " + m_dumpPath);
     QString place = m_dumpPath.isEmpty()
-                        ? tr("No file is chosen.")
-                        : tr("Dumps are added to %1.").arg(PlaceOfDump(m_dumpPath));
+                        ? QStringLiteral("No file is chosen.")
+                        : QStringLiteral("Dumps are added to %1.").arg(PlaceOfDump(m_dumpPath));
     m_pathLBL->setToolTip(place);
     if (m_bench.Bus.BusCell.ComsMedium != ComsPrinterPort) {
-        place += tr(" They read the board on the printer port, which is not the chip that was "
-                    "chosen.");
+        place += QStringLiteral(
+            " They read the board on the printer port, which is not the chip that was "
+            "chosen.");
     }
     Status(place, false);
 }
@@ -152,15 +153,15 @@ void RegisterDumpFRM::Status(const QString& text, bool bad) {
 void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& place) {
     QString text;
     if (outcome.FileFailure.isEmpty()) {
-        text = (outcome.Finished ? tr("Dump added to %1.") : tr("Dump stopped; see the end of %1."))
+        text = QString(outcome.Finished ? "Dump added to %1." : "Dump stopped; see the end of %1.")
                    .arg(place);
     } else {
-        text = (outcome.ReachedDisk ? tr("Only a part of the dump reached the disk: %1: %2.")
-                                    : tr("Nothing reached the disk: %1: %2."))
+        text = QString(outcome.ReachedDisk ? "Only a part of the dump reached the disk: %1: %2."
+                                           : "Nothing reached the disk: %1: %2.")
                    .arg(place, outcome.FileFailure);
     }
     if (outcome.FailedReads > 0) {
-        text += tr(" %1 bytes could not be read and stand as FF: %2.")
+        text += QStringLiteral(" %1 bytes could not be read and stand as FF: %2.")
                     .arg(QString::number(outcome.FailedReads), outcome.LinkFailure);
     }
     Status(text, !outcome.FileFailure.isEmpty() || outcome.FailedReads > 0);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <controls/hand_combo.h>
+#include <controls/combos.h>
 
 #include <cstdint>
 

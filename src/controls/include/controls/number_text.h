@@ -4,11 +4,17 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace tqx {
 
 /// What every read-out of a panel shows where there is no value.
 inline constexpr QLatin1String NoValue("---");
+
+/// A text of the chip's tables or of the link for a control.
+inline QString TextOf(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
 
 /// `value` as the panels show it: upper-case hexadecimal, no prefix, no leading zeros.
 inline QString HexText(unsigned value) {
