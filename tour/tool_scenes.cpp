@@ -116,7 +116,7 @@ void Tour::ShowDump() {
         Shoot(dump, "dump");
         Click(Find(dump, "BrowseCMD"));
         auto& progress = Find<PercentBar>(dump, "ProgressBar1");
-        Meanwhile([&] { return progress.Value() > progress.maximum() / 3; },
+        Meanwhile([&] { return progress.value() > progress.maximum() / 3; },
                   [&] { Shoot(dump, "dump-running"); });
         Click(Find(dump, "DumpCMD"));
         ExpectMeanwhileDone("a dump shows its progress");

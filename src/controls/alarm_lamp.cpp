@@ -4,8 +4,6 @@
 #include "controls/look.h"
 
 #include <QAccessibleWidget>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
 
 namespace tqx {
@@ -33,7 +31,7 @@ public:
 
     void doAction(const QString& action) override {
         if (action == pressAction()) {
-            Q_EMIT m_lamp.Clicked();
+            m_lamp.click();
         }
     }
 
@@ -61,8 +59,9 @@ void DrawLit(QPainter& painter, QPointF centre) {
 } // namespace
 
 AlarmLamp::AlarmLamp(QWidget* parent)
-    : QWidget(parent) {
+    : QAbstractButton(parent) {
     DescribeToScreenReaders<AlarmLamp, AccessibleLamp>();
+    setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -91,30 +90,6 @@ void AlarmLamp::paintEvent(QPaintEvent*) {
         DrawLit(painter, centre);
     } else {
         DrawDark(painter, centre);
-    }
-    if (hasFocus()) {
-        painter.setPen(QPen(QColor(look::Accent), 1.5));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75), 2, 2);
-    }
-}
-
-void AlarmLamp::mousePressEvent(QMouseEvent* event) {
-    m_click.Press(*event);
-}
-
-void AlarmLamp::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_click.Release(*event, *this)) {
-        Q_EMIT Clicked();
-    }
-}
-
-void AlarmLamp::keyPressEvent(QKeyEvent* event) {
-    const int key = event->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter && key != Qt::Key_Space) {
-        QWidget::keyPressEvent(event);
-    } else if (!event->isAutoRepeat()) {
-        Q_EMIT Clicked();
     }
 }
 

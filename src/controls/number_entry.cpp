@@ -13,7 +13,6 @@ namespace tqx {
 namespace {
 
 constexpr unsigned LargestByte = 0xFF;
-constexpr int MostDigits = 8;
 constexpr int HintedCharacters = 17; // what QLineEdit's own size hint makes room for
 
 int Radix(NumberEntry::Base base) {
@@ -93,7 +92,7 @@ void NumberEntry::numberbase(Base base) {
     updateGeometry();
 }
 
-void NumberEntry::Text(const QString& text) {
+void NumberEntry::Put(const QString& text) {
     m_standing = text;
     setText(text);
 }
@@ -103,18 +102,13 @@ unsigned NumberEntry::Value() const {
 }
 
 void NumberEntry::Value(unsigned value) {
-    Text(QString::number(value, Radix(m_base)).toUpper());
-}
-
-void NumberEntry::MaximumDigits(int digits) {
-    m_maximumDigits = std::clamp(digits, 0, MostDigits);
-    updateGeometry();
+    Put(QString::number(value, Radix(m_base)).toUpper());
 }
 
 QSize NumberEntry::sizeHint() const {
-    const int digits = m_maximumDigits > 0 ? m_maximumDigits : DigitsOfByte(m_base);
     QSize hint = QLineEdit::sizeHint();
-    hint.rwidth() += (digits + 1 - HintedCharacters) * fontMetrics().horizontalAdvance('x');
+    hint.rwidth() +=
+        (DigitsOfByte(m_base) + 1 - HintedCharacters) * fontMetrics().horizontalAdvance('x');
     return hint;
 }
 
@@ -167,9 +161,6 @@ void NumberEntry::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 bool NumberEntry::IsTypable(const QString& digits) const {
-    if (m_maximumDigits > 0) {
-        return digits.size() <= m_maximumDigits;
-    }
     return digits.isEmpty() || (digits.size() <= DigitsOfByte(m_base) &&
                                 digits.toUInt(nullptr, Radix(m_base)) <= LargestByte);
 }

@@ -12,7 +12,7 @@ PercentBar::PercentBar(QWidget* parent)
     setValue(0);
 }
 
-void PercentBar::Value(int steps) {
+void PercentBar::StandAt(int steps) {
     // The base class would draw every step at once; this way the steps between two rounds of the
     // event loop are drawn together.
     setUpdatesEnabled(false);
@@ -20,7 +20,7 @@ void PercentBar::Value(int steps) {
     setUpdatesEnabled(true);
 }
 
-void PercentBar::Maximum(int steps) {
+void PercentBar::EndAt(int steps) {
     setRange(0, std::max(steps, 1));
 }
 

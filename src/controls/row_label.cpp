@@ -41,7 +41,7 @@ public:
 
     QString text(QAccessible::Text kind) const override {
         const QString own = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && own.isEmpty() ? m_row.Caption() : own;
+        return kind == QAccessible::Name && own.isEmpty() ? m_row.text() : own;
     }
 
     QAccessible::State state() const override {
@@ -59,7 +59,7 @@ public:
             return;
         }
         Q_EMIT m_row.MouseMoved();
-        Q_EMIT m_row.Clicked();
+        m_row.click();
     }
 
 private:
@@ -99,9 +99,9 @@ RowLabel* Neighbour(const RowLabel& row, int key) {
 } // namespace
 
 RowLabel::RowLabel(const QString& caption, QWidget* parent)
-    : QWidget(parent)
-    , m_caption(caption) {
+    : QAbstractButton(parent) {
     DescribeToScreenReaders<RowLabel, AccessibleRow>();
+    setText(caption);
     setFont(look::NumbersFont());
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -128,7 +128,7 @@ bool RowLabel::IsSelected() const {
 
 QSize RowLabel::sizeHint() const {
     const QFontMetricsF metrics(font());
-    const int caption = qCeil(metrics.horizontalAdvance(m_caption)); // rounded down it is elided
+    const int caption = qCeil(metrics.horizontalAdvance(text())); // rounded down it is elided
     return {TextLeft + caption + TextRight, qCeil(metrics.height()) + look::Grid};
 }
 
@@ -146,7 +146,7 @@ void RowLabel::paintEvent(QPaintEvent*) {
     const QRect textArea = rect().adjusted(TextLeft, 0, -TextRight, 0);
     painter.setPen(ink);
     painter.drawText(textArea, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(m_caption, Qt::ElideRight, textArea.width()));
+                     fontMetrics().elidedText(text(), Qt::ElideRight, textArea.width()));
     if (hasFocus()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(QColor(look::Accent), 1.5));
@@ -165,14 +165,8 @@ void RowLabel::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void RowLabel::mousePressEvent(QMouseEvent* event) {
-    m_click.Press(*event);
+    QAbstractButton::mousePressEvent(event);
     Q_EMIT MouseMoved();
-}
-
-void RowLabel::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_click.Release(*event, *this)) {
-        Q_EMIT Clicked();
-    }
 }
 
 void RowLabel::keyPressEvent(QKeyEvent* event) {
@@ -182,7 +176,7 @@ void RowLabel::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
         if (!event->isAutoRepeat()) {
             Q_EMIT MouseMoved();
-            Q_EMIT Clicked();
+            click();
         }
         return;
     case Qt::Key_Up:
@@ -199,7 +193,30 @@ void RowLabel::keyPressEvent(QKeyEvent* event) {
     default:
         break;
     }
-    QWidget::keyPressEvent(event);
+    event->ignore();
+}
+
+void HoverRows(std::span<RowLabel* const> rows, int& hoverRow, int index) {
+    if (hoverRow != index) {
+        RowLabel& left = *rows[static_cast<std::size_t>(hoverRow)];
+        left.ForeColor(AfterPointerLeft(left.ForeColor()));
+        hoverRow = index;
+    }
+    RowLabel& entered = *rows[static_cast<std::size_t>(index)];
+    entered.ForeColor(AfterPointerEntered(entered.ForeColor()));
+}
+
+void MarkClicked(std::span<RowLabel* const> group, RowLabel& row) {
+    if (row.ForeColor() == RowColour::Selected) {
+        row.ForeColor(RowColour::Hovered);
+    } else {
+        for (RowLabel* other : group) {
+            if (other != &row) {
+                other->ForeColor(RowColour::Plain);
+            }
+        }
+    }
+    row.ForeColor(AfterClick(row.ForeColor()));
 }
 
 } // namespace tqx

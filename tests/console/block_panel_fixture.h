@@ -54,7 +54,7 @@ public:
         std::string row;
         for (int column = first; column <= last; ++column) {
             const auto* label = qobject_cast<QLabel*>(&Member(array, column));
-            const QString text = label != nullptr ? label->text() : WriteBox(column).Text();
+            const QString text = label != nullptr ? label->text() : WriteBox(column).text();
             row += column == first ? "" : " ";
             row += text.toStdString();
         }

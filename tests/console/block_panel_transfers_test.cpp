@@ -51,7 +51,7 @@ TEST_F(BlockPanelTransfers, AReadOfRegistersWithoutPEC) {
     EXPECT_EQ(panel.Row("FcsLBL", 1, 2), "--- ---");
     EXPECT_EQ(panel.PECReadOuts(), "--- --- --- ---");
     EXPECT_EQ(panel.MarkColour(), QColor(128, 128, 128));
-    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").Text(), "A1");
+    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").text(), "A1");
     EXPECT_TRUE(panel.ButtonsUsable());
 }
 
@@ -90,12 +90,12 @@ TEST_F(BlockPanelTransfers, AWriteOfFiveBytesToTheEEPROMWithPEC) {
     EXPECT_EQ(panel.PECReadOuts(), "C0 C1 C2 9");
     EXPECT_EQ(panel.Text("PECStatusLBL"), "PEC Failed");
     EXPECT_EQ(panel.MarkColour(), QColor(192, 0, 0));
-    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").Text(), "A0");
+    EXPECT_EQ(panel.Find<NumberEntry>("AddPTRTXT").text(), "A0");
     EXPECT_TRUE(panel.Member("ReadDataLBL", 5).isEnabled());
     EXPECT_FALSE(panel.Member("ReadDataLBL", 6).isEnabled());
 
     panel.Click("BlockReadCMD");
-    EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), "20");
+    EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").text(), "20");
     EXPECT_TRUE(panel.Member("ReadDataLBL", 32).isEnabled());
 }
 
@@ -148,12 +148,12 @@ TEST_F(BlockPanelTransfers, AByteCountIsKeptToABlock) {
 
     for (const auto& row : table) {
         panel.Type("ByteCountTXT", row.Typed, row.Confirmed);
-        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), row.After);
+        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").text(), row.After);
         panel.Click("BlockWriteCMD");
         EXPECT_THAT(link.Take(), testing::Contains(testing::StartsWith(
                                      std::string("BoardBus.BlockWrite ") + row.Sent + " ")))
             << row.Typed;
-        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").Text(), row.Sent);
+        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").text(), row.Sent);
     }
     panel.Type("ByteCountTXT", "3");
     EXPECT_TRUE(panel.Member("ReadDataLBL", 3).isEnabled());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "registers/bit_digit.h"
 #include "registers/register_console.h"
 #include "support/hands.h"
 #include "support/recorded_bench.h"
@@ -61,7 +62,7 @@ protected:
     std::string Bits() {
         std::string bits;
         for (int bit = 7; bit >= 0; --bit) {
-            bits += Text(QString("bit%1").arg(bit));
+            bits += Find<BitDigit>(QString("bit%1").arg(bit)).Caption().toStdString();
         }
         return bits;
     }

@@ -43,7 +43,7 @@ TEST_F(RegisterConsoleRows, EveryRegisterStandsUnderItsTabAndShowsWhatIsKnownOfI
         ClickRow(entry.Address);
         EXPECT_EQ(tabs.currentIndex(), static_cast<int>(entry.Tab));
         EXPECT_TRUE(Row(entry.Address).isVisible());
-        EXPECT_EQ(Row(entry.Address).Caption(), QText(entry.Caption));
+        EXPECT_EQ(Row(entry.Address).text(), QText(entry.Caption));
         EXPECT_EQ(Text("current_reg_type_label"), entry.TypeLabel);
         EXPECT_EQ(Text("current_reg_address_label"), HexText(entry.Address).toStdString());
         for (std::size_t bit = 0; bit < 8; ++bit) {

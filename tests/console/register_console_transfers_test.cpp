@@ -90,7 +90,7 @@ TEST_F(RegisterConsoleTransfers, ARowWithoutEntryIsDeadToBitsAndEntries) {
         Enter("HexTXT", "5A");
         EXPECT_THAT(link.Take(), IsEmpty()) << index;
         EXPECT_EQ(Bits(), "00010000");
-        EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "5A") << "what was typed stays";
+        EXPECT_EQ(Find<NumberEntry>("HexTXT").text(), "5A") << "what was typed stays";
         EXPECT_TRUE(Find("ReadOnlyNote").isVisible());
         EXPECT_EQ(pointerOnABit(), Qt::ArrowCursor);
     }
@@ -108,12 +108,12 @@ TEST_F(RegisterConsoleTransfers, AnEntryWritesAndShowsTheByteSentWithoutReadingB
     EXPECT_THAT(link.Take(),
                 ElementsAre("BoardBus.PortAddress 378", "BoardBus.WriteByte 58 60 A5"));
     EXPECT_EQ(Bits(), "10100101");
-    EXPECT_EQ(Find<NumberEntry>("DecTXT").Text(), "165");
+    EXPECT_EQ(Find<NumberEntry>("DecTXT").text(), "165");
     EXPECT_EQ(Text("p_Value_read_hex_label"), "12");
     EXPECT_EQ(Text("p_Value_written_hex_label"), "A5");
     EXPECT_EQ(Text("p_Value_written_dec_label"), "165");
     Enter("DecTXT", "255");
-    EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "FF");
+    EXPECT_EQ(Find<NumberEntry>("HexTXT").text(), "FF");
     EXPECT_THAT(link.Take(), testing::Contains("BoardBus.WriteByte 58 60 FF"));
     Enter("DecTXT", "255");
     EXPECT_THAT(link.Take(), testing::Contains("BoardBus.WriteByte 58 60 FF"))
@@ -127,7 +127,7 @@ TEST_F(RegisterConsoleTransfers, WhatWasWrittenIsToldOfTheRegisterOnViewOnly) {
     EXPECT_EQ(Text("p_Value_written_hex_label"), "7");
     ClickRow(0x61);
     EXPECT_EQ(Text("p_Value_written_hex_label"), "");
-    EXPECT_EQ(Find<NumberEntry>("HexTXT").Text(), "7") << "a write field keeps its entry";
+    EXPECT_EQ(Find<NumberEntry>("HexTXT").text(), "7") << "a write field keeps its entry";
 }
 
 TEST_F(RegisterConsoleTransfers, BeforeTheFirstClickAnEntryGoesToRegisterZero) {
@@ -158,7 +158,7 @@ TEST_F(RegisterConsoleTransfers, WhatIsNoByteIsNeverSent) {
         EXPECT_EQ(calls, row.Sent) << row.Box << " " << row.Keys;
     }
     auto& hex = Find<NumberEntry>("HexTXT");
-    hex.Text("1FF");
+    hex.Put("1FF");
     QTest::keyClick(&hex, Qt::Key_Return);
     EXPECT_THAT(link.Take(), IsEmpty()) << "set by program";
 }
@@ -198,10 +198,10 @@ TEST_F(RegisterConsoleTransfers, AFailedReadShowsNoByteUnderTheNewName) {
     Select(0x60, 0x0F);
     ShowTabOf(0x61);
     link.FailOn = "BoardBus.ReadByte";
-    EXPECT_THROW(QMetaObject::invokeMethod(&Row(0x61), "Clicked"), LinkError);
+    EXPECT_THROW(QMetaObject::invokeMethod(&Row(0x61), "clicked"), LinkError);
     EXPECT_EQ(Text("current_reg_type_label"), "Fan1 High Limit");
     EXPECT_EQ(Text("p_Value_read_hex_label") + Text("p_Value_read_dec_label") + Bits(), "");
-    EXPECT_THROW(QMetaObject::invokeMethod(&Find("bit0"), "Clicked"), LinkError);
+    EXPECT_THROW(QMetaObject::invokeMethod(&Find("bit0"), "clicked"), LinkError);
     EXPECT_EQ(Bits(), "") << "the byte of the register before";
     link.FailOn.clear();
     ClickRow(0x61);
@@ -212,7 +212,7 @@ TEST_F(RegisterConsoleTransfers, AFailedWriteLeavesNoFlipAndNoByteOnThePanel) {
     Select(0x60, 0x0F);
     link.FailOn = "BoardBus.WriteByte";
     // Past QApplication::notify, which leaks what it holds when an exception passes through it.
-    EXPECT_THROW(QMetaObject::invokeMethod(&Find("bit7"), "Clicked"), LinkError);
+    EXPECT_THROW(QMetaObject::invokeMethod(&Find("bit7"), "clicked"), LinkError);
     EXPECT_EQ(Bits(), "00001111");
     EXPECT_THROW(QMetaObject::invokeMethod(&Find("HexTXT"), "EntryConfirmed", Q_ARG(QString, "FF")),
                  LinkError);

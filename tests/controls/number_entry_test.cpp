@@ -30,9 +30,9 @@ TEST(NumberEntry, TakesOnlyDigitsThatMakeAByte) {
 
     for (const auto& row : table) {
         NumberEntry entry(row.Base);
-        entry.Text(row.Start);
+        entry.Put(row.Start);
         QTest::keyClicks(&entry, row.Keys);
-        EXPECT_EQ(entry.Text().toStdString(), row.Shown) << row.Start << " + " << row.Keys;
+        EXPECT_EQ(entry.text().toStdString(), row.Shown) << row.Start << " + " << row.Keys;
     }
 }
 
@@ -40,26 +40,26 @@ TEST(NumberEntry, FiltersWhatIsPasted) {
     NumberEntry entry(NumberEntry::Hexadecimal);
     QApplication::clipboard()->setText(" 0x1f\n");
     entry.paste();
-    EXPECT_EQ(entry.Text(), "1F");
+    EXPECT_EQ(entry.text(), "1F");
     QApplication::clipboard()->setText("1FF");
     entry.selectAll();
     entry.paste();
-    EXPECT_EQ(entry.Text(), "1F");
+    EXPECT_EQ(entry.text(), "1F");
 }
 
 TEST(NumberEntry, TheProgramMaySetMoreThanCanBeTyped) {
     NumberEntry entry(NumberEntry::Hexadecimal);
     entry.Value(0x1A3F);
-    EXPECT_EQ(entry.Text(), "1A3F");
+    EXPECT_EQ(entry.text(), "1A3F");
     EXPECT_EQ(entry.Value(), 0x1A3Fu);
     QTest::keyClicks(&entry, "7");
-    EXPECT_EQ(entry.Text(), "1A3F");
+    EXPECT_EQ(entry.text(), "1A3F");
     for (const char* shorter : {"1A3", "1A", "1"}) {
         QTest::keyClick(&entry, Qt::Key_Backspace);
-        EXPECT_EQ(entry.Text(), shorter);
+        EXPECT_EQ(entry.text(), shorter);
     }
-    entry.Text("---");
-    EXPECT_EQ(entry.Text(), "---");
+    entry.Put("---");
+    EXPECT_EQ(entry.text(), "---");
     EXPECT_EQ(entry.Value(), 0u);
 }
 
@@ -99,21 +99,21 @@ TEST(NumberEntry, ConfirmsNoTextThatIsNoNumberOfItsRange) {
 
 TEST(NumberEntry, EscapeBringsBackWhatStoodLast) {
     NumberEntry entry(NumberEntry::Hexadecimal);
-    entry.Text("12");
+    entry.Put("12");
     entry.selectAll();
     QTest::keyClicks(&entry, "3");
     QTest::keyClick(&entry, Qt::Key_Escape);
-    EXPECT_EQ(entry.Text(), "12");
+    EXPECT_EQ(entry.text(), "12");
     QTest::keyClicks(&entry, "4");
     QTest::keyClick(&entry, Qt::Key_Return);
     QTest::keyClicks(&entry, "5");
     QTest::keyClick(&entry, Qt::Key_Escape);
-    EXPECT_EQ(entry.Text(), "4");
+    EXPECT_EQ(entry.text(), "4");
 }
 
 TEST(NumberEntry, LeftEmptyItShowsWhatStoodLast) {
     NumberEntry entry(NumberEntry::Hexadecimal);
-    entry.Text("12");
+    entry.Put("12");
     entry.show();
 
     struct {
@@ -131,7 +131,7 @@ TEST(NumberEntry, LeftEmptyItShowsWhatStoodLast) {
         QTest::keyClick(&entry, Qt::Key_Delete);
         QFocusEvent left(QEvent::FocusOut, row.Reason);
         QApplication::sendEvent(&entry, &left);
-        EXPECT_EQ(entry.Text(), row.Shown) << row.Reason;
+        EXPECT_EQ(entry.text(), row.Shown) << row.Reason;
     }
 }
 
@@ -145,7 +145,7 @@ TEST(NumberEntry, AHandlerMaySetTheTextThatIsHandedToIt) {
     QTest::keyClicks(&entry, "21");
     QTest::keyClick(&entry, Qt::Key_Return);
     EXPECT_EQ(seen, "21");
-    EXPECT_EQ(entry.Text(), "20");
+    EXPECT_EQ(entry.text(), "20");
 }
 
 } // namespace

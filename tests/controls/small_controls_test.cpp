@@ -13,7 +13,7 @@ namespace {
 
 TEST(AlarmLamp, TellsOfAClickAndKeepsItsState) {
     AlarmLamp lamp;
-    const QSignalSpy clicked(&lamp, &AlarmLamp::Clicked);
+    const QSignalSpy clicked(&lamp, &AlarmLamp::clicked);
     QTest::mouseClick(&lamp, Qt::LeftButton);
     QTest::keyClick(&lamp, Qt::Key_Space);
     QTest::mouseClick(&lamp, Qt::RightButton);
@@ -44,7 +44,7 @@ TEST(Accessibility, LampAndRowSayTheirState) {
     EXPECT_EQ(rowFace->text(QAccessible::Name), "IntTemp");
     row.ForeColor(RowColour::SelectedAway);
     EXPECT_TRUE(rowFace->state().selected);
-    const QSignalSpy clicked(&row, &RowLabel::Clicked);
+    const QSignalSpy clicked(&row, &RowLabel::clicked);
     rowFace->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(clicked.size(), 1);
 }
@@ -52,11 +52,11 @@ TEST(Accessibility, LampAndRowSayTheirState) {
 TEST(PercentBar, ShowsTheShareWithOneDecimal) {
     PercentBar bar;
     EXPECT_EQ(bar.text(), "0.0 %");
-    bar.Maximum(1056);
-    bar.Value(33);
+    bar.EndAt(1056);
+    bar.StandAt(33);
     EXPECT_EQ(bar.text(), "3.1 %");
-    bar.Value(2000);
-    EXPECT_EQ(bar.Value(), 1056);
+    bar.StandAt(2000);
+    EXPECT_EQ(bar.value(), 1056);
     EXPECT_EQ(bar.text(), "100.0 %");
 }
 

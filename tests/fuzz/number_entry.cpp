@@ -34,7 +34,7 @@ void Act(NumberEntry& entry, fuzz::Bytes& bytes, bool& byHandOnly) {
         entry.setSelection(bytes.Take() % 8, bytes.Take() % 8);
         break;
     case 3:
-        entry.Text(QString::fromStdString(bytes.Text(bytes.Take() % 16)));
+        entry.Put(QString::fromStdString(bytes.Text(bytes.Take() % 16)));
         byHandOnly = false;
         break;
     case 4:

@@ -48,8 +48,8 @@ protected:
 
 TEST_F(EEPROMComTest, RowsReadAndWriteRegisters) {
     link.Registers[0x2C] = 0x0A;
-    Address(3).Text("2C");
-    Data(3).Text("7f");
+    Address(3).Put("2C");
+    Data(3).Put("7f");
     Click("ReadByteCMD(3)");
     EXPECT_EQ(Shown(3), "A");
     Click("WriteByteCMD(3)");
@@ -61,7 +61,7 @@ TEST_F(EEPROMComTest, TheEEPROMsModeIsSelectedFirst) {
     link.Registers[0x13] = 0xF2;
     Click("AccessEEPROMCHK");
     Find<HighByteCombo>("EEPROMHighByteCOMBO").setCurrentText("9A");
-    Address(0).Text("40");
+    Address(0).Put("40");
     Click("ReadByteCMD(0)");
     Click("WriteByteCMD(0)");
     EXPECT_THAT(link.Take(),
@@ -103,7 +103,7 @@ TEST_F(EEPROMComTest, ReadAllReadsSixteenRowsAndLeavesTheWindowUsable) {
     EXPECT_EQ(steps.count(), 16) << "1 to 15 and back to 0";
     EXPECT_EQ(Progress(), 0);
     Click("ReadDataFillCMD");
-    EXPECT_EQ(Data(15).Text(), "AF");
+    EXPECT_EQ(Data(15).text(), "AF");
     EXPECT_THAT(link.Take(), IsEmpty());
 }
 
@@ -201,14 +201,14 @@ TEST_F(EEPROMComTest, OnTheSMBusThereIsNoEEPROM) {
 }
 
 TEST_F(EEPROMComTest, FillsCountOnFromTheFirstRowAndFollowTheRandomSequence) {
-    Address(0).Text("F8");
+    Address(0).Put("F8");
     Click("ADDPTRFillCMD");
-    EXPECT_EQ(Address(7).Text(), "FF");
-    EXPECT_EQ(Address(15).Text(), "107");
-    Address(0).Text("1234");
+    EXPECT_EQ(Address(7).text(), "FF");
+    EXPECT_EQ(Address(15).text(), "107");
+    Address(0).Put("1234");
     Click("ADDPTRFillCMD");
-    EXPECT_EQ(Address(0).Text(), "FF");
-    EXPECT_EQ(Address(1).Text(), "100");
+    EXPECT_EQ(Address(0).text(), "FF");
+    EXPECT_EQ(Address(1).text(), "100");
 
     Click("RandomFillCMD");
     UnseededRandom random;
@@ -219,8 +219,8 @@ TEST_F(EEPROMComTest, FillsCountOnFromTheFirstRowAndFollowTheRandomSequence) {
 
 TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
     Click("AccessEEPROMCHK");
-    Address(2).Text("107");
-    Data(4).Text("");
+    Address(2).Put("107");
+    Data(4).Put("");
     EXPECT_EQ(Text("AddressMark(2)") + Text("DataMark(4)"), "!!");
     EXPECT_TRUE(Address(2).toolTip().contains("\"107\""));
     Click("ReadByteCMD(2)");
@@ -234,13 +234,13 @@ TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
     EXPECT_EQ(written.size(), 14U);
     EXPECT_THAT(written, testing::Not(testing::Contains("EEPROMLink.WriteEEPROM 80 4 0")));
 
-    Address(2).Text("7");
+    Address(2).Put("7");
     EXPECT_EQ(Text("AddressMark(2)"), "");
 }
 
 TEST_F(EEPROMComTest, NothingIsErasedForRowsOfWhichNoneCanBeWritten) {
     for (int i = 0; i < 16; ++i) {
-        Data(i).Text("---");
+        Data(i).Put("---");
     }
     Click("AccessEEPROMCHK");
     Click("EraseEEPROMCHK");

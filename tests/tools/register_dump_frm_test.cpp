@@ -73,8 +73,8 @@ TEST_F(RegisterDumpFrmTest, DumpsToTheDocumentsFolderUnlessToldOtherwise) {
     Click("DumpCMD");
     EXPECT_EQ(Contents(), WholeDump());
     EXPECT_THAT(Text("StatusLBL"), HasSubstr(Place().toStdString()));
-    EXPECT_EQ(Progress().Maximum(), 1056);
-    EXPECT_EQ(Progress().Value(), 0);
+    EXPECT_EQ(Progress().maximum(), 1056);
+    EXPECT_EQ(Progress().value(), 0);
 }
 
 TEST_F(RegisterDumpFrmTest, BrowseFollowsTheRuleForNames) {
@@ -111,7 +111,7 @@ TEST_F(RegisterDumpFrmTest, OnlyTheTickedPartIsDumped) {
     Click("RAMSettingsCHK");
     Click("DumpCMD");
     EXPECT_EQ(Contents(), test::ExpectedEEPROMBlock("T", "D", Erased));
-    EXPECT_EQ(Progress().Maximum(), 1024);
+    EXPECT_EQ(Progress().maximum(), 1024);
 }
 
 TEST_F(RegisterDumpFrmTest, StopEndsTheDumpAndKeepsTheProgress) {
@@ -123,8 +123,8 @@ TEST_F(RegisterDumpFrmTest, StopEndsTheDumpAndKeepsTheProgress) {
         Click("StopDumpCMD");
     });
     Click("DumpCMD");
-    EXPECT_THAT(Progress().Value(), AllOf(Ge(1), Lt(32)));
-    EXPECT_EQ(Contents(), test::ExpectedRAMBlock("T", "D", Zero, Progress().Value()) +
+    EXPECT_THAT(Progress().value(), AllOf(Ge(1), Lt(32)));
+    EXPECT_EQ(Contents(), test::ExpectedRAMBlock("T", "D", Zero, Progress().value()) +
                               test::ExpectedStop("T", "D"));
     EXPECT_TRUE(Enabled("DumpCMD"));
     EXPECT_FALSE(Enabled("StopDumpCMD"));
@@ -138,7 +138,7 @@ TEST_F(RegisterDumpFrmTest, AStopInTheEEPROMWaitsForTheNextHighByte) {
     Click("RAMSettingsCHK");
     QTimer::singleShot(0, window.get(), [this] { Click("StopDumpCMD"); });
     Click("DumpCMD");
-    const int rows = Progress().Value();
+    const int rows = Progress().value();
     EXPECT_GE(rows, 32);
     EXPECT_EQ(rows % 32, 0);
     EXPECT_EQ(Contents(),
@@ -153,7 +153,7 @@ TEST_F(RegisterDumpFrmTest, ACloseStopsTheDumpWithTheFileClosed) {
     });
     Click("DumpCMD");
     EXPECT_EQ(unloaded.count(), 1);
-    EXPECT_EQ(Contents(), test::ExpectedRAMBlock("T", "D", Zero, Progress().Value()) +
+    EXPECT_EQ(Contents(), test::ExpectedRAMBlock("T", "D", Zero, Progress().value()) +
                               test::ExpectedStop("T", "D"));
     EXPECT_EQ(link.Calls.back(), "PrinterPortLink.BurstMode 0");
 }
@@ -168,7 +168,7 @@ TEST_F(RegisterDumpFrmTest, TheStatusLineTellsThatNothingReachedTheDisk) {
         Click("DumpCMD");
         EXPECT_EQ(link.Take().size(), 8448U + 2U);
         EXPECT_THAT(Text("StatusLBL"), StartsWith("Nothing reached the disk"));
-        EXPECT_EQ(Progress().Value(), 0);
+        EXPECT_EQ(Progress().value(), 0);
     }
     EXPECT_TRUE(dialogs.Messages.isEmpty());
     EXPECT_THAT(messages, IsEmpty());

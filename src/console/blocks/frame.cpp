@@ -62,7 +62,7 @@ NumberEntry* BlockFrame::AddByte(QGridLayout& grid, int row, const QString& capt
     entry->setObjectName(name);
     entry->setAccessibleName(caption.chopped(1));
     entry->setAlignment(Qt::AlignCenter);
-    entry->Text(text);
+    entry->Put(text);
     grid.addWidget(new QLabel(caption), row, CaptionColumn);
     grid.addWidget(entry, row, ByteColumn);
     return entry;

@@ -133,7 +133,7 @@ void BlockGrid::MakeColumn(QGridLayout& band, int column, int at) {
         tr("Byte %1 to write. Pasted bytes go here and into the boxes that follow").arg(column));
     made.Write->setAlignment(Qt::AlignCenter);
     made.Write->setFont(look::NumbersFont(look::Size::Large));
-    made.Write->Text("00");
+    made.Write->Put("00");
     connect(made.Write, &BlockByteEntry::Pasted, this,
             [this, column](const QString& text) { Paste(column, text); });
 

@@ -21,7 +21,7 @@ BlockStart::BlockStart(QWidget* parent)
     m_lowByte->setObjectName("LowByteTXT");
     m_lowByte->setAccessibleName(tr("Low byte of the EEPROM address, or the register"));
     m_lowByte->setToolTip(tr("Low byte of the EEPROM address, or the register"));
-    m_lowByte->Text("0");
+    m_lowByte->Put("0");
     connect(m_accessEEPROM, &QCheckBox::clicked, m_highByte, &QComboBox::setEnabled);
 
     auto* grid = new QGridLayout(this);

@@ -3,7 +3,7 @@
 #include "control_centre/monitor_rows.h"
 
 #include <controls/number_text.h>
-#include <controls/row_states.h>
+#include <controls/row_label.h>
 
 #include <cstdint>
 

@@ -35,7 +35,7 @@ enum Column { LampColumn, RowColumn };
 
 void AddLine(QGridLayout& grid, QWidget& lamp, RowLabel& label) {
     const int line = grid.rowCount();
-    lamp.setAccessibleName(ChannelTabs::tr("Alarm of %1").arg(label.Caption()));
+    lamp.setAccessibleName(ChannelTabs::tr("Alarm of %1").arg(label.text()));
     lamp.setToolTip(lamp.accessibleName());
     grid.addWidget(&lamp, line, LampColumn, Qt::AlignCenter);
     grid.addWidget(&label, line, RowColumn);
@@ -107,8 +107,8 @@ void ChannelTabs::AddChassisLine(QGridLayout& grid, AlarmLamp& lamp, QWidget* pa
         widget->setToolTip(tr("Chassis intrusion: click to clear the alarm"));
         widget->setCursor(Qt::PointingHandCursor);
     }
-    connect(m_chassis, &RowLabel::Clicked, this, &ChannelTabs::ChassisClicked);
-    connect(&lamp, &AlarmLamp::Clicked, this, &ChannelTabs::ChassisClicked);
+    connect(m_chassis, &RowLabel::clicked, this, &ChannelTabs::ChassisClicked);
+    connect(&lamp, &AlarmLamp::clicked, this, &ChannelTabs::ChassisClicked);
 }
 
 QWidget* ChannelTabs::LastRow() const {

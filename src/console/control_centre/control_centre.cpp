@@ -65,7 +65,7 @@ ControlCentre::ControlCentre(Bench& bench, QWidget* parent)
 void ControlCentre::ConnectParts() {
     for (int row = 0; row < RowCount; ++row) {
         connect(&m_rows.Row(row), &RowLabel::MouseMoved, this, [this, row] { m_rows.Hover(row); });
-        connect(&m_rows.Row(row), &RowLabel::Clicked, this, [this, row] { RowClicked(row); });
+        connect(&m_rows.Row(row), &RowLabel::clicked, this, [this, row] { RowClicked(row); });
     }
     connect(&m_gauge, &LinearGauge::PointerMoved, this, [this] { m_handles.PointerMoved(); });
     connect(&m_gauge, &LinearGauge::PointerSettled, this, [this] { m_handles.PointerSettled(); });
@@ -152,7 +152,7 @@ void ControlCentre::AddBottomLine(QHBoxLayout& line) {
 void ControlCentre::RowClicked(int row) {
     m_rows.Pick(row);
     if (!IsHeadingRow(row)) {
-        const QString channel = m_rows.Row(row).Caption();
+        const QString channel = m_rows.Row(row).text();
         m_channelName.setText(channel);
         m_gauge.setAccessibleName(tr("Bargraph of %1").arg(channel));
     }

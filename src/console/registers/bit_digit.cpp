@@ -29,7 +29,7 @@ public:
 
     void doAction(const QString& action) override {
         if (action == toggleAction()) {
-            Q_EMIT m_digit.Clicked();
+            m_digit.click();
         } else {
             QAccessibleWidget::doAction(action);
         }
@@ -42,13 +42,12 @@ private:
 } // namespace
 
 BitDigit::BitDigit(int bit, QWidget* parent)
-    : QLabel(parent)
+    : QAbstractButton(parent)
     , m_bit(bit)
     , m_legend(QString("Bit %1").arg(bit)) {
     DescribeToScreenReaders<BitDigit, AccessibleBit>();
     setObjectName(QString("bit%1").arg(bit));
     setToolTip("Click to change");
-    setAlignment(Qt::AlignCenter);
     setFont(look::NumbersFont(look::Size::Digits, look::Strong));
     look::MakeDisplay(*this);
     setMouseTracking(true);
@@ -57,12 +56,12 @@ BitDigit::BitDigit(int bit, QWidget* parent)
 }
 
 void BitDigit::Caption(const QString& caption) {
-    if (caption == text()) {
+    if (caption == m_caption) {
         return;
     }
     const bool wasOne = IsOne();
-    setText(caption);
-    look::SetInk(*this, IsOne() ? look::DisplayGreen : look::DisplayInk);
+    m_caption = caption;
+    update();
     Announce();
     if (wasOne != IsOne()) {
         QAccessible::State changed;
@@ -84,16 +83,6 @@ void BitDigit::mouseMoveEvent(QMouseEvent*) {
     Q_EMIT MouseMoved();
 }
 
-void BitDigit::mousePressEvent(QMouseEvent* event) {
-    m_click.Press(*event);
-}
-
-void BitDigit::mouseReleaseEvent(QMouseEvent* event) {
-    if (m_click.Release(*event, *this)) {
-        Q_EMIT Clicked();
-    }
-}
-
 void BitDigit::leaveEvent(QEvent*) {
     Q_EMIT MouseLeft();
 }
@@ -105,17 +94,18 @@ void BitDigit::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
         // A key held down must not flip the bit again and again.
         if (!event->isAutoRepeat()) {
-            Q_EMIT Clicked();
+            click();
         }
         break;
     default:
-        QLabel::keyPressEvent(event);
+        event->ignore();
     }
 }
 
-void BitDigit::paintEvent(QPaintEvent* event) {
-    QLabel::paintEvent(event);
+void BitDigit::paintEvent(QPaintEvent*) {
     QPainter painter(this);
+    painter.setPen(QColor(IsOne() ? look::DisplayGreen : look::DisplayInk));
+    painter.drawText(rect(), Qt::AlignCenter, m_caption);
     painter.setPen(hasFocus() ? QPen(QColor(look::Accent).lighter(140), 2)
                               : QPen(QColor(look::DisplayEdge), 1));
     painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
@@ -126,7 +116,7 @@ void BitDigit::Announce() {
     if (QString(m_legend).remove(' ') != QString(name).remove(' ')) {
         name += ", " + m_legend;
     }
-    setAccessibleName(text().isEmpty() ? name : name + ": " + text());
+    setAccessibleName(m_caption.isEmpty() ? name : name + ": " + m_caption);
 }
 
 } // namespace tqx

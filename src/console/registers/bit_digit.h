@@ -1,37 +1,35 @@
 #pragma once
 
-#include <controls/left_click.h>
-
-#include <QLabel>
+#include <QAbstractButton>
+#include <QString>
 
 namespace tqx {
 
 /// One bit of the register on view, shown as "1" or "0" (empty before the first reading) on a dark
 /// display. A left click, Space or Enter asks for it to be flipped; it never flips by itself.
-class BitDigit : public QLabel {
+class BitDigit : public QAbstractButton {
     Q_OBJECT
 
 public:
     /// `bit`: its number, 0 to 7.
     explicit BitDigit(int bit, QWidget* parent = nullptr);
 
+    QString Caption() const { return m_caption; }
+
     /// Takes the text and says it to a screen reader together with the bit's legend.
     void Caption(const QString& caption);
     void Legend(const QString& legend);
 
-    bool IsOne() const { return text() == "1"; }
+    bool IsOne() const { return m_caption == "1"; }
 
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    void Clicked();
     void MouseMoved();
     void MouseLeft();
 
 protected:
     void mouseMoveEvent(QMouseEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -41,7 +39,7 @@ private:
 
     int m_bit;
     QString m_legend;
-    LeftClick m_click;
+    QString m_caption;
 };
 
 } // namespace tqx

@@ -59,7 +59,7 @@ void RegisterBits::MakeBit(int bit) {
     m_bits[static_cast<std::size_t>(bit)] = digit;
     m_legends[static_cast<std::size_t>(bit)] = legend;
 
-    connect(digit, &BitDigit::Clicked, this, [this, bit] { Q_EMIT Clicked(bit); });
+    connect(digit, &BitDigit::clicked, this, [this, bit] { Q_EMIT Clicked(bit); });
     connect(digit, &BitDigit::MouseMoved, this, &RegisterBits::PointerEntered);
     connect(digit, &BitDigit::MouseLeft, this, &RegisterBits::PointerLeft);
 }

@@ -4,7 +4,7 @@
 
 #include <controls/look.h>
 #include <controls/number_text.h>
-#include <controls/row_states.h>
+#include <controls/row_label.h>
 
 #include <QFocusEvent>
 #include <QGridLayout>
@@ -60,7 +60,7 @@ void RegisterRows::MakeRow(int index) {
         EnterRow(index);
         Q_EMIT PointerEntered();
     });
-    connect(row, &RowLabel::Clicked, this, [this, index] { Q_EMIT RowClicked(index); });
+    connect(row, &RowLabel::clicked, this, [this, index] { Q_EMIT RowClicked(index); });
 }
 
 void RegisterRows::MakeTabStop(TabPage& page, RowLabel& row) {

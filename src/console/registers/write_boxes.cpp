@@ -19,7 +19,7 @@ NumberEntry* Entry(const QString& name, NumberEntry::Base base, const QString& t
     entry->setAccessibleName(means);
     entry->setToolTip(means + ". Enter writes it");
     entry->setFont(look::NumbersFont(look::Size::Large));
-    entry->Text(text);
+    entry->Put(text);
     return entry;
 }
 

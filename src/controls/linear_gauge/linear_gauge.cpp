@@ -1,13 +1,9 @@
 #include "controls/linear_gauge.h"
 
 #include "controls/accessible_control.h"
-#include "controls/look.h"
-#include "linear_gauge/accessible.h"
-#include "linear_gauge/painter.h"
 
-#include <QEvent>
-#include <QPaintEvent>
-#include <QPainter>
+#include <QAccessibleWidget>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -18,7 +14,106 @@ namespace {
 
 constexpr int ArrowRoom = 16; // beyond the end of the bar, for its arrow
 constexpr int MostDecimals = 9;
-constexpr QSize HintBeyondSmallest(24, 220);
+
+QString NameOf(int pointer) {
+    switch (pointer) {
+    case LowHandle:
+        return "low handle";
+    case HighHandle:
+        return "high handle";
+    default:
+        return "band between the handles";
+    }
+}
+
+/// Where a pointer stands, in words: "31 C", and a band "10 C to 50 C".
+QString PlaceOf(const LinearGauge& gauge, int pointer) {
+    const GaugePointer& it = gauge.Pointers()[static_cast<std::size_t>(pointer)];
+    const int decimals = DecimalsOf(gauge.Pointers(), pointer);
+    const auto withUnit = [&](double value) {
+        return (GaugeNumber(value, decimals) + ' ' + gauge.Unit()).trimmed();
+    };
+    return IsBand(pointer)
+               ? QStringLiteral("%1 to %2").arg(withUnit(it.Place.From), withUnit(it.Place.To))
+               : withUnit(it.Place.Value);
+}
+
+QString ReadingOf(const LinearGauge& gauge) {
+    return gauge.Caption().trimmed();
+}
+
+/// A gauge to a screen reader: a slider of the picked pointer that also says the reading.
+class AccessibleGauge : public QAccessibleWidget, public QAccessibleValueInterface {
+public:
+    explicit AccessibleGauge(LinearGauge& gauge)
+        : QAccessibleWidget(&gauge, QAccessible::Slider)
+        , m_gauge(gauge) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override {
+        if (type == QAccessible::ValueInterface) {
+            return static_cast<QAccessibleValueInterface*>(this);
+        }
+        return QAccessibleWidget::interface_cast(type);
+    }
+
+    QString text(QAccessible::Text kind) const override {
+        const std::optional<int> picked = m_gauge.PickedPointer();
+        switch (kind) {
+        case QAccessible::Name: {
+            const QString own = QAccessibleWidget::text(kind);
+            return picked ? QStringLiteral("%1, %2").arg(own, NameOf(*picked)) : own;
+        }
+        case QAccessible::Value:
+            return picked ? PlaceOf(m_gauge, *picked) : ReadingOf(m_gauge);
+        case QAccessible::Description:
+            return Description();
+        case QAccessible::Help:
+            return m_gauge.toolTip();
+        default:
+            return QAccessibleWidget::text(kind);
+        }
+    }
+
+    QVariant currentValue() const override {
+        const std::optional<int> picked = m_gauge.PickedPointer();
+        if (!picked) {
+            return m_gauge.BarValue();
+        }
+        const PointerPlace& place = m_gauge.Pointers()[static_cast<std::size_t>(*picked)].Place;
+        return IsBand(*picked) ? place.From : place.Value;
+    }
+
+    void setCurrentValue(const QVariant& value) override {
+        bool isNumber = false;
+        const double wanted = value.toDouble(&isNumber);
+        if (const std::optional<int> picked = m_gauge.PickedPointer(); picked && isNumber) {
+            m_gauge.MoveByHand(*picked, wanted);
+        }
+    }
+
+    QVariant maximumValue() const override { return m_gauge.ScaleMax(); }
+
+    QVariant minimumValue() const override { return m_gauge.ScaleMin(); }
+
+    QVariant minimumStepSize() const override {
+        return KeyStep(m_gauge.Scale(), DecimalsOf(m_gauge.Pointers(), LowHandle));
+    }
+
+private:
+    /// The reading and where each pointer stands that can be moved: a value says one of them, and
+    /// not the unit.
+    QString Description() const {
+        QStringList parts{QStringLiteral("reading %1").arg(ReadingOf(m_gauge))};
+        for (const int handle : {LowHandle, HighHandle}) {
+            if (IsDraggable(m_gauge.Pointers(), handle)) {
+                parts << QStringLiteral("%1 at %2").arg(NameOf(handle), PlaceOf(m_gauge, handle));
+            }
+        }
+        return parts.join(QStringLiteral(", "));
+    }
+
+    LinearGauge& m_gauge;
+};
 
 bool IsSame(double one, double other) {
     return one == other || (std::isnan(one) && std::isnan(other));
@@ -148,14 +243,6 @@ void LinearGauge::PointerDecimals(int decimals) {
     Put(Addressed().Decimals, std::clamp(decimals, 0, MostDecimals));
 }
 
-QSize LinearGauge::sizeHint() const {
-    return minimumSizeHint() + HintBeyondSmallest;
-}
-
-QSize LinearGauge::minimumSizeHint() const {
-    return GaugeGeometry::SmallestSize(gauge::TextSizes());
-}
-
 void LinearGauge::PointersChanged() {
     if (m_hold && !IsDraggable(m_pointers, m_hold->Pointer)) {
         m_hold.reset(); // taken out of the hand
@@ -177,49 +264,6 @@ void LinearGauge::TellValue() {
         QAccessibleValueChangeEvent event(this, value);
         QAccessible::updateAccessibility(&event);
     }
-}
-
-void LinearGauge::LayOut() {
-    m_geometry = GaugeGeometry(size(), m_scale, gauge::TextSizes());
-    m_face = QPixmap();
-    update();
-}
-
-void LinearGauge::resizeEvent(QResizeEvent*) {
-    LayOut();
-}
-
-void LinearGauge::DrawFace(QPainter& painter) {
-    const double ratio = devicePixelRatioF();
-    if (m_face.isNull() || m_face.devicePixelRatio() != ratio) {
-        m_face = QPixmap((QSizeF(size()) * ratio).toSize());
-        m_face.setDevicePixelRatio(ratio);
-        QPainter face(&m_face);
-        gauge::DrawScale(face, size(), m_geometry);
-    }
-    painter.drawPixmap(0, 0, m_face);
-}
-
-void LinearGauge::paintEvent(QPaintEvent* event) {
-    QPainter painter(this);
-    DrawFace(painter);
-    const QRect caption = m_geometry.Caption();
-    if (event->region().intersects(caption)) {
-        const int decimals = DecimalsOf(m_pointers, LowHandle);
-        gauge::DrawCaption(painter, caption, m_caption,
-                           gauge::CaptionCharacters(m_scale, decimals, m_unit));
-    }
-    if (caption.contains(event->rect())) {
-        return;
-    }
-    const gauge::Reading reading{static_cast<double>(m_barOrigin),
-                                 m_barValue,
-                                 m_pointers,
-                                 m_unit,
-                                 m_hold ? std::optional(m_hold->Pointer) : std::nullopt,
-                                 hasFocus() ? PickedPointer() : std::nullopt};
-    gauge::DrawBar(painter, m_geometry, reading);
-    gauge::DrawPointers(painter, m_geometry, reading, event->region());
 }
 
 } // namespace tqx

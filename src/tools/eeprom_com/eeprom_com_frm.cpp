@@ -11,8 +11,10 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace tqx {
@@ -20,6 +22,8 @@ namespace {
 
 /// The pause ahead of each byte to a register, in seconds.
 constexpr float RegisterPause = 0.01F;
+
+constexpr std::chrono::milliseconds AutoReadInterval{100};
 
 /// Does `steps`; when they fail, AutoRead is switched off and the failure passes on. It is told
 /// once so, and not again at every tick.
@@ -35,25 +39,6 @@ void OrElseOff(QAbstractButton& autoRead, Steps steps) {
 
 } // namespace
 
-class EEPROMComFRM::BusyScope {
-public:
-    explicit BusyScope(EEPROMComFRM& window)
-        : m_window(window) {
-        m_window.EnterBusy();
-    }
-
-    ~BusyScope() {
-        m_window.LeaveBusy();
-        m_window.m_rwAllProgress->setValue(0);
-    }
-
-    BusyScope(const BusyScope&) = delete;
-    BusyScope& operator=(const BusyScope&) = delete;
-
-private:
-    EEPROMComFRM& m_window;
-};
-
 EEPROMComFRM::EEPROMComFRM(Bench& bench, const MessageDoor& door, Waiter wait,
                            const QString& caption)
     : ToolWindow("EEPROMComFRM", caption)
@@ -61,10 +46,12 @@ EEPROMComFRM::EEPROMComFRM(Bench& bench, const MessageDoor& door, Waiter wait,
     , m_modes(bench.Bus, door)
     , m_wait(std::move(wait)) {
     MakeLayout();
-    ConnectControls();
-    m_accessEEPROMCHK->setEnabled(m_bench.Bus.BusCell.ComsMedium == ComsPrinterPort);
-    m_eraseEEPROMCHK->setEnabled(false);
-    m_eepromHighByteCOMBO->setEnabled(false);
+    m_autoReadTimer.setObjectName("AutoReadTimer");
+    m_autoReadTimer.setInterval(AutoReadInterval);
+    connect(&m_autoReadTimer, &QTimer::timeout, this, &EEPROMComFRM::AutoReadTick);
+    m_access->setEnabled(m_bench.Bus.BusCell.ComsMedium == ComsPrinterPort);
+    m_erase->setEnabled(false);
+    m_highByte->setEnabled(false);
 }
 
 void EEPROMComFRM::AskToStop() {
@@ -90,7 +77,7 @@ void EEPROMComFRM::EraseHighByte() {
         if (Unloading()) {
             return;
         }
-        m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(m_eepromHighByteCOMBO->Value(),
+        m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(m_highByte->Value(),
                                                                eeprom::PageStart(k), 0);
     }
     m_wait(eeprom::ProgramPause);
@@ -99,11 +86,20 @@ void EEPROMComFRM::EraseHighByte() {
     }
 }
 
+/// Busy until what it gives back goes out of scope.
+auto EEPROMComFRM::Busy() {
+    EnterBusy();
+    return qScopeGuard([this] {
+        LeaveBusy();
+        m_progress->setValue(0);
+    });
+}
+
 void EEPROMComFRM::EnterBusy() {
     m_focusBeforeBusy = focusWidget();
     setCursor(Qt::WaitCursor);
     for (QGroupBox* frame :
-         {m_rwFrame, m_autoFillFrame, m_eepromFrame, m_commandFrame, m_closeFrame}) {
+         {m_rowsFrame, m_autoFillFrame, m_eepromFrame, m_commandFrame, m_closeFrame}) {
         frame->setEnabled(false);
     }
 }
@@ -111,7 +107,7 @@ void EEPROMComFRM::EnterBusy() {
 void EEPROMComFRM::LeaveBusy() {
     unsetCursor();
     for (QGroupBox* frame :
-         {m_rwFrame, m_autoFillFrame, m_eepromFrame, m_commandFrame, m_closeFrame}) {
+         {m_rowsFrame, m_autoFillFrame, m_eepromFrame, m_commandFrame, m_closeFrame}) {
         frame->setEnabled(true);
     }
     if (m_focusBeforeBusy) {
@@ -127,23 +123,23 @@ void EEPROMComFRM::ReadByte(EEPROMRow& row) {
 }
 
 void EEPROMComFRM::ReadAll() {
-    const BusyScope busy(*this);
+    const auto busy = Busy();
     if (m_eepromAccess) {
         m_modes.SelectReadMode();
     }
     for (int i = 0; i < RowCount; ++i) {
-        m_rwAllProgress->setValue(i);
+        m_progress->setValue(i);
         ReadRow(m_rows[static_cast<std::size_t>(i)]);
     }
 }
 
 void EEPROMComFRM::AutoRead(bool on) {
-    m_autoReadCHK->setText(on ? "AutoRead is On" : "AutoRead is Off");
-    OrElseOff(*m_autoReadCHK, [&] { SetAutoRead(on); });
+    m_autoRead->setText(on ? "AutoRead is On" : "AutoRead is Off");
+    OrElseOff(*m_autoRead, [&] { SetAutoRead(on); });
 }
 
 void EEPROMComFRM::AutoReadTick() {
-    OrElseOff(*m_autoReadCHK, [this] {
+    OrElseOff(*m_autoRead, [this] {
         for (EEPROMRow& row : m_rows) {
             ReadRow(row);
         }
@@ -155,7 +151,7 @@ void EEPROMComFRM::WriteByte(const EEPROMRow& row) {
         return;
     }
     const Yielding yielding(*this);
-    const BusyScope busy(*this);
+    const auto busy = Busy();
     if (m_eepromAccess) {
         m_modes.SelectWriteMode();
     }
@@ -170,9 +166,9 @@ void EEPROMComFRM::WriteAll() {
     }
     const Yielding yielding(*this);
     m_autoReadWasOn = m_autoReadTimer.isActive();
-    const BusyScope busy(*this);
+    const auto busy = Busy();
     if (m_eepromAccess) {
-        OrElseOff(*m_autoReadCHK, [this] { WriteAllEEPROM(); });
+        OrElseOff(*m_autoRead, [this] { WriteAllEEPROM(); });
     } else {
         WriteAllRAM();
     }
@@ -191,7 +187,7 @@ void EEPROMComFRM::WriteAllEEPROM() {
     m_modes.SelectWriteMode();
     for (int i = 0; i < RowCount; ++i) {
         const EEPROMRow& row = m_rows[static_cast<std::size_t>(i)];
-        m_rwAllProgress->setValue(i);
+        m_progress->setValue(i);
         if (!row.CanBeWritten()) {
             continue;
         }
@@ -216,71 +212,71 @@ void EEPROMComFRM::WriteAllRAM() {
         if (Unloading()) {
             return;
         }
-        m_rwAllProgress->setValue(i);
+        m_progress->setValue(i);
         WriteRow(row);
     }
 }
 
 void EEPROMComFRM::AccessEEPROM(bool on) {
     m_eepromAccess = on;
-    m_eepromHighByteCOMBO->setEnabled(on);
-    m_eraseEEPROMCHK->setEnabled(on);
+    m_highByte->setEnabled(on);
+    m_erase->setEnabled(on);
 }
 
 void EEPROMComFRM::EraseBeforeWrites(bool on) {
     m_eraseBeforeWrite = on;
-    m_eepromHighByteCOMBO->setEnabled(on);
+    m_highByte->setEnabled(on);
     for (EEPROMRow& row : m_rows) {
-        row.WriteByteCMD->setEnabled(!on);
+        row.WriteButton->setEnabled(!on);
     }
 }
 
 void EEPROMComFRM::AddressFill() {
     bool isNumber = false;
-    unsigned first = m_rows.front().AddrptrTXT->Text().toUInt(&isNumber, 16);
+    unsigned first = m_rows.front().AddressBox->text().toUInt(&isNumber, 16);
     if (!isNumber) {
         return;
     }
     if (first > 0xFF) {
         first = 0xFF;
-        m_rows.front().AddrptrTXT->Text("FF");
+        m_rows.front().AddressBox->Put("FF");
     }
     for (unsigned i = 1; i < RowCount; ++i) {
-        m_rows[i].AddrptrTXT->Text(HexText(first + i));
+        m_rows[i].AddressBox->Put(HexText(first + i));
     }
 }
 
 void EEPROMComFRM::RandomFill() {
     for (EEPROMRow& row : m_rows) {
-        row.WriteDataTXT->Text(HexText(m_random.NextByte()));
+        row.DataBox->Put(HexText(m_random.NextByte()));
     }
 }
 
 void EEPROMComFRM::ReadDataFill() {
     for (EEPROMRow& row : m_rows) {
-        row.WriteDataTXT->Text(row.ReadLBL->text());
+        row.DataBox->Put(row.ReadOut->text());
     }
 }
 
 void EEPROMComFRM::ReadRow(EEPROMRow& row) {
     const auto address = row.Address();
     if (!address) {
-        row.ReadLBL->setText(NoValue);
+        row.ReadOut->setText(NoValue);
         return;
     }
-    const std::uint8_t byte = m_eepromAccess
-                                  ? m_bench.Link->PrinterPortLink().EEPROMLink().ReadEEPROM(
-                                        m_eepromHighByteCOMBO->Value(), *address)
-                                  : m_bench.Coms.ReadRegisterByte(*address);
-    row.ReadLBL->setText(HexText(byte));
+    const std::uint8_t byte =
+        m_eepromAccess
+            ? m_bench.Link->PrinterPortLink().EEPROMLink().ReadEEPROM(m_highByte->Value(), *address)
+            : m_bench.Coms.ReadRegisterByte(*address);
+    row.ReadOut->setText(HexText(byte));
 }
 
 void EEPROMComFRM::WriteRow(const EEPROMRow& row) {
     const std::uint8_t address = row.Address().value();
     const std::uint8_t byte = row.WriteData().value();
     if (m_eepromAccess) {
-        m_bench.Link->PrinterPortLink().EEPROMLink().WriteEEPROM(m_eepromHighByteCOMBO->Value(),
-                                                                 address, byte);
+        m_bench.Link->PrinterPortLink().EEPROMLink().WriteEEPROM(m_highByte->Value(), address,
+                                                                 byte);
     } else {
         m_bench.Coms.WriteRegisterByte(address, byte);
     }

@@ -56,8 +56,6 @@ protected:
     void AskToStop() override;
 
 private:
-    class BusyScope;
-
     void MakeLayout();
     QGroupBox* MakeRows();
     QGroupBox* MakeLegend();
@@ -66,8 +64,8 @@ private:
     QGroupBox* MakeFills();
     QGroupBox* MakeNotes();
     QGroupBox* MakeClose();
-    void ConnectControls();
 
+    auto Busy();
     void ReadByte(EEPROMRow& row);
     void ReadAll();
     void AutoRead(bool on);
@@ -99,23 +97,16 @@ private:
     QTimer m_autoReadTimer{this};
 
     std::vector<EEPROMRow> m_rows;
-    QGroupBox* m_rwFrame = nullptr;
+    QGroupBox* m_rowsFrame = nullptr;
     QGroupBox* m_commandFrame = nullptr;
     QGroupBox* m_eepromFrame = nullptr;
     QGroupBox* m_autoFillFrame = nullptr;
     QGroupBox* m_closeFrame = nullptr;
-    QPushButton* m_autoReadCHK = nullptr;
-    QPushButton* m_readAllCMD = nullptr;
-    QPushButton* m_writeALLCMD = nullptr;
-    QProgressBar* m_rwAllProgress = nullptr;
-    QCheckBox* m_accessEEPROMCHK = nullptr;
-    QCheckBox* m_eraseEEPROMCHK = nullptr;
-    HighByteCombo* m_eepromHighByteCOMBO = nullptr;
-    QPushButton* m_addPTRFillCMD = nullptr;
-    QPushButton* m_randomFillCMD = nullptr;
-    QPushButton* m_readDataFillCMD = nullptr;
-    QPushButton* m_closeCMD = nullptr;
-    QPushButton* m_closeAllCMD = nullptr;
+    QPushButton* m_autoRead = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QCheckBox* m_access = nullptr;
+    QCheckBox* m_erase = nullptr;
+    HighByteCombo* m_highByte = nullptr;
 };
 
 } // namespace tqx

@@ -22,9 +22,9 @@ NumberEntry* Entry(const char* name, int index, const QString& accessibleName) {
 /// Keeps `mark` and the tooltip of `entry` in step with its text.
 void MarkWhatIsNoByte(NumberEntry& entry, QLabel& mark, QRgb ink, const QString& tooltip) {
     const auto update = [&entry, &mark, ink, tooltip] {
-        const bool good = ByteOf(entry.Text(), 16).has_value();
+        const bool good = ByteOf(entry.text(), 16).has_value();
         const QString why = "\"%1\" is no byte, so nothing is sent. Enter 0 to FF.";
-        const QString text = good ? tooltip : why.arg(entry.Text());
+        const QString text = good ? tooltip : why.arg(entry.text());
         look::SetInk(entry, good ? ink : look::DarkRedInk);
         entry.setToolTip(text);
         entry.setAccessibleDescription(text);
@@ -47,41 +47,40 @@ QLabel* Mark(const char* name, int index) {
 } // namespace
 
 EEPROMRow::EEPROMRow(int index, QGridLayout& grid)
-    : AddrptrTXT(Entry("AddrptrTXT", index, "Address of row %1"))
-    , ReadLBL(kit::NumberLabel(kit::MemberName("ReadLBL", index), "00", look::GreenInk))
-    , ReadByteCMD(kit::Button(kit::MemberName("ReadByteCMD", index), "<<Read",
-                              "Reads the byte at this row's address"))
-    , WriteDataTXT(Entry("WriteDataTXT", index, "Byte to write of row %1"))
-    , WriteByteCMD(kit::Button(kit::MemberName("WriteByteCMD", index), "Write>>",
-                               "Writes this row's byte to its address")) {
-    ReadLBL->setAccessibleName(QStringLiteral("Byte read of row %1").arg(index + 1));
-    ReadLBL->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    ReadLBL->setMinimumWidth(ReadLBL->fontMetrics().horizontalAdvance("0000"));
-    ReadByteCMD->setAccessibleName(QStringLiteral("Read row %1").arg(index + 1));
-    WriteByteCMD->setAccessibleName(QStringLiteral("Write row %1").arg(index + 1));
-    AddrptrTXT->Text(HexText(static_cast<unsigned>(index)));
-    WriteDataTXT->Text("0");
+    : AddressBox(Entry("AddrptrTXT", index, "Address of row %1"))
+    , ReadOut(kit::NumberLabel(kit::MemberName("ReadLBL", index), "00", look::GreenInk))
+    , ReadButton(kit::Button(kit::MemberName("ReadByteCMD", index), "<<Read",
+                             "Reads the byte at this row's address"))
+    , DataBox(Entry("WriteDataTXT", index, "Byte to write of row %1"))
+    , WriteButton(kit::Button(kit::MemberName("WriteByteCMD", index), "Write>>",
+                              "Writes this row's byte to its address")) {
+    ReadOut->setAccessibleName(QStringLiteral("Byte read of row %1").arg(index + 1));
+    ReadOut->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    ReadOut->setMinimumWidth(ReadOut->fontMetrics().horizontalAdvance("0000"));
+    ReadButton->setAccessibleName(QStringLiteral("Read row %1").arg(index + 1));
+    WriteButton->setAccessibleName(QStringLiteral("Write row %1").arg(index + 1));
+    AddressBox->Put(HexText(static_cast<unsigned>(index)));
+    DataBox->Put("0");
 
     QLabel* addressMark = Mark("AddressMark", index);
     QLabel* dataMark = Mark("DataMark", index);
-    MarkWhatIsNoByte(*AddrptrTXT, *addressMark, look::DarkBlueInk,
+    MarkWhatIsNoByte(*AddressBox, *addressMark, look::DarkBlueInk,
                      "Address in hexadecimal, 0 to FF");
-    MarkWhatIsNoByte(*WriteDataTXT, *dataMark, look::BodyInk,
-                     "Byte to write, in hexadecimal, 0 to FF");
+    MarkWhatIsNoByte(*DataBox, *dataMark, look::BodyInk, "Byte to write, in hexadecimal, 0 to FF");
 
-    QWidget* const controls[Columns] = {addressMark, AddrptrTXT,   ReadLBL,     ReadByteCMD,
-                                        dataMark,    WriteDataTXT, WriteByteCMD};
+    QWidget* const controls[Columns] = {addressMark, AddressBox, ReadOut,    ReadButton,
+                                        dataMark,    DataBox,    WriteButton};
     for (int column = 0; column < Columns; ++column) {
         grid.addWidget(controls[column], index + 1, column);
     }
 }
 
 std::optional<std::uint8_t> EEPROMRow::Address() const {
-    return ByteOf(AddrptrTXT->Text(), 16);
+    return ByteOf(AddressBox->text(), 16);
 }
 
 std::optional<std::uint8_t> EEPROMRow::WriteData() const {
-    return ByteOf(WriteDataTXT->Text(), 16);
+    return ByteOf(DataBox->text(), 16);
 }
 
 } // namespace tqx

@@ -30,11 +30,11 @@ public:
     /// Both are bytes.
     bool CanBeWritten() const { return Address() && WriteData(); }
 
-    NumberEntry* AddrptrTXT;
-    QLabel* ReadLBL;
-    QPushButton* ReadByteCMD;
-    NumberEntry* WriteDataTXT;
-    QPushButton* WriteByteCMD;
+    NumberEntry* AddressBox;
+    QLabel* ReadOut;
+    QPushButton* ReadButton;
+    NumberEntry* DataBox;
+    QPushButton* WriteButton;
 };
 
 } // namespace tqx

@@ -11,20 +11,17 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include <chrono>
-
 // What stands where in the EEPROM communications window, and what each control sets off.
 namespace tqx {
 namespace {
 
 constexpr int RowHeight = 9 * look::Grid;
 constexpr int NotesWidth = 220;
-constexpr std::chrono::milliseconds AutoReadInterval{100};
 
 } // namespace
 
 void EEPROMComFRM::MakeLayout() {
-    m_rwFrame = MakeRows();
+    m_rowsFrame = MakeRows();
     auto* groups = new QVBoxLayout;
     groups->setSpacing(2 * look::Grid);
     groups->addWidget(MakeLegend());
@@ -38,7 +35,7 @@ void EEPROMComFRM::MakeLayout() {
     auto* layout = new QHBoxLayout(this);
     layout->setSpacing(3 * look::Grid);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    layout->addWidget(m_rwFrame);
+    layout->addWidget(m_rowsFrame);
     layout->addLayout(groups);
 }
 
@@ -52,7 +49,9 @@ QGroupBox* EEPROMComFRM::MakeRows() {
     grid->addWidget(kit::Heading("WriteHeading", "Write"), 0, 5, Qt::AlignRight);
     m_rows.reserve(RowCount);
     for (int i = 0; i < RowCount; ++i) {
-        m_rows.emplace_back(i, *grid);
+        EEPROMRow& row = m_rows.emplace_back(i, *grid);
+        connect(row.ReadButton, &QPushButton::clicked, this, [this, &row] { ReadByte(row); });
+        connect(row.WriteButton, &QPushButton::clicked, this, [this, &row] { WriteByte(row); });
         grid->setRowMinimumHeight(i + 1, RowHeight);
     }
     grid->setRowStretch(RowCount + 1, 1);
@@ -75,43 +74,48 @@ QGroupBox* EEPROMComFRM::MakeLegend() {
 
 QGroupBox* EEPROMComFRM::MakeCommands() {
     QGroupBox* frame = kit::Frame("CommandFrame", "Command");
-    m_autoReadCHK = kit::Button("AutoReadCHK", "AutoRead is Off",
-                                "Reads all rows again and again, ten times a second", "Alt+U");
-    m_autoReadCHK->setCheckable(true);
-    m_readAllCMD = kit::Button("ReadAllCMD", "Read All", "Reads all sixteen rows", "Alt+R");
-    m_writeALLCMD = kit::Button("WriteALLCMD", "Write All", "Writes all sixteen rows", "Alt+W");
-    m_rwAllProgress = kit::ProgressLine("RWAllProgress", "Rows done", RowCount - 1);
+    m_autoRead = kit::Button("AutoReadCHK", "AutoRead is Off",
+                             "Reads all rows again and again, ten times a second", "Alt+U");
+    m_autoRead->setCheckable(true);
+    connect(m_autoRead, &QPushButton::toggled, this, &EEPROMComFRM::AutoRead);
+    QPushButton* readAll = kit::Button("ReadAllCMD", "Read All", "Reads all sixteen rows", "Alt+R");
+    connect(readAll, &QPushButton::clicked, this, &EEPROMComFRM::ReadAll);
+    QPushButton* writeAll =
+        kit::Button("WriteALLCMD", "Write All", "Writes all sixteen rows", "Alt+W");
+    connect(writeAll, &QPushButton::clicked, this, &EEPROMComFRM::WriteAll);
+    m_progress = kit::ProgressLine("RWAllProgress", "Rows done", RowCount - 1);
 
     auto* grid = new QGridLayout(frame);
-    grid->addWidget(m_readAllCMD, 0, 0);
-    grid->addWidget(m_writeALLCMD, 0, 1);
-    grid->addWidget(m_autoReadCHK, 1, 0, 1, 2);
-    grid->addWidget(m_rwAllProgress, 2, 0, 1, 2);
+    grid->addWidget(readAll, 0, 0);
+    grid->addWidget(writeAll, 0, 1);
+    grid->addWidget(m_autoRead, 1, 0, 1, 2);
+    grid->addWidget(m_progress, 2, 0, 1, 2);
     return frame;
 }
 
 QGroupBox* EEPROMComFRM::MakeEEPROM() {
     QGroupBox* frame = kit::Frame("EEPROMFrame", "EEPROM");
-    m_accessEEPROMCHK =
-        kit::CheckBox("AccessEEPROMCHK", "Access EEPROM",
-                      "The rows stand for bytes of the EEPROM instead of registers. "
-                      "The EEPROM is reached over the printer port only.",
-                      "Alt+A");
-    m_eraseEEPROMCHK = kit::CheckBox(
+    m_access = kit::CheckBox("AccessEEPROMCHK", "Access EEPROM",
+                             "The rows stand for bytes of the EEPROM instead of registers. "
+                             "The EEPROM is reached over the printer port only.",
+                             "Alt+A");
+    m_erase = kit::CheckBox(
         "EraseEEPROMCHK", "Erase EEPROM before writes",
         "Write All erases the 256 bytes at the high byte first; a single row cannot be "
         "written then",
         "Alt+E");
-    m_eepromHighByteCOMBO = new HighByteCombo;
-    m_eepromHighByteCOMBO->setToolTip("High address byte of all rows in the EEPROM");
+    connect(m_access, &QCheckBox::toggled, this, &EEPROMComFRM::AccessEEPROM);
+    connect(m_erase, &QCheckBox::toggled, this, &EEPROMComFRM::EraseBeforeWrites);
+    m_highByte = new HighByteCombo;
+    m_highByte->setToolTip("High address byte of all rows in the EEPROM");
     QLabel* ramHighByte = kit::NumberLabel("EEPROMHighByteLBL", "00", look::BodyInk);
     ramHighByte->setAccessibleName("High byte of registers");
 
     auto* grid = new QGridLayout(frame);
-    grid->addWidget(m_accessEEPROMCHK, 0, 0, 1, 2);
-    grid->addWidget(m_eraseEEPROMCHK, 1, 0, 1, 2);
+    grid->addWidget(m_access, 0, 0, 1, 2);
+    grid->addWidget(m_erase, 1, 0, 1, 2);
     grid->addWidget(kit::Label("HighByteHeading", "High byte"), 2, 0);
-    grid->addWidget(m_eepromHighByteCOMBO, 2, 1);
+    grid->addWidget(m_highByte, 2, 1);
     grid->addWidget(kit::Heading("RAMHighByteHeading", "High byte of registers"), 3, 0);
     grid->addWidget(ramHighByte, 3, 1);
     return frame;
@@ -119,16 +123,19 @@ QGroupBox* EEPROMComFRM::MakeEEPROM() {
 
 QGroupBox* EEPROMComFRM::MakeFills() {
     QGroupBox* frame = kit::Frame("AutoFillFrame", "Auto Fill");
-    m_addPTRFillCMD = kit::Button("ADDPTRFillCMD", "Address Ptr Fill",
-                                  "Counts the addresses up from the first row's", "Alt+P");
-    m_readDataFillCMD = kit::Button("ReadDataFillCMD", "Read Data Fill",
-                                    "Takes the bytes read as the bytes to write", "Alt+D");
-    m_randomFillCMD = kit::Button("RandomFillCMD", "Random Data Fill",
-                                  "Fills the bytes to write at random", "Alt+N");
+    QPushButton* addresses = kit::Button("ADDPTRFillCMD", "Address Ptr Fill",
+                                         "Counts the addresses up from the first row's", "Alt+P");
+    connect(addresses, &QPushButton::clicked, this, &EEPROMComFRM::AddressFill);
+    QPushButton* readData = kit::Button("ReadDataFillCMD", "Read Data Fill",
+                                        "Takes the bytes read as the bytes to write", "Alt+D");
+    connect(readData, &QPushButton::clicked, this, &EEPROMComFRM::ReadDataFill);
+    QPushButton* random = kit::Button("RandomFillCMD", "Random Data Fill",
+                                      "Fills the bytes to write at random", "Alt+N");
+    connect(random, &QPushButton::clicked, this, &EEPROMComFRM::RandomFill);
     auto* column = new QVBoxLayout(frame);
-    column->addWidget(m_addPTRFillCMD);
-    column->addWidget(m_readDataFillCMD);
-    column->addWidget(m_randomFillCMD);
+    column->addWidget(addresses);
+    column->addWidget(readData);
+    column->addWidget(random);
     return frame;
 }
 
@@ -145,33 +152,15 @@ QGroupBox* EEPROMComFRM::MakeNotes() {
 QGroupBox* EEPROMComFRM::MakeClose() {
     QGroupBox* frame = kit::Frame("CloseFrame", {});
     frame->setFlat(true);
-    m_closeCMD = kit::Button("CloseCMD", "Close Current", "Closes this window", "Alt+C");
-    m_closeAllCMD =
+    QPushButton* close = kit::Button("CloseCMD", "Close Current", "Closes this window", "Alt+C");
+    connect(close, &QPushButton::clicked, this, &EEPROMComFRM::close);
+    QPushButton* closeAll =
         kit::Button("CloseAllCMD", "Close All", "Closes every \"Register Access\" window", "Alt+L");
+    connect(closeAll, &QPushButton::clicked, this, &EEPROMComFRM::CloseAllWanted);
     auto* line = new QHBoxLayout(frame);
-    line->addWidget(m_closeCMD);
-    line->addWidget(m_closeAllCMD);
+    line->addWidget(close);
+    line->addWidget(closeAll);
     return frame;
-}
-
-void EEPROMComFRM::ConnectControls() {
-    for (EEPROMRow& row : m_rows) {
-        connect(row.ReadByteCMD, &QPushButton::clicked, this, [this, &row] { ReadByte(row); });
-        connect(row.WriteByteCMD, &QPushButton::clicked, this, [this, &row] { WriteByte(row); });
-    }
-    m_autoReadTimer.setObjectName("AutoReadTimer");
-    m_autoReadTimer.setInterval(AutoReadInterval);
-    connect(&m_autoReadTimer, &QTimer::timeout, this, &EEPROMComFRM::AutoReadTick);
-    connect(m_autoReadCHK, &QPushButton::toggled, this, &EEPROMComFRM::AutoRead);
-    connect(m_readAllCMD, &QPushButton::clicked, this, &EEPROMComFRM::ReadAll);
-    connect(m_writeALLCMD, &QPushButton::clicked, this, &EEPROMComFRM::WriteAll);
-    connect(m_accessEEPROMCHK, &QCheckBox::toggled, this, &EEPROMComFRM::AccessEEPROM);
-    connect(m_eraseEEPROMCHK, &QCheckBox::toggled, this, &EEPROMComFRM::EraseBeforeWrites);
-    connect(m_addPTRFillCMD, &QPushButton::clicked, this, &EEPROMComFRM::AddressFill);
-    connect(m_randomFillCMD, &QPushButton::clicked, this, &EEPROMComFRM::RandomFill);
-    connect(m_readDataFillCMD, &QPushButton::clicked, this, &EEPROMComFRM::ReadDataFill);
-    connect(m_closeCMD, &QPushButton::clicked, this, &EEPROMComFRM::close);
-    connect(m_closeAllCMD, &QPushButton::clicked, this, &EEPROMComFRM::CloseAllWanted);
 }
 
 } // namespace tqx

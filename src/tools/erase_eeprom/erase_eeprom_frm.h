@@ -33,8 +33,6 @@ protected:
     void AskToStop() override;
 
 private:
-    class EraseAllScope;
-
     void MakeLayout();
     QGroupBox* MakePages();
     QGroupBox* MakeFullErase();
@@ -50,18 +48,18 @@ private:
     Waiter m_wait;
     bool m_stopRequested = false;
 
-    HighByteCombo* m_eepromHighByteCOMBO = nullptr;
-    std::array<QLabel*, eeprom::PagesInBlock> m_highByteLBL{};
-    std::array<QLabel*, eeprom::PagesInBlock> m_lowByteLBL{};
-    std::array<QPushButton*, eeprom::PagesInBlock> m_erasePageCMD{};
-    QPushButton* m_eraseAllCMD = nullptr;
-    QPushButton* m_stopEraseCMD = nullptr;
-    QProgressBar* m_totalProgress = nullptr;
-    QLabel* m_highByteVaueLBL = nullptr;
-    QLabel* m_lowByteValueLBL = nullptr;
+    HighByteCombo* m_block = nullptr;
+    std::array<QLabel*, eeprom::PagesInBlock> m_pageHigh{};
+    std::array<QLabel*, eeprom::PagesInBlock> m_pageLow{};
+    std::array<QPushButton*, eeprom::PagesInBlock> m_erasePage{};
+    QPushButton* m_eraseAll = nullptr;
+    QPushButton* m_stop = nullptr;
+    QProgressBar* m_progress = nullptr;
+    QLabel* m_erasedHigh = nullptr;
+    QLabel* m_erasedLow = nullptr;
     /// What the last command came to; empty while one runs and after one that failed.
-    QLabel* m_statusLBL = nullptr;
-    QPushButton* m_closeCMD = nullptr;
+    QLabel* m_status = nullptr;
+    QPushButton* m_close = nullptr;
 };
 
 } // namespace tqx

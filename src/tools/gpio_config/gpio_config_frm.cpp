@@ -55,27 +55,26 @@ GPIOConfigFRM::GPIOConfigFRM(Bench& bench)
 
 void GPIOConfigFRM::FillCombos() {
     for (std::size_t i = 0; i < gpio::LineCount; ++i) {
-        m_directionCombo[i]->addItems({"Output", "Input"});
+        m_direction[i]->addItems({"Output", "Input"});
         m_polarity[i]->addItems({"High", "Low"});
     }
     for (std::size_t i = 0; i < gpio::FanLineCount; ++i) {
-        m_enabledCOMBO[i]->addItems({"GPIO", "Fan"});
+        m_function[i]->addItems({"GPIO", "Fan"});
     }
-    m_enabledCOMBO[ThermSelector]->addItems({"Therm", "GPIO"});
+    m_function[ThermSelector]->addItems({"Therm", "GPIO"});
 }
 
 void GPIOConfigFRM::ReadEnables() {
     const unsigned enables = m_bench.Coms.ReadRegisterByte(reg::Config2);
     for (int i = 0; i < gpio::FanLineCount; ++i) {
         const bool isGPIO = (enables >> i & 1U) != 0;
-        m_enabledCOMBO[static_cast<std::size_t>(i)]->setCurrentIndex(isGPIO ? FanGPIOEntry
-                                                                            : FanEntry);
+        m_function[static_cast<std::size_t>(i)]->setCurrentIndex(isGPIO ? FanGPIOEntry : FanEntry);
     }
     for (int i = 0; i < gpio::FanLineCount; ++i) {
         EnableLine(i);
     }
     const bool isGPIO = (m_bench.Coms.ReadRegisterByte(reg::Config3) & gpio::ThermEnable) != 0;
-    m_enabledCOMBO[ThermSelector]->setCurrentIndex(isGPIO ? ThermGPIOEntry : ThermEntry);
+    m_function[ThermSelector]->setCurrentIndex(isGPIO ? ThermGPIOEntry : ThermEntry);
 }
 
 void GPIOConfigFRM::ReadDirections() {
@@ -83,12 +82,12 @@ void GPIOConfigFRM::ReadDirections() {
         const unsigned config = m_bench.Coms.ReadRegisterByte(gpio::ConfigRegister(r));
         for (int j = 0; j < gpio::LinesInRegister; ++j) {
             const std::size_t i = LineOf(r, j);
-            SetDirection(m_directionCombo[i], (config & gpio::DirectionBit(j)) != 0);
+            SetDirection(m_direction[i], (config & gpio::DirectionBit(j)) != 0);
             SetPolarity(m_polarity[i], (config & gpio::PolarityBit(j)) != 0);
         }
     }
     const unsigned therm = m_bench.Coms.ReadRegisterByte(reg::Config3);
-    SetDirection(m_directionCombo[gpio::ThermLine], (therm & gpio::ThermDirection) != 0);
+    SetDirection(m_direction[gpio::ThermLine], (therm & gpio::ThermDirection) != 0);
     SetPolarity(m_polarity[gpio::ThermLine], (therm & gpio::ThermPolarity) != 0);
 }
 
@@ -120,7 +119,7 @@ void GPIOConfigFRM::WriteDirections() {
         m_bench.Coms.WriteRegisterByte(gpio::ConfigRegister(r), ConfigOf(r));
     }
     unsigned bits = 0;
-    if (StandsOn(m_directionCombo[gpio::ThermLine], OutputEntry)) {
+    if (StandsOn(m_direction[gpio::ThermLine], OutputEntry)) {
         bits |= gpio::ThermDirection;
     }
     if (StandsOn(m_polarity[gpio::ThermLine], HighEntry)) {
@@ -140,7 +139,7 @@ std::uint8_t GPIOConfigFRM::ConfigOf(int r) const {
     unsigned config = 0;
     for (int j = 0; j < gpio::LinesInRegister; ++j) {
         const std::size_t i = LineOf(r, j);
-        config |= StandsOn(m_directionCombo[i], OutputEntry) ? gpio::DirectionBit(j) : 0;
+        config |= StandsOn(m_direction[i], OutputEntry) ? gpio::DirectionBit(j) : 0;
         config |= StandsOn(m_polarity[i], HighEntry) ? gpio::PolarityBit(j) : 0;
     }
     return static_cast<std::uint8_t>(config);
@@ -148,14 +147,14 @@ std::uint8_t GPIOConfigFRM::ConfigOf(int r) const {
 
 bool GPIOConfigFRM::IsGPIO(int line) const {
     return line == gpio::ThermLine
-               ? StandsOn(m_enabledCOMBO[ThermSelector], ThermGPIOEntry)
-               : StandsOn(m_enabledCOMBO[static_cast<std::size_t>(line)], FanGPIOEntry);
+               ? StandsOn(m_function[ThermSelector], ThermGPIOEntry)
+               : StandsOn(m_function[static_cast<std::size_t>(line)], FanGPIOEntry);
 }
 
 /// Lets the line's direction and polarity be edited only while it works as a GPIO line.
 void GPIOConfigFRM::EnableLine(int line) {
     const auto i = static_cast<std::size_t>(line);
-    m_directionCombo[i]->setEnabled(IsGPIO(line));
+    m_direction[i]->setEnabled(IsGPIO(line));
     m_polarity[i]->setEnabled(IsGPIO(line));
 }
 

@@ -10,7 +10,6 @@
 
 class QGridLayout;
 class QGroupBox;
-class QPushButton;
 
 namespace tqx {
 
@@ -50,11 +49,9 @@ private:
     Bench& m_bench;
     bool m_loading = false;
 
-    std::array<HandCombo*, gpio::LineCount> m_directionCombo{};
+    std::array<HandCombo*, gpio::LineCount> m_direction{};
     std::array<HandCombo*, gpio::LineCount> m_polarity{};
-    std::array<HandCombo*, gpio::FanLineCount + 1> m_enabledCOMBO{};
-    QPushButton* m_readAgainCMD = nullptr;
-    QPushButton* m_closeCMD = nullptr;
+    std::array<HandCombo*, gpio::FanLineCount + 1> m_function{};
 };
 
 } // namespace tqx

@@ -43,14 +43,14 @@ void AddHeadings(QGridLayout& grid, int group) {
 } // namespace
 
 void GPIOConfigFRM::MakeLayout() {
-    m_readAgainCMD = kit::Button(
+    QPushButton* readAgain = kit::Button(
         "ReadAgainCMD", "Read Settings from TQX7716 again.",
         "Shows directions and polarities as the chip has them; writes nothing", "Alt+R");
-    connect(m_readAgainCMD, &QPushButton::clicked, this, &GPIOConfigFRM::ReadAgain);
-    m_closeCMD = kit::Button("CloseCMD", "Close", "Closes this window; the chip keeps its settings",
-                             "Alt+C");
-    m_closeCMD->setDefault(true);
-    connect(m_closeCMD, &QPushButton::clicked, this, &GPIOConfigFRM::close);
+    connect(readAgain, &QPushButton::clicked, this, &GPIOConfigFRM::ReadAgain);
+    QPushButton* close = kit::Button("CloseCMD", "Close",
+                                     "Closes this window; the chip keeps its settings", "Alt+C");
+    close->setDefault(true);
+    connect(close, &QPushButton::clicked, this, &GPIOConfigFRM::close);
 
     auto* groups = new QGridLayout;
     groups->setSpacing(3 * look::Grid);
@@ -58,9 +58,9 @@ void GPIOConfigFRM::MakeLayout() {
     groups->addWidget(MakePlainLines(), 1, 0);
     groups->addWidget(MakeThermLine(), 0, 1);
     auto* buttons = new QHBoxLayout;
-    buttons->addWidget(m_readAgainCMD);
+    buttons->addWidget(readAgain);
     buttons->addStretch();
-    buttons->addWidget(m_closeCMD);
+    buttons->addWidget(close);
 
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(3 * look::Grid);
@@ -102,7 +102,7 @@ QGroupBox* GPIOConfigFRM::MakeThermLine() {
 void GPIOConfigFRM::AddSelector(QGridLayout& grid, int index, int column) {
     const int line = index == gpio::FanLineCount ? gpio::ThermLine : index;
     HandCombo* selector = Combo("EnabledCOMBO", index, line, "Function of GPIO%1");
-    m_enabledCOMBO[static_cast<std::size_t>(index)] = selector;
+    m_function[static_cast<std::size_t>(index)] = selector;
     connect(selector, &HandCombo::currentIndexChanged, this, [this, line] {
         if (!m_loading) {
             EnableLine(line);
@@ -117,13 +117,13 @@ void GPIOConfigFRM::AddLine(QGridLayout& grid, int line, int column) {
     QLabel* number =
         kit::NumberLabel(kit::MemberName("Label4", line), QString::number(line), look::BodyInk);
     number->setAlignment(Qt::AlignCenter);
-    m_directionCombo[i] = Combo("DirectionCombo", line, line, "Direction of GPIO%1");
+    m_direction[i] = Combo("DirectionCombo", line, line, "Direction of GPIO%1");
     m_polarity[i] = Combo("Polarity", line, line, "Active polarity of GPIO%1");
-    for (HandCombo* combo : {m_directionCombo[i], m_polarity[i]}) {
+    for (HandCombo* combo : {m_direction[i], m_polarity[i]}) {
         connect(combo, &HandCombo::currentIndexChanged, this, &GPIOConfigFRM::Changed);
     }
     grid.addWidget(number, NumberRow, column);
-    grid.addWidget(m_directionCombo[i], DirectionRow, column);
+    grid.addWidget(m_direction[i], DirectionRow, column);
     grid.addWidget(m_polarity[i], PolarityRow, column);
 }
 

@@ -1,5 +1,3 @@
-#include "elided_label.h"
-#include "register_dump/format_sample.h"
 #include "register_dump/register_dump_frm.h"
 
 #include <controls/factories.h>
@@ -9,14 +7,95 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <utility>
+#include <vector>
 
 // What stands where in the register dump window, and what each control sets off.
 namespace tqx {
 namespace {
 
 constexpr int StatusLines = 3; // room for a path and a reason
+
+constexpr int LineHeight = 4 * look::Grid;
+constexpr int HintedCharacters = 24;
+
+/// A sample of a written format whose parts are named beneath it, with a line from each part to
+/// its name.
+class FormatSample : public QWidget {
+public:
+    struct Part {
+        int First; // character of the sample
+        int Length;
+        QLabel* Name;
+    };
+
+    /// Takes the labels over.
+    FormatSample(QLabel* sample, std::vector<Part> parts);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QLabel* m_sample;
+    std::vector<Part> m_parts;
+};
+
+FormatSample::FormatSample(QLabel* sample, std::vector<Part> parts)
+    : m_sample(sample)
+    , m_parts(std::move(parts)) {
+    auto* names = new QHBoxLayout;
+    names->setSpacing(5 * look::Grid);
+    names->addStretch();
+    for (const Part& part : m_parts) {
+        names->addWidget(part.Name);
+    }
+    names->addStretch();
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(m_sample, 0, Qt::AlignHCenter);
+    column->addSpacing(LineHeight);
+    column->addLayout(names);
+}
+
+void FormatSample::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(QColor(look::QuietInk), 1));
+    const QFontMetricsF metrics(m_sample->font());
+    const QString text = m_sample->text();
+    for (const Part& part : m_parts) {
+        const qreal from = m_sample->x() + metrics.horizontalAdvance(text.left(part.First));
+        const qreal width = metrics.horizontalAdvance(text.mid(part.First, part.Length));
+        const qreal bottom = m_sample->geometry().bottom() + 1.5;
+        const QPointF name(part.Name->geometry().center().x(), part.Name->y() - 1);
+        painter.drawLine(QPointF(from + 1, bottom), QPointF(from + width - 1, bottom));
+        painter.drawLine(QPointF(from + width / 2, bottom), name);
+    }
+}
+
+/// A label of one line that takes what room there is and leaves out the middle of a long text.
+class ElidedLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+
+    QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * HintedCharacters, fontMetrics().height()};
+    }
+
+    QSize sizeHint() const override { return minimumSizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* /*event*/) override {
+        QPainter painter(this);
+        painter.setPen(palette().color(foregroundRole()));
+        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                         fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+    }
+};
 
 /// A frame with the box that takes a part of the chip into the dump, and a sample of its rows.
 QGroupBox* Choice(const QString& name, const QString& title, QCheckBox* box, QLabel* note,
@@ -44,13 +123,13 @@ QLabel* SampleText(const QString& name, const QString& text) {
 } // namespace
 
 void RegisterDumpFRM::MakeLayout() {
-    m_statusLBL = kit::Label("StatusLBL", {});
-    m_statusLBL->setWordWrap(true);
-    m_statusLBL->setAlignment(Qt::AlignTop);
-    m_statusLBL->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-    m_statusLBL->setFixedHeight(StatusLines * m_statusLBL->fontMetrics().lineSpacing());
-    m_statusLBL->setAccessibleName("Status");
-    m_statusLBL->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_status = kit::Label("StatusLBL", {});
+    m_status->setWordWrap(true);
+    m_status->setAlignment(Qt::AlignTop);
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    m_status->setFixedHeight(StatusLines * m_status->fontMetrics().lineSpacing());
+    m_status->setAccessibleName("Status");
+    m_status->setTextInteractionFlags(Qt::TextSelectableByMouse);
 
     auto* choices = new QHBoxLayout;
     choices->setSpacing(3 * look::Grid);
@@ -62,58 +141,57 @@ void RegisterDumpFRM::MakeLayout() {
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addLayout(choices);
     layout->addWidget(MakeTarget());
-    layout->addWidget(m_statusLBL);
-    m_dumpCMD->setFocus();
+    layout->addWidget(m_status);
+    m_dump->setFocus();
 }
 
 QGroupBox* RegisterDumpFRM::MakeRAM() {
-    m_ramSettingsCHK =
-        TickedBox("RAMSettingsCHK", "Dump RAM", "Takes all 256 registers into the dump");
+    m_ram = TickedBox("RAMSettingsCHK", "Dump RAM", "Takes all 256 registers into the dump");
     auto* sample = new FormatSample(SampleText("Label1(0)", "74:5D"),
                                     {{0, 2, kit::Label("Label2(0)", "Address Pointer")},
                                      {3, 2, kit::Label("Label3(0)", "Data")}});
-    return Choice("Frame1", "RAM", m_ramSettingsCHK,
+    return Choice("Frame1", "RAM", m_ram,
                   kit::Label("Label4", "RAM data is dumped in the following format;"), sample);
 }
 
 QGroupBox* RegisterDumpFRM::MakeEEPROM() {
-    m_eepromSettingsCHK = TickedBox("EEPROMSettingsCHK", "Dump EEPROM",
-                                    "Takes the 8192 bytes of the EEPROM into the dump");
+    m_eeprom = TickedBox("EEPROMSettingsCHK", "Dump EEPROM",
+                         "Takes the 8192 bytes of the EEPROM into the dump");
     auto* sample = new FormatSample(SampleText("Label1(1)", "80,11:0"),
                                     {{0, 2, kit::Label("Label2(2)", "High Byte")},
                                      {3, 2, kit::Label("Label2(1)", "Low Byte")},
                                      {6, 1, kit::Label("Label3(1)", "Data")}});
-    return Choice("Frame2", "EEPROM", m_eepromSettingsCHK,
+    return Choice("Frame2", "EEPROM", m_eeprom,
                   kit::Label("Label5", "EEPROM data is dumped in the following format;"), sample);
 }
 
 QGroupBox* RegisterDumpFRM::MakeTarget() {
     QGroupBox* frame = kit::Frame("TargetFrame", "Target");
-    m_pathLBL = new ElidedLabel;
-    m_pathLBL->setObjectName("PathLBL");
-    m_pathLBL->setFont(look::NumbersFont());
-    m_pathLBL->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    m_browseCMD = kit::Button("BrowseCMD", "Browse", "Chooses the file", "Alt+B");
-    m_dumpCMD = kit::Button("DumpCMD", "Dump Now", "Adds a dump to the end of the file", "Alt+D");
-    m_dumpCMD->setDefault(true);
-    m_stopDumpCMD =
+    m_path = new ElidedLabel;
+    m_path->setObjectName("PathLBL");
+    m_path->setFont(look::NumbersFont());
+    m_path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_browse = kit::Button("BrowseCMD", "Browse", "Chooses the file", "Alt+B");
+    m_dump = kit::Button("DumpCMD", "Dump Now", "Adds a dump to the end of the file", "Alt+D");
+    m_dump->setDefault(true);
+    m_stop =
         kit::Button("StopDumpCMD", "Stop Dump", "Ends the dump early; the file tells so", "Alt+S");
-    m_stopDumpCMD->setEnabled(false);
-    m_progressBar1 = new PercentBar;
-    m_progressBar1->setObjectName("ProgressBar1");
-    m_progressBar1->setAccessibleName("Part of the dump that is done");
-    m_progressBar1->Value(0);
-    connect(m_browseCMD, &QPushButton::clicked, this, &RegisterDumpFRM::Browse);
-    connect(m_dumpCMD, &QPushButton::clicked, this, &RegisterDumpFRM::Dump);
-    connect(m_stopDumpCMD, &QPushButton::clicked, this, [this] { m_stopRequested = true; });
+    m_stop->setEnabled(false);
+    m_progress = new PercentBar;
+    m_progress->setObjectName("ProgressBar1");
+    m_progress->setAccessibleName("Part of the dump that is done");
+    m_progress->StandAt(0);
+    connect(m_browse, &QPushButton::clicked, this, &RegisterDumpFRM::Browse);
+    connect(m_dump, &QPushButton::clicked, this, &RegisterDumpFRM::Dump);
+    connect(m_stop, &QPushButton::clicked, this, [this] { m_stopRequested = true; });
 
     auto* target = new QHBoxLayout;
-    target->addWidget(m_pathLBL, 1);
-    target->addWidget(m_browseCMD);
+    target->addWidget(m_path, 1);
+    target->addWidget(m_browse);
     auto* run = new QHBoxLayout;
-    run->addWidget(m_progressBar1, 1);
-    run->addWidget(m_stopDumpCMD);
-    run->addWidget(m_dumpCMD);
+    run->addWidget(m_progress, 1);
+    run->addWidget(m_stop);
+    run->addWidget(m_dump);
     auto* column = new QVBoxLayout(frame);
     column->setSpacing(2 * look::Grid);
     column->addLayout(target);

@@ -1,6 +1,5 @@
 #include "register_dump/register_dump_frm.h"
 
-#include "elided_label.h"
 #include "register_dump/dump_place.h"
 
 #include <controls/look.h>
@@ -14,6 +13,7 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 
 #include <utility>
 
@@ -33,24 +33,6 @@ void MakeDocumentsFolder(const QString& dumpPath) {
 
 } // namespace
 
-/// The length of a dump.
-class RegisterDumpFRM::DumpingScope {
-public:
-    explicit DumpingScope(RegisterDumpFRM& window)
-        : m_window(window) {
-        m_window.m_stopRequested = m_window.Unloading();
-        m_window.SetDumpControlsEnabled(false);
-    }
-
-    ~DumpingScope() { m_window.SetDumpControlsEnabled(true); }
-
-    DumpingScope(const DumpingScope&) = delete;
-    DumpingScope& operator=(const DumpingScope&) = delete;
-
-private:
-    RegisterDumpFRM& m_window;
-};
-
 RegisterDumpFRM::RegisterDumpFRM(Bench& bench, MessageDoor door, SystemDialogs& dialogs)
     : ToolWindow("RegisterDumpFRM", "Register Dump")
     , m_bench(bench)
@@ -63,12 +45,12 @@ RegisterDumpFRM::RegisterDumpFRM(Bench& bench, MessageDoor door, SystemDialogs& 
 }
 
 void RegisterDumpFRM::SetDumpControlsEnabled(bool enable) {
-    for (QWidget* control : std::initializer_list<QWidget*>{m_ramSettingsCHK, m_eepromSettingsCHK,
-                                                            m_dumpCMD, m_browseCMD, m_pathLBL}) {
+    for (QWidget* control :
+         std::initializer_list<QWidget*>{m_ram, m_eeprom, m_dump, m_browse, m_path}) {
         control->setEnabled(enable);
     }
-    m_stopDumpCMD->setEnabled(!enable);
-    (enable ? m_dumpCMD : m_stopDumpCMD)->setFocus();
+    m_stop->setEnabled(!enable);
+    (enable ? m_dump : m_stop)->setFocus();
 }
 
 void RegisterDumpFRM::AskToStop() {
@@ -96,7 +78,7 @@ void RegisterDumpFRM::Browse() {
 
 void RegisterDumpFRM::Dump() {
     const Yielding yielding(*this);
-    const DumpChoice choice{m_ramSettingsCHK->isChecked(), m_eepromSettingsCHK->isChecked()};
+    const DumpChoice choice{m_ram->isChecked(), m_eeprom->isChecked()};
     if (choice.Rows() == 0) {
         m_door("Notice",
                "Either the Dump RAM or Dump EEPROM check box must be selected to do a register "
@@ -104,14 +86,16 @@ void RegisterDumpFRM::Dump() {
                1);
         return;
     }
-    const DumpingScope dumping(*this);
+    m_stopRequested = Unloading();
+    SetDumpControlsEnabled(false);
+    const auto end = qScopeGuard([this] { SetDumpControlsEnabled(true); });
     RegisterDump dump(m_bench.Link, *this);
     dump.Clock = Clock;
-    m_progressBar1->Value(0);
-    m_progressBar1->Maximum(choice.Rows());
+    m_progress->StandAt(0);
+    m_progress->EndAt(choice.Rows());
     if (!m_dumpPath.endsWith(FileEnding)) {
         RefuseName();
-        m_progressBar1->Value(0);
+        m_progress->StandAt(0);
         return;
     }
     Status("Dumping ...", false);
@@ -119,17 +103,17 @@ void RegisterDumpFRM::Dump() {
     const QString place = PlaceOfDump(m_dumpPath);
     const DumpOutcome outcome = dump.Run(choice, place);
     if (outcome.Finished) {
-        m_progressBar1->Value(0);
+        m_progress->StandAt(0);
     }
     ShowOutcome(outcome, place);
 }
 
 void RegisterDumpFRM::ShowPath() {
-    m_pathLBL->setText("Path; " + m_dumpPath);
+    m_path->setText("Path; " + m_dumpPath);
     QString place = m_dumpPath.isEmpty()
                         ? QStringLiteral("No file is chosen.")
                         : QStringLiteral("Dumps are added to %1.").arg(PlaceOfDump(m_dumpPath));
-    m_pathLBL->setToolTip(place);
+    m_path->setToolTip(place);
     if (m_bench.Bus.BusCell.ComsMedium != ComsPrinterPort) {
         place += QStringLiteral(
             " They read the board on the printer port, which is not the chip that was "
@@ -145,9 +129,9 @@ void RegisterDumpFRM::RefuseName() {
 }
 
 void RegisterDumpFRM::Status(const QString& text, bool bad) {
-    look::SetInk(*m_statusLBL, bad ? look::DarkRedInk : look::QuietInk);
-    m_statusLBL->setText(text);
-    m_statusLBL->setToolTip(text);
+    look::SetInk(*m_status, bad ? look::DarkRedInk : look::QuietInk);
+    m_status->setText(text);
+    m_status->setToolTip(text);
 }
 
 void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& place) {
@@ -168,7 +152,7 @@ void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& pla
 }
 
 void RegisterDumpFRM::RowWritten() {
-    m_progressBar1->Value(m_progressBar1->Value() + 1);
+    m_progress->StandAt(m_progress->value() + 1);
 }
 
 void RegisterDumpFRM::ServeEvents() {

@@ -16,7 +16,6 @@ class QPushButton;
 namespace tqx {
 
 struct Bench;
-class ElidedLabel;
 class PercentBar;
 class SystemDialogs;
 
@@ -40,8 +39,6 @@ protected:
     void AskToStop() override;
 
 private:
-    class DumpingScope;
-
     void MakeLayout();
     QGroupBox* MakeRAM();
     QGroupBox* MakeEEPROM();
@@ -65,14 +62,14 @@ private:
     QString m_dialogName; // what the save dialog has stood on last
     bool m_stopRequested = false;
 
-    QCheckBox* m_ramSettingsCHK = nullptr;
-    QCheckBox* m_eepromSettingsCHK = nullptr;
-    ElidedLabel* m_pathLBL = nullptr;
-    QPushButton* m_browseCMD = nullptr;
-    QPushButton* m_dumpCMD = nullptr;
-    QPushButton* m_stopDumpCMD = nullptr;
-    PercentBar* m_progressBar1 = nullptr;
-    QLabel* m_statusLBL = nullptr;
+    QCheckBox* m_ram = nullptr;
+    QCheckBox* m_eeprom = nullptr;
+    QLabel* m_path = nullptr;
+    QPushButton* m_browse = nullptr;
+    QPushButton* m_dump = nullptr;
+    QPushButton* m_stop = nullptr;
+    PercentBar* m_progress = nullptr;
+    QLabel* m_status = nullptr;
 };
 
 } // namespace tqx

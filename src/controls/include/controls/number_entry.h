@@ -10,12 +10,12 @@ namespace tqx {
 /// It hands over its text on Enter alone, never when it merely loses the focus. Escape brings back
 /// the text that was confirmed or set by program last; so does leaving the box empty, which would
 /// count as 0 unseen.
-/// The user can type, paste and drop only digits of the base, and only what is a byte, unless
-/// `MaximumDigits` says otherwise; the program may set any text.
+/// The user can type, paste and drop only digits of the base, and only what is a byte; the program
+/// may set any text.
 class NumberEntry : public QLineEdit {
     Q_OBJECT
     Q_PROPERTY(Base numberbase READ numberbase WRITE numberbase)
-    Q_PROPERTY(QString Text READ Text WRITE Text)
+    Q_PROPERTY(QString Text READ text WRITE Put)
     Q_PROPERTY(unsigned Value READ Value WRITE Value)
 
 public:
@@ -29,19 +29,13 @@ public:
 
     void numberbase(Base base);
 
-    QString Text() const { return text(); }
-
-    void Text(const QString& text);
+    /// Shows `text`, which Escape and an empty box come back to.
+    void Put(const QString& text);
 
     /// The text as a number of the base; 0 when it is none. Set, it is shown in capitals without
     /// leading zeros.
     unsigned Value() const;
     void Value(unsigned value);
-
-    /// How many digits can be typed, 1 to 8; 0, the initial value, stands for "what is a byte".
-    int MaximumDigits() const { return m_maximumDigits; }
-
-    void MaximumDigits(int digits);
 
     /// Room for the digits that can be typed and the cursor.
     QSize sizeHint() const override;
@@ -64,7 +58,6 @@ private:
     void Confirm();
 
     Base m_base;
-    int m_maximumDigits = 0;
     QString m_standing;   // confirmed or set by program last
     QString m_beforeEdit; // what an edit under way started from
     bool m_selectOnRelease = false;

@@ -8,21 +8,17 @@ namespace tqx {
 /// as in "62.5 %".
 class PercentBar : public QProgressBar {
     Q_OBJECT
-    Q_PROPERTY(int Value READ Value WRITE Value)
-    Q_PROPERTY(int Maximum READ Maximum WRITE Maximum)
+    Q_PROPERTY(int Value READ value WRITE StandAt)
+    Q_PROPERTY(int Maximum READ maximum WRITE EndAt)
 
 public:
     explicit PercentBar(QWidget* parent = nullptr);
 
-    /// Steps done, 0 to `Maximum`; a value beyond either end stands at that end.
-    int Value() const { return value(); }
-
-    void Value(int steps);
+    /// Steps done, 0 to `Maximum`; a number beyond either end stands at that end.
+    void StandAt(int steps);
 
     /// Steps in all, at least 1.
-    int Maximum() const { return maximum(); }
-
-    void Maximum(int steps);
+    void EndAt(int steps);
 
     QString text() const override;
 };

@@ -1,4 +1,4 @@
-#include <controls/row_states.h>
+#include <controls/row_label.h>
 
 #include <QSignalSpy>
 #include <QTest>
@@ -20,7 +20,7 @@ protected:
             m_rows[i]->setGeometry(100 * (i / 2), 20 * (i % 2), 100, 20);
             QObject::connect(m_rows[i], &RowLabel::MouseMoved, &m_display,
                              [this, i] { HoverRows(m_rows, m_hoverRow, i); });
-            QObject::connect(m_rows[i], &RowLabel::Clicked, &m_display, [this, i] {
+            QObject::connect(m_rows[i], &RowLabel::clicked, &m_display, [this, i] {
                 m_hoverRow = i;
                 MarkClicked(m_rows, *m_rows[i]);
             });
@@ -100,7 +100,7 @@ TEST_F(Rows, AClickedRowEndsSelectedByMouseAndByKeyboardAlike) {
 }
 
 TEST_F(Rows, OnlyALeftButtonLetGoOnTheRowClicks) {
-    const QSignalSpy clicked(m_rows[0], &RowLabel::Clicked);
+    const QSignalSpy clicked(m_rows[0], &RowLabel::clicked);
     QTest::mouseClick(m_rows[0], Qt::RightButton);
     QTest::mousePress(m_rows[0], Qt::LeftButton);
     QTest::mouseRelease(m_rows[0], Qt::LeftButton, {}, {300, 5});

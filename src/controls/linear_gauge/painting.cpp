@@ -1,21 +1,36 @@
-#include "linear_gauge/painter.h"
+// How a gauge looks: its face, the bar, the pointers and the caption.
 
+#include "controls/linear_gauge.h"
 #include "controls/look.h"
 
 #include <QFontMetricsF>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRegion>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
-namespace tqx::gauge {
+namespace tqx {
 namespace {
 
+constexpr QSize HintBeyondSmallest(24, 220);
 constexpr double FocusPen = 2.0;
 constexpr double LineCasing = 4.0; // dark around a handle's line, to part it from the bar
 constexpr double ArrowSize = 5.0;
 constexpr int GripDots = 3;
+
+/// What a gauge shows besides its scale.
+struct Reading {
+    double BarOrigin;
+    double BarValue;
+    const GaugePointers& Pointers;
+    QString Unit;
+    std::optional<int> Held;    ///< in the user's hand: its value stands out, with the unit
+    std::optional<int> Focused; ///< the one that the keyboard moves
+};
 
 bool IsHeld(const Reading& reading, int pointer) {
     // A band carries both handles along, so both show where its ends are.
@@ -107,8 +122,6 @@ void DrawFlag(QPainter& painter, const GaugeGeometry& geometry, const Reading& r
     }
 }
 
-} // namespace
-
 QFont LabelFont() {
     return look::NumbersFont(look::Size::Fine);
 }
@@ -121,6 +134,7 @@ QFont CaptionFont() {
     return look::NumbersFont(look::Size::Digits, look::Strong);
 }
 
+/// The room that the texts of any gauge take, so that gauges of all scales look alike.
 GaugeTextSizes TextSizes() {
     const QFontMetricsF label(LabelFont());
     const QFontMetricsF flag(FlagFont());
@@ -129,6 +143,7 @@ GaugeTextSizes TextSizes() {
             QFontMetricsF(CaptionFont()).height()};
 }
 
+/// The face: display, scale with its labels, track.
 void DrawScale(QPainter& painter, QSize size, const GaugeGeometry& geometry) {
     painter.fillRect(QRect({}, size), QColor(look::Display));
     painter.setRenderHint(QPainter::Antialiasing);
@@ -177,6 +192,7 @@ void DrawBar(QPainter& painter, const GaugeGeometry& geometry, const Reading& re
     }
 }
 
+/// Leaves out the flags that lie clear of `dirty`, so that a moving bar does not draw their text.
 void DrawPointers(QPainter& painter, const GaugeGeometry& geometry, const Reading& reading,
                   const QRegion& dirty) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -201,6 +217,7 @@ void DrawPointers(QPainter& painter, const GaugeGeometry& geometry, const Readin
     }
 }
 
+/// The caption at the left of a field in the middle that is `characters` wide.
 void DrawCaption(QPainter& painter, const QRect& area, const QString& caption, int characters) {
     QFont font = CaptionFont();
     const int columns = std::max(characters, static_cast<int>(caption.size()));
@@ -216,6 +233,7 @@ void DrawCaption(QPainter& painter, const QRect& area, const QString& caption, i
                      Qt::AlignLeft | Qt::AlignVCenter, caption);
 }
 
+/// How many characters the widest caption on a scale has: sign, number, blank and unit.
 int CaptionCharacters(const GaugeScale& scale, int decimals, const QString& unit) {
     const auto width = [decimals](double end) {
         return GaugeNumber(end, decimals).size() + (end < 0.0 ? 0 : 1); // a blank for the plus
@@ -223,4 +241,56 @@ int CaptionCharacters(const GaugeScale& scale, int decimals, const QString& unit
     return static_cast<int>(std::max(width(scale.Min), width(scale.Max)) + 1 + unit.size());
 }
 
-} // namespace tqx::gauge
+} // namespace
+
+QSize LinearGauge::sizeHint() const {
+    return minimumSizeHint() + HintBeyondSmallest;
+}
+
+QSize LinearGauge::minimumSizeHint() const {
+    return GaugeGeometry::SmallestSize(TextSizes());
+}
+
+void LinearGauge::LayOut() {
+    m_geometry = GaugeGeometry(size(), m_scale, TextSizes());
+    m_face = QPixmap();
+    update();
+}
+
+void LinearGauge::resizeEvent(QResizeEvent*) {
+    LayOut();
+}
+
+void LinearGauge::DrawFace(QPainter& painter) {
+    const double ratio = devicePixelRatioF();
+    if (m_face.isNull() || m_face.devicePixelRatio() != ratio) {
+        m_face = QPixmap((QSizeF(size()) * ratio).toSize());
+        m_face.setDevicePixelRatio(ratio);
+        QPainter face(&m_face);
+        DrawScale(face, size(), m_geometry);
+    }
+    painter.drawPixmap(0, 0, m_face);
+}
+
+void LinearGauge::paintEvent(QPaintEvent* event) {
+    QPainter painter(this);
+    DrawFace(painter);
+    const QRect caption = m_geometry.Caption();
+    if (event->region().intersects(caption)) {
+        const int decimals = DecimalsOf(m_pointers, LowHandle);
+        DrawCaption(painter, caption, m_caption, CaptionCharacters(m_scale, decimals, m_unit));
+    }
+    if (caption.contains(event->rect())) {
+        return;
+    }
+    const Reading reading{static_cast<double>(m_barOrigin),
+                          m_barValue,
+                          m_pointers,
+                          m_unit,
+                          m_hold ? std::optional(m_hold->Pointer) : std::nullopt,
+                          hasFocus() ? PickedPointer() : std::nullopt};
+    DrawBar(painter, m_geometry, reading);
+    DrawPointers(painter, m_geometry, reading, event->region());
+}
+
+} // namespace tqx
