@@ -1,7 +1,7 @@
 #include "tour.h"
 
 #include <console/main_form.h>
-#include <simulator/simulated_board_frm.h>
+#include <simulator/board_window.h>
 
 #include <QApplication>
 #include <QCheckBox>
@@ -21,7 +21,7 @@ Tour::Tour(const QDir& directory, QString suffix)
     , m_suffix(std::move(suffix))
     , m_board({.Seed = 7716, .Now = [this] { return m_clock.Now(); }})
     , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board",
-                 [this] { return std::make_unique<SimulatedBoardFRM>(m_board); }},
+                 [this] { return std::make_unique<BoardWindow>(m_board); }},
                 m_dialogs) {}
 
 void Tour::Run() {

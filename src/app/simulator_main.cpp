@@ -1,7 +1,7 @@
 #include "app/console_program.h"
 
 #include <simulated/simulated_board.h>
-#include <simulator/simulated_board_frm.h>
+#include <simulator/board_window.h>
 
 #include <memory>
 
@@ -11,5 +11,5 @@ int main(int argc, char** argv) {
     return tqx::RunConsole(argc, argv, QStringLiteral("org.tqx7716.Simulator"),
                            {board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(),
                             QStringLiteral("Simulated board"),
-                            [&] { return std::make_unique<tqx::SimulatedBoardFRM>(board); }});
+                            [&] { return std::make_unique<tqx::BoardWindow>(board); }});
 }

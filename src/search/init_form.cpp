@@ -1,11 +1,8 @@
 #include "search/init_form.h"
 
-#include "build_rules.h"
-#include "pass_over.h"
 #include "result_rows.h"
 #include "search/main_form_door.h"
 #include "wizard_pages.h"
-#include "wizard_picture.h"
 
 #include <controls/factories.h>
 #include <controls/look.h>
@@ -120,9 +117,8 @@ void InitForm::ConnectControls() {
     });
     connect(m_finish, &QPushButton::clicked, this, &InitForm::Finish);
     connect(m_cancel, &QPushButton::clicked, this, &InitForm::Cancel);
-    connect(m_welcome->SkipCMD, &QPushButton::clicked, this, &InitForm::Skip);
-    connect(m_results->SearchResultsLIST, &QListWidget::itemDoubleClicked, m_finish,
-            &QPushButton::click);
+    connect(m_welcome->Skip, &QPushButton::clicked, this, &InitForm::Skip);
+    connect(m_results->List, &QListWidget::itemDoubleClicked, m_finish, &QPushButton::click);
 }
 
 void InitForm::Load(const OSVersionInfoFactory& osVersion) {
@@ -226,7 +222,7 @@ void InitForm::StartSearch() {
     ShowPage(ResultsAt);
     m_searching->Rewind();
     if (!m_rowAddress.empty()) {
-        m_results->SearchResultsLIST->setFocus();
+        m_results->List->setFocus();
     }
 }
 

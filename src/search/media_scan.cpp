@@ -1,6 +1,5 @@
 #include "search/media_scan.h"
 
-#include "pass_over.h"
 #include "result_rows.h"
 
 #include <device/register_addresses.h>

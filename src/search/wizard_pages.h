@@ -4,7 +4,10 @@
 
 #include <QWidget>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
+#include <string_view>
 
 class QCheckBox;
 class QLabel;
@@ -20,8 +23,22 @@ class WelcomePage : public QWidget {
 public:
     explicit WelcomePage(QWidget* parent = nullptr);
 
-    QPushButton* const SkipCMD;
+    QPushButton* const Skip;
 };
+
+/// The build number that the text of the operating system begins with; 0 where there is none.
+int BuildOf(std::string_view text);
+
+/// True on the systems on which the machine's own SMBus can be reached.
+constexpr bool BuildReachesSMBus(int build) {
+    constexpr std::array Reaching{950, 1111, 1998, 2222, 3000};
+    return std::ranges::find(Reaching, build) != Reaching.end();
+}
+
+/// True on the systems that have no USB.
+constexpr bool BuildLacksUSB(int build) {
+    return build == 950 || build == 1111;
+}
 
 /// Page 2, SeclectComsMediumPanel: which media are to be searched.
 class MediumPage : public QWidget {
@@ -39,12 +56,12 @@ public:
     void RefuseUSB();
 
 private:
-    QCheckBox* const PPCheck;
-    QCheckBox* const SMBusCheck;
-    QLabel* const SMBusSearchDescLBL;
-    QLineEdit* const SMBusBaseAddressTXT;
-    QCheckBox* const USBCheck;
-    QLabel* const USBSearchDescLBL;
+    QCheckBox* const m_printerPort;
+    QCheckBox* const m_smbus;
+    QLabel* const m_smbusAdvice;
+    QLineEdit* const m_smbusBase;
+    QCheckBox* const m_usb;
+    QLabel* const m_usbAdvice;
 };
 
 /// Page 3, SearchingPanel: how far the search has come.
@@ -59,7 +76,7 @@ public:
     void Rewind();
 
 private:
-    QProgressBar* const SearchProgress;
+    QProgressBar* const m_progress;
 };
 
 /// Page 4, SearchResultsPanel: the chips found.
@@ -76,12 +93,23 @@ public:
     int SelectedRow() const;
     QString SelectedText() const;
 
-    QListWidget* const SearchResultsLIST;
+    QListWidget* const List;
 
 private:
-    QLabel* const SearchResultsLBL;
-    QLabel* const SearchInsLBL;
-    QLabel* const SearchNotesLBL;
+    QLabel* const m_result;
+    QLabel* const m_instruction;
+    QLabel* const m_notes;
+};
+
+/// The picture at the side of the wizard: a chip on a bus. Decoration only.
+class WizardPicture : public QWidget {
+public:
+    explicit WizardPicture(QWidget* parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 
 } // namespace tqx

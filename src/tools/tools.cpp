@@ -1,6 +1,6 @@
 #include "tools/tools.h"
 
-#include "about/frm_about.h"
+#include "about/about_frm.h"
 #include "eeprom_com/eeprom_com_frm.h"
 #include "erase_eeprom/erase_eeprom_frm.h"
 #include "gpio_config/gpio_config_frm.h"
@@ -81,7 +81,7 @@ void Tools::ShowAbout(MainForm& main) {
         BringToFront(*m_about);
         return;
     }
-    ShowModal(main, m_about, std::make_unique<frmAbout>(DoorOf(main), m_sysInfoHost));
+    ShowModal(main, m_about, std::make_unique<AboutFRM>(DoorOf(main), m_sysInfoHost));
 }
 
 void Tools::ShowEraseEEPROM(MainForm& main) {

@@ -1,6 +1,6 @@
 // Every window of the program, as someone meets it who sees no screen or uses no mouse.
 
-#include "about/frm_about.h"
+#include "about/about_frm.h"
 #include "app/board_program.h"
 #include "app/control_walk.h"
 #include "eeprom_com/eeprom_com_frm.h"
@@ -10,7 +10,7 @@
 #include "register_dump/register_dump_frm.h"
 #include "shell/msg_box_frm.h"
 
-#include <simulator/simulated_board_frm.h>
+#include <simulator/board_window.h>
 #include <tools/sys_info.h>
 
 #include <QAbstractButton>
@@ -107,12 +107,12 @@ TEST_F(WindowsTest, EveryToolWindowIsForEveryHand) {
     Walk(gpio, "GPIO");
     RegisterDumpFRM dump(bench, door, dialogs);
     Walk(dump, "dump");
-    frmAbout about(door, host);
+    AboutFRM about(door, host);
     Walk(about, "about");
 }
 
 TEST_F(WindowsTest, TheSimulatedBoardsWindowIsForEveryHand) {
-    SimulatedBoardFRM window(board);
+    BoardWindow window(board);
     auto& tabs = Find<QTabWidget>(window, "BoardTab");
     for (int tab = 0; tab < tabs.count(); ++tab) {
         tabs.setCurrentIndex(tab);

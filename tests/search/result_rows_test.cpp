@@ -1,5 +1,5 @@
-#include "build_rules.h"
 #include "result_rows.h"
+#include "wizard_pages.h"
 
 #include <gtest/gtest.h>
 

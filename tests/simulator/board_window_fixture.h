@@ -2,7 +2,7 @@
 
 #include <link/link_root.h>
 #include <simulated/simulated_board.h>
-#include <simulator/simulated_board_frm.h>
+#include <simulator/board_window.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -23,7 +23,7 @@ protected:
     std::chrono::nanoseconds Time{std::chrono::minutes(10)};
     SimulatedBoard Board{{.Now = [this] { return Time; }}};
     LinkRoot Link{Board.Factory()};
-    SimulatedBoardFRM Window{Board};
+    BoardWindow Window{Board};
 
     /// Puts the tab of that page on view.
     void Open(const QString& page) {

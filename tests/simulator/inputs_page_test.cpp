@@ -1,4 +1,4 @@
-#include "input_range.h"
+#include "inputs_page.h"
 #include "simulator/board_window_fixture.h"
 
 #include <QCheckBox>

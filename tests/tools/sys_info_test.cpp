@@ -1,4 +1,4 @@
-#include "about/frm_about.h"
+#include "about/about_frm.h"
 
 #include <tools/sys_info.h>
 
@@ -141,7 +141,7 @@ TEST_F(SysInfoTest, ValuesAreReadByTheirType) {
 
 TEST_F(SysInfoTest, TheAboutBoxShowsTheVersionAndOffersTheProgram) {
     host.HasRegistry = false;
-    frmAbout about(door, host);
+    AboutFRM about(door, host);
     EXPECT_EQ(about.findChild<QLabel*>("lblVersion")->text(), "Version 3.0.0");
     about.findChild<QPushButton*>("cmdSysInfo")->click();
     EXPECT_EQ(messages.size(), 1U);

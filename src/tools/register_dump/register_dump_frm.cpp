@@ -95,7 +95,6 @@ void RegisterDumpFRM::Dump() {
     m_progress->EndAt(choice.Rows());
     if (!m_dumpPath.endsWith(FileEnding)) {
         RefuseName();
-        m_progress->StandAt(0);
         return;
     }
     Status("Dumping ...", false);

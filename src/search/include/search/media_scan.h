@@ -1,5 +1,7 @@
 #pragma once
 
+#include <link/link_error.h>
+
 #include <QString>
 #include <QStringList>
 
@@ -45,6 +47,17 @@ struct ResultRow {
     /// What tells rows of the same sentence apart; empty where nothing does.
     QString Remark;
 };
+
+/// Runs one step of a sequence that goes on whatever becomes of it. False when the link failed.
+template <typename Step>
+bool PassOver(const Step& step) {
+    try {
+        step();
+        return true;
+    } catch (const LinkError&) {
+        return false;
+    }
+}
 
 /// Looks for the chip on the media of the machine and keeps what it found until it is told to
 /// forget. It asks the link directly, since no chip is chosen yet.

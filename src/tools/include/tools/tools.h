@@ -20,7 +20,7 @@ class GPIOConfigFRM;
 class RegisterDumpFRM;
 class SystemDialogs;
 class ToolWindow;
-class frmAbout;
+class AboutFRM;
 
 /// The tool windows of the console, and their owner.
 ///
@@ -62,7 +62,7 @@ private:
     QPointer<GPIOConfigFRM> m_gpioConfig;
     QPointer<RegisterDumpFRM> m_registerDump;
     QPointer<EraseEEPROMFRM> m_eraseEEPROM;
-    QPointer<frmAbout> m_about;
+    QPointer<AboutFRM> m_about;
 };
 
 } // namespace tqx

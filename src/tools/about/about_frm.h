@@ -10,11 +10,11 @@ class SysInfoHost;
 
 /// The about box: what the program is, its version, and a way to the system's own information
 /// program.
-class frmAbout : public ToolWindow { // NOLINT(readability-identifier-naming): the form's name
+class AboutFRM : public ToolWindow {
     Q_OBJECT
 
 public:
-    frmAbout(MessageDoor door, SysInfoHost& host);
+    AboutFRM(MessageDoor door, SysInfoHost& host);
 
 private:
     void MakeLayout();

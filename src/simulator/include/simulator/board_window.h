@@ -17,12 +17,12 @@ class SimulatedBoard;
 /// It works on the board itself, never over the link, and shows how it stands a few times a second
 /// while it is on view. Closing it only puts it away; F12 in any window of the program brings it
 /// back.
-class SimulatedBoardFRM : public QWidget {
+class BoardWindow : public QWidget {
     Q_OBJECT
 
 public:
     /// The board must outlive the window.
-    explicit SimulatedBoardFRM(SimulatedBoard& board);
+    explicit BoardWindow(SimulatedBoard& board);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

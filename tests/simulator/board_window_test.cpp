@@ -9,9 +9,9 @@ namespace {
 
 constexpr std::uint8_t CompanyID = 0x16;
 
-using SimulatedBoardFRMTest = test::BoardWindowTest;
+using test::BoardWindowTest;
 
-TEST_F(SimulatedBoardFRMTest, PlugPowerAndSpeedGoToTheBoard) {
+TEST_F(BoardWindowTest, PlugPowerAndSpeedGoToTheBoard) {
     Write(0x70, 0x12);
     Open("BusPage");
     Click(Find<QCheckBox>("PluggedCHK"));
@@ -29,7 +29,7 @@ TEST_F(SimulatedBoardFRMTest, PlugPowerAndSpeedGoToTheBoard) {
     }
 }
 
-TEST_F(SimulatedBoardFRMTest, BeginsAsTheBoardStands) {
+TEST_F(BoardWindowTest, BeginsAsTheBoardStands) {
     Board.Plugged(false);
     Board.BusHertz(400000);
     Board.SlaveAddress(0x5A);
@@ -38,7 +38,7 @@ TEST_F(SimulatedBoardFRMTest, BeginsAsTheBoardStands) {
     Board.TheChip().WriteProtectPin(true);
     Board.TheChip().GPIOLevel(10, true);
     Board.TheFaults().Every(Fault::WrongPEC, 7);
-    const SimulatedBoardFRM second(Board);
+    const BoardWindow second(Board);
     for (const char* checked :
          {"SpeedOPT(2)", "ChassisCHK", "WriteProtectCHK", "GPIOHighCHK(10)"}) {
         EXPECT_TRUE(second.findChild<QAbstractButton*>(checked)->isChecked()) << checked;
@@ -50,7 +50,7 @@ TEST_F(SimulatedBoardFRMTest, BeginsAsTheBoardStands) {
     EXPECT_EQ(second.findChild<QTabWidget*>("BoardTab")->tabText(4), "Faults: 1 on");
 }
 
-TEST_F(SimulatedBoardFRMTest, ClosingPutsItAwayAndF12BringsItBack) {
+TEST_F(BoardWindowTest, ClosingPutsItAwayAndF12BringsItBack) {
     Open("BusPage");
     Window.close();
     EXPECT_FALSE(Window.isVisible());
@@ -60,7 +60,7 @@ TEST_F(SimulatedBoardFRMTest, ClosingPutsItAwayAndF12BringsItBack) {
     EXPECT_TRUE(Window.isVisible());
 }
 
-TEST_F(SimulatedBoardFRMTest, FitsBesideOtherWindowsOnASmallScreen) {
+TEST_F(BoardWindowTest, FitsBesideOtherWindowsOnASmallScreen) {
     EXPECT_LE(Window.sizeHint().width(), 470);
     EXPECT_LE(Window.sizeHint().height(), 680);
 }

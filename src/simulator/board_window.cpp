@@ -1,4 +1,4 @@
-#include "simulator/simulated_board_frm.h"
+#include "simulator/board_window.h"
 
 #include "bus_page.h"
 #include "faults_page.h"
@@ -23,7 +23,7 @@ constexpr int BackKey = Qt::Key_F12;
 
 } // namespace
 
-SimulatedBoardFRM::SimulatedBoardFRM(SimulatedBoard& board) {
+BoardWindow::BoardWindow(SimulatedBoard& board) {
     setObjectName("SimulatedBoardFRM");
     setWindowTitle("Simulated board");
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -35,12 +35,12 @@ SimulatedBoardFRM::SimulatedBoardFRM(SimulatedBoard& board) {
     layout->addWidget(m_tabs, 1);
     resize(sizeHint()); // the whole of it, where a first show would take two thirds of the screen
     m_refresh.setInterval(RefreshInterval);
-    connect(&m_refresh, &QTimer::timeout, this, &SimulatedBoardFRM::Refresh);
-    connect(m_tabs, &QTabWidget::currentChanged, this, &SimulatedBoardFRM::Refresh);
+    connect(&m_refresh, &QTimer::timeout, this, &BoardWindow::Refresh);
+    connect(m_tabs, &QTabWidget::currentChanged, this, &BoardWindow::Refresh);
     qApp->installEventFilter(this);
 }
 
-QWidget* SimulatedBoardFRM::MakeBanner() {
+QWidget* BoardWindow::MakeBanner() {
     auto* banner = new QWidget;
     auto* layout = new QVBoxLayout(banner);
     layout->setContentsMargins(look::Grid, 0, look::Grid, 0);
@@ -55,7 +55,7 @@ QWidget* SimulatedBoardFRM::MakeBanner() {
     return banner;
 }
 
-void SimulatedBoardFRM::MakePages(SimulatedBoard& board) {
+void BoardWindow::MakePages(SimulatedBoard& board) {
     m_tabs = new QTabWidget;
     m_tabs->setObjectName("BoardTab");
     m_tabs->setAccessibleName("Parts of the simulated board");
@@ -66,46 +66,46 @@ void SimulatedBoardFRM::MakePages(SimulatedBoard& board) {
     AddPage(new BusPage(board), "BusPage", "Bus");
     AddPage(m_faults = new FaultsPage(board), "FaultsPage", "Faults");
     AddPage(new TracePage(board), "TracePage", "Trace");
-    connect(m_faults, &FaultsPage::Changed, this, &SimulatedBoardFRM::ShowFaultCount);
+    connect(m_faults, &FaultsPage::Changed, this, &BoardWindow::ShowFaultCount);
     ShowFaultCount();
 }
 
-void SimulatedBoardFRM::AddPage(BoardPage* page, const QString& name, const QString& caption) {
+void BoardWindow::AddPage(BoardPage* page, const QString& name, const QString& caption) {
     page->setObjectName(name);
     m_tabs->addTab(page, caption);
 }
 
 /// Says on the tab that faults are on, so that none is forgotten.
-void SimulatedBoardFRM::ShowFaultCount() {
+void BoardWindow::ShowFaultCount() {
     const int on = m_faults->CountOn();
     m_tabs->setTabText(m_tabs->indexOf(m_faults),
                        on == 0 ? "Faults" : QStringLiteral("Faults: %1 on").arg(on));
 }
 
-void SimulatedBoardFRM::Refresh() {
+void BoardWindow::Refresh() {
     if (isVisible() && !isMinimized()) {
         static_cast<BoardPage*>(m_tabs->currentWidget())->Refresh();
     }
 }
 
-void SimulatedBoardFRM::showEvent(QShowEvent* event) {
+void BoardWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     Refresh();
     m_refresh.start();
 }
 
-void SimulatedBoardFRM::hideEvent(QHideEvent* event) {
+void BoardWindow::hideEvent(QHideEvent* event) {
     m_refresh.stop();
     QWidget::hideEvent(event);
 }
 
-void SimulatedBoardFRM::keyPressEvent(QKeyEvent* event) {
+void BoardWindow::keyPressEvent(QKeyEvent* event) {
     if (!kit::PressFocusedButton(*this, *event)) {
         QWidget::keyPressEvent(event);
     }
 }
 
-bool SimulatedBoardFRM::eventFilter(QObject* watched, QEvent* event) {
+bool BoardWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == BackKey) {
         BringToFront();
         return true;
@@ -113,7 +113,7 @@ bool SimulatedBoardFRM::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void SimulatedBoardFRM::BringToFront() {
+void BoardWindow::BringToFront() {
     showNormal();
     raise();
     activateWindow();

@@ -1,4 +1,4 @@
-#include "about/frm_about.h"
+#include "about/about_frm.h"
 
 #include "tools/sys_info.h"
 
@@ -46,14 +46,14 @@ QLabel* Picture() {
 
 } // namespace
 
-frmAbout::frmAbout(MessageDoor door, SysInfoHost& host)
+AboutFRM::AboutFRM(MessageDoor door, SysInfoHost& host)
     : ToolWindow("frmAbout", QStringLiteral("About the ") + ApplicationTitle)
     , m_door(std::move(door))
     , m_host(host) {
     MakeLayout();
 }
 
-void frmAbout::MakeLayout() {
+void AboutFRM::MakeLayout() {
     QLabel* title = kit::Label("lblTitle", ApplicationTitle);
     title->setFont(look::WordsFont(look::Size::Title, look::Strong));
     QLabel* version = kit::Heading("lblVersion", QStringLiteral("Version %1").arg(VersionText));
@@ -77,7 +77,7 @@ void frmAbout::MakeLayout() {
     });
     QPushButton* ok = kit::Button("cmdOK", "OK", "Closes this window");
     ok->setDefault(true);
-    connect(ok, &QPushButton::clicked, this, &frmAbout::close);
+    connect(ok, &QPushButton::clicked, this, &AboutFRM::close);
     auto* buttons = new QHBoxLayout;
     buttons->addWidget(sysInfo);
     buttons->addStretch();
