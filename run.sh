@@ -10,5 +10,7 @@ if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec build/release/bin/tqx7716-simulator
 fi
 echo "No display here: the guided tour drives the windows and takes their pictures."
-build/release/bin/tqx7716-tour build/tour
+for scale in 1 2; do
+    build/release/bin/tqx7716-tour build/tour $scale
+done
 echo "The pictures are in $(pwd)/build/tour"

@@ -15,6 +15,8 @@
 namespace tqx {
 namespace {
 
+using namespace std::chrono_literals;
+
 constexpr int RowFan0 = 7;
 constexpr int RowMinus12V = 17;
 constexpr int Row12V = 18;
@@ -23,14 +25,18 @@ constexpr std::uint8_t HighLimit12V = 0x46;
 constexpr std::uint8_t HighLimitMinus12V = 0x47;
 constexpr double HighLimitDraggedTo = -6; ///< V, for the negative rail
 
-/// A chart on the tour's own time, so that a minute is on view in a few seconds.
-StripClock FastClock(const TourClock& clock) {
-    const auto wall = std::chrono::system_clock::now();
+/// A morning on which the tour begins.
+constexpr std::chrono::sys_seconds TourBegin{std::chrono::sys_days{std::chrono::May / 4 / 2026} +
+                                             std::chrono::hours(9)};
+
+/// A chart on the tour's own time.
+StripClock ClockOf(const TourClock& clock) {
     return {.Steady = [&clock] { return clock.Now(); },
             .Wall =
-                [&clock, wall] {
-                    return wall + std::chrono::duration_cast<std::chrono::system_clock::duration>(
-                                      clock.Now());
+                [&clock] {
+                    return TourBegin +
+                           std::chrono::duration_cast<std::chrono::system_clock::duration>(
+                               clock.Now());
                 }};
 }
 
@@ -50,9 +56,9 @@ void TurnWheel(QWidget& widget, const QPoint& at, int notches, Qt::KeyboardModif
 } // namespace
 
 void Tour::ShowControlCentre() {
-    Find<StripChart>(Main(), "MainStripChart").Clock(FastClock(m_clock));
+    Find<StripChart>(Main(), "MainStripChart").Clock(ClockOf(m_clock));
     WithModal("MsgBoxFRM", [this](QWidget& box) {
-        Shoot(box, "initialize-question");
+        Show(box, "initialize-question");
         Click(Find(box, "OKCMD"));
     });
     Press("Go1");
@@ -61,26 +67,26 @@ void Tour::ShowControlCentre() {
     auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
     Expect(panel.isVisible(), "the control centre is on view");
     Expect(Find<QAbstractButton>(Main(), "VisStartCHK").text() == "Stop", "the monitor runs");
-    Watch(3500);
+    Watch(70s);
     Expect(gauge.Caption().endsWith(" C"), "the gauge shows a temperature");
-    Shoot(Main(), "control-centre-temperatures");
+    Show(Main(), "control-centre-temperatures");
 
     auto& tabs = Find<QTabWidget>(Main(), "BargraphTab");
     tabs.tabBar()->setFocus();
     QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
     PickRow(RowFan0);
     PickRow(2);
-    Watch(3500);
+    Watch(70s);
     Expect(gauge.Caption().endsWith(" RPM"), "the gauge shows a speed");
-    Shoot(Main(), "control-centre-fans");
+    Show(Main(), "control-centre-fans");
 
     tabs.tabBar()->setFocus();
     QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
     PickRow(Row12V);
     PickRow(1);
-    Watch(3500);
+    Watch(70s);
     Expect(gauge.Caption().endsWith(" V"), "the gauge shows a voltage");
-    Shoot(Main(), "control-centre-voltages");
+    Show(Main(), "control-centre-voltages");
 
     ShowNegativeRail();
     ShowLimitHeld();
@@ -90,7 +96,7 @@ void Tour::ShowControlCentre() {
 void Tour::ShowNegativeRail() {
     auto& gauge = Find<LinearGauge>(Main(), "limits_gauge");
     PickRow(RowMinus12V);
-    Watch(300);
+    Watch(6s);
     Expect(gauge.Caption().startsWith("-"), "the gauge shows a negative voltage");
     const std::uint8_t before = m_board.TheChip().Read(HighLimitMinus12V);
     const GaugeGeometry& geometry = gauge.Geometry();
@@ -99,7 +105,7 @@ void Tour::ShowNegativeRail() {
     QTest::mousePress(&gauge, Qt::LeftButton, {}, from);
     DragTo(gauge, (from + to) / 2);
     DragTo(gauge, to);
-    Shoot(Main(), "control-centre-handle-dragged");
+    Show(Main(), "control-centre-handle-dragged");
     QTest::mouseRelease(&gauge, Qt::LeftButton, {}, to);
     Expect(m_board.TheChip().Read(HighLimitMinus12V) < before, "the dragged limit is in the chip");
     PickRow(Row12V);
@@ -118,35 +124,34 @@ void Tour::ShowLimitHeld() {
     for (int step = 0; step < PagesBelowReading; ++step) {
         QTest::keyPress(&gauge, Qt::Key_PageDown);
     }
-    Serve(60);
-    Shoot(Main(), "control-centre-handle-held");
+    Show(Main(), "control-centre-handle-held");
     QTest::keyRelease(&gauge, Qt::Key_PageDown);
     Expect(m_board.TheChip().Read(HighLimit12V) < before, "the moved limit is in the chip");
-    WaitFor("the lamp of +12V is lit", [&] { return lamp.Value(); });
-    Watch(300);
-    Shoot(Main(), "control-centre-alarm");
+    Watch(6s);
+    Expect(lamp.Value(), "the lamp of +12V is lit");
+    Show(Main(), "control-centre-alarm");
 }
 
 void Tour::ShowChartTools() {
     auto& chart = Find<StripChart>(Main(), "MainStripChart");
-    Watch(2500); // nothing is read while a picture is saved
+    Watch(50s);
     chart.setFocus();
     QTest::keyClick(&chart, Qt::Key_Space);
     Expect(chart.Frozen(), "Space freezes the chart");
-    Shoot(Main(), "chart-frozen");
+    Show(Main(), "chart-frozen");
     const std::chrono::nanoseconds minute = chart.TimeOnView();
     const QPoint among5V(chart.width() / 2, chart.height() * 5 / 8);
     TurnWheel(chart, among5V, 4, {});
     TurnWheel(chart, among5V, 4, Qt::ControlModifier);
     Expect(chart.TimeOnView() < minute && chart.HighOnView() < chart.YHigh(), "the wheel zooms");
-    Shoot(Main(), "chart-zoomed");
+    Show(Main(), "chart-zoomed");
     TurnWheel(chart, among5V, -4, Qt::ControlModifier);
     QTest::keyClick(&chart, Qt::Key_1);
     for (int step = 0; step < 12; ++step) {
         QTest::keyClick(&chart, Qt::Key_Left);
     }
     QTest::keyClick(&chart, Qt::Key_2);
-    Shoot(Main(), "chart-cursors");
+    Show(Main(), "chart-cursors");
     QTest::keyClick(&chart, Qt::Key_Home);
     Expect(!chart.Frozen(), "Home is live again");
 }

@@ -30,7 +30,7 @@ void Tour::ShowRegisterConsole() {
         }
         const int row = RegisterOfTab.at(static_cast<std::size_t>(tab));
         Click(Find(Main(), QStringLiteral("read_writedisplaytext(%1)").arg(row)));
-        Shoot(Main(), "registers-" + tabs.tabText(tab).toLower());
+        Show(Main(), "registers-" + tabs.tabText(tab).toLower());
     }
     Expect(Find<QLabel>(Main(), "current_reg_type_label").text() == "Configuration 1",
            "the register console names the register");
@@ -39,9 +39,10 @@ void Tour::ShowRegisterConsole() {
     Expect(m_board.TheChip().Read(reg::Config1) == 0x23, "a click flips a bit of the chip");
     Enter(Find(Main(), "HexTXT"), "3");
     Expect(m_board.TheChip().Read(reg::Config1) == 0x03, "an entry goes to the chip");
+    Hold(Main(), "Timer3");
     Click(Find(Main(), "SSRibbon5"));
-    Serve(100);
-    Shoot(Main(), "registers-continuous");
+    Tick(Main(), "Timer3");
+    Show(Main(), "registers-continuous");
 }
 
 void Tour::ShowBlockPanel() {
@@ -51,11 +52,11 @@ void Tour::ShowBlockPanel() {
     QTest::keyClick(&Find<QComboBox>(Main(), "EEPROMHighByteCOMBO"), Qt::Key_Down); // 81h, erased
     Click(Find(Main(), "RandDataFillCMD"));
     Click(Find(Main(), "BlockWriteCMD"));
-    Shoot(Main(), "blocks-write");
+    Show(Main(), "blocks-write");
     Expect(Find<QLabel>(Main(), "PECStatusLBL").text() == "PEC was OK", "the write's PEC is good");
     Click(Find(Main(), "BlockReadCMD"));
     Expect(Find<QLabel>(Main(), "PECStatusLBL").text() == "PEC was OK", "the read's PEC is good");
-    Shoot(Main(), "blocks-read");
+    Show(Main(), "blocks-read");
     for (int column = 1; column <= 32; ++column) {
         Expect(Find<QLabel>(Main(), QStringLiteral("ReadDataLBL(%1)").arg(column)).text() ==
                    Find<QLineEdit>(Main(), QStringLiteral("BlockWriteTXT(%1)").arg(column)).text(),
@@ -69,17 +70,17 @@ void Tour::ShowRefusedBlocks() {
     Click(Find(Main(), "BlockReadCMD"));
     m_board.TheFaults().AllOff();
     Expect(Find<QLabel>(Main(), "PECStatusLBL").text() == "PEC Failed", "a damaged PEC is told");
-    Shoot(Main(), "blocks-pec-failed");
+    Show(Main(), "blocks-pec-failed");
 
     m_board.TheChip().Write(reg::EEPROM3, WriteProtectBit);
-    WithModal("MsgBoxFRM", [this](QWidget& box) { Shoot(box, "blocks-write-protected"); });
+    WithModal("MsgBoxFRM", [this](QWidget& box) { Show(box, "blocks-write-protected"); });
     Click(Find(Main(), "BlockWriteCMD"));
     ExpectModalDone("a write to a protected EEPROM is refused");
     m_board.TheChip().Write(reg::EEPROM3, 0);
 
     Click(Find(Main(), "UsePECCHK"));
     Enter(Find(Main(), "ByteCountTXT"), "5");
-    Shoot(Main(), "blocks-five-bytes");
+    Show(Main(), "blocks-five-bytes");
 }
 
 } // namespace tqx

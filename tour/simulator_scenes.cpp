@@ -27,13 +27,15 @@ void Tour::ShowSimulatedBoard() {
     QWidget& board = Window("SimulatedBoardFRM");
     auto& tabs = Find<QTabWidget>(board, "BoardTab");
     Expect(tabs.count() == static_cast<int>(PictureOfTab.size()), "each tab has its picture");
-    Serve(600);
+    tabs.tabBar()->setFocus();
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
+    QTest::keyClick(tabs.tabBar(), Qt::Key_Left); // a page shows the board of when it comes up
     for (int tab = 0; tab < tabs.count(); ++tab) {
         tabs.tabBar()->setFocus();
         if (tab > 0) {
             QTest::keyClick(tabs.tabBar(), Qt::Key_Right);
         }
-        Shoot(board, PictureOfTab.at(static_cast<std::size_t>(tab)));
+        Show(board, PictureOfTab.at(static_cast<std::size_t>(tab)));
     }
 
     tabs.setCurrentWidget(&Find(board, "BusPage"));

@@ -27,7 +27,7 @@ void Tour::ShowToolWindows() {
     ShowGPIOPanel();
     ShowErase();
     ShowDump();
-    WithModal("frmAbout", [this](QWidget& about) { Shoot(about, "about"); });
+    WithModal("frmAbout", [this](QWidget& about) { Show(about, "about"); });
     Press("About1");
     ExpectModalDone("the about box stood");
 }
@@ -36,14 +36,18 @@ void Tour::ShowRegisterAccess() {
     Press("RegAccess");
     QWidget& access = Window("EEPROMComFRM");
     Click(Find(access, "ReadAllCMD"));
-    Shoot(access, "register-access");
+    Show(access, "register-access");
 
     Enter(Find(access, "AddrptrTXT(0)"), "F8");
     Click(Find(access, "ADDPTRFillCMD"));
+    Hold(access, "AutoReadTimer");
     Click(Find(access, "AutoReadCHK"));
-    WaitFor("AutoRead passes the rows by whose address is no byte",
-            [&] { return Find<QLabel>(access, "ReadLBL(8)").text() == "---"; });
-    Shoot(access, "register-access-autoread");
+    for (int row = 0; row < Rows; ++row) {
+        Tick(access, "AutoReadTimer");
+    }
+    Expect(Find<QLabel>(access, "ReadLBL(8)").text() == "---",
+           "AutoRead passes the rows by whose address is no byte");
+    Show(access, "register-access-autoread");
     Click(Find(access, "AutoReadCHK"));
 
     Enter(Find(access, "AddrptrTXT(0)"), "0");
@@ -58,8 +62,8 @@ void Tour::ShowEEPROMAccess(QWidget& access) {
     Click(Find(access, "EraseEEPROMCHK"));
     QTest::keyClick(&Find(access, "EEPROMHighByteCOMBO"), Qt::Key_End);
     Click(Find(access, "RandomFillCMD"));
-    Meanwhile([&] { return Find<QProgressBar>(access, "RWAllProgress").value() > Rows / 2; },
-              [&] { Shoot(access, "register-access-writing"); });
+    Meanwhile(Find<QProgressBar>(access, "RWAllProgress"), Rows / 2 + 1,
+              [&] { Show(access, "register-access-writing"); });
     Click(Find(access, "WriteALLCMD"));
     ExpectMeanwhileDone("Write All shows its progress");
 
@@ -69,13 +73,13 @@ void Tour::ShowEEPROMAccess(QWidget& access) {
                    Find<QLineEdit>(access, Member("WriteDataTXT", row)).text(),
                QStringLiteral("row %1 reads back").arg(row));
     }
-    Shoot(access, "register-access-eeprom");
+    Show(access, "register-access-eeprom");
 }
 
 void Tour::ShowGPIOPanel() {
     Press("GPIO");
     QWidget& gpio = Window("GPIOConfigFRM");
-    Shoot(gpio, "gpio");
+    Show(gpio, "gpio");
     for (int line = 0; line < 4; ++line) {
         QTest::keyClick(&Find(gpio, Member("EnabledCOMBO", line)), Qt::Key_Up);
     }
@@ -84,28 +88,27 @@ void Tour::ShowGPIOPanel() {
     QTest::keyClick(&Find(gpio, "Polarity(1)"), Qt::Key_Up);
     Expect(m_board.TheChip().Read(reg::Config2) == 0x0F, "four fan pins are GPIO lines");
     Expect((m_board.TheChip().Read(reg::GPIOConfig1) & 0x0C) == 0x0C, "line 1 is an output, high");
-    Shoot(gpio, "gpio-lines");
+    Show(gpio, "gpio-lines");
     Click(Find(gpio, "CloseCMD"));
 }
 
 void Tour::ShowErase() {
     WithModal("EraseEEPROMFRM", [this](QWidget& erase) {
-        Shoot(erase, "erase");
+        Show(erase, "erase");
         QTest::keyClick(&Find(erase, "EEPROMHighByteCOMBO"), Qt::Key_End);
         Expect(m_board.TheChip().ReadEEPROM(Block9F) != 0xFF, "block 9F holds bytes");
         Click(Find(erase, "ErasePageCMD(0)"));
         Expect(m_board.TheChip().ReadEEPROM(Block9F) == 0xFF, "its first page is erased");
 
         auto& progress = Find<QProgressBar>(erase, "TotalProgress");
-        Meanwhile([&] { return progress.value() == 2; },
-                  [&] {
-                      Shoot(erase, "erase-running");
-                      Click(Find(erase, "StopEraseCMD"));
-                  });
+        Meanwhile(progress, 2, [&] {
+            Show(erase, "erase-running");
+            Click(Find(erase, "StopEraseCMD"));
+        });
         Click(Find(erase, "EraseAllCMD"));
         ExpectMeanwhileDone("Erase All shows its progress");
         Expect(progress.value() == 3, "a stopped block still counts");
-        Shoot(erase, "erase-stopped");
+        Show(erase, "erase-stopped");
     });
     Press("EraseEEPROM");
     ExpectModalDone("the erase window stood");
@@ -113,15 +116,14 @@ void Tour::ShowErase() {
 
 void Tour::ShowDump() {
     WithModal("RegisterDumpFRM", [this](QWidget& dump) {
-        Shoot(dump, "dump");
+        Show(dump, "dump");
         Click(Find(dump, "BrowseCMD"));
         auto& progress = Find<PercentBar>(dump, "ProgressBar1");
-        Meanwhile([&] { return progress.value() > progress.maximum() / 3; },
-                  [&] { Shoot(dump, "dump-running"); });
+        Meanwhile(progress, progress.maximum() / 3, [&] { Show(dump, "dump-running"); });
         Click(Find(dump, "DumpCMD"));
         ExpectMeanwhileDone("a dump shows its progress");
-        Expect(QFile(m_dialogs.DumpFile()).size() > 0, "the dump is in its file");
-        Shoot(dump, "dump-done");
+        Expect(QFile(TourDialogs::DumpFile()).size() > 0, "the dump is in its file");
+        Show(dump, "dump-done");
     });
     Press("Save1");
     ExpectModalDone("the dump window stood");

@@ -1,11 +1,14 @@
 #include "tour.h"
 
 #include <console/main_form.h>
+#include <controls/strip_chart.h>
 #include <simulator/board_window.h>
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QStyleHints>
 
+#include <cmath>
 #include <utility>
 
 namespace tqx {
@@ -14,15 +17,32 @@ namespace {
 constexpr int Patience = 5000;         // ms
 constexpr int ModalWatchInterval = 10; // ms
 
+/// Between two ticks of the monitor, on the board's clock.
+constexpr std::chrono::milliseconds TickStep{250};
+
 } // namespace
 
-Tour::Tour(const QDir& directory, QString suffix)
-    : m_directory(directory)
-    , m_suffix(std::move(suffix))
+void Tour::FixSurroundings() {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("HOME", "/home/engineer"); // in the folder that the dump window shows
+    qputenv("TZ", "UTC");              // along the time axis of the chart
+    for (const char* variable : {"XDG_CONFIG_HOME", "LC_ALL", "LANG", "LANGUAGE"}) {
+        qunsetenv(variable);
+    }
+}
+
+Tour::Tour(Stop stop)
+    : m_stop(std::move(stop))
     , m_board({.Seed = 7716, .Now = [this] { return m_clock.Now(); }})
     , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board",
-                 [this] { return std::make_unique<BoardWindow>(m_board); }},
-                m_dialogs) {}
+                 [this] { return std::make_unique<BoardWindow>(m_board); },
+                 [this](float seconds) {
+                     m_clock.Step(std::chrono::nanoseconds(std::lround(seconds * 1e9F)));
+                     QCoreApplication::processEvents();
+                 }},
+                m_dialogs) {
+    QGuiApplication::styleHints()->setCursorFlashTime(0);
+}
 
 void Tour::Run() {
     ShowWizard();
@@ -35,11 +55,9 @@ void Tour::Run() {
     Main().close();
 }
 
-void Tour::Shoot(QWidget& window, const QString& name) {
+void Tour::Show(QWidget& window, const QString& name) {
     QApplication::processEvents();
-    const QString file = m_directory.filePath(name + m_suffix + ".png");
-    Expect(window.grab().save(file), "the picture " + file + " was saved");
-    ++m_pictures;
+    m_stop(window, name);
 }
 
 void Tour::Expect(bool condition, const QString& what) {
@@ -50,10 +68,6 @@ void Tour::Expect(bool condition, const QString& what) {
 
 void Tour::WaitFor(const QString& what, const std::function<bool()>& condition) {
     Expect(QTest::qWaitFor(condition, Patience), what);
-}
-
-void Tour::Serve(int milliseconds) {
-    QTest::qWait(milliseconds);
 }
 
 void Tour::Click(QWidget& control) {
@@ -80,8 +94,26 @@ void Tour::PickRow(int row) {
     Click(Find(Main(), QStringLiteral("visualdisplaytext(%1)").arg(row)));
 }
 
-void Tour::Watch(int milliseconds) {
-    Serve(milliseconds);
+void Tour::Watch(std::chrono::milliseconds time) {
+    for (const auto end = m_clock.Now() + time; m_clock.Now() < end;) {
+        m_clock.Step(TickStep);
+        for (const char* timer : TimersOfMonitor) {
+            Tick(Main(), timer);
+        }
+    }
+    Find<StripChart>(Main(), "MainStripChart").DrawFrame(); // which else waits for the wall's time
+}
+
+void Tour::Hold(QWidget& window, const char* timer) {
+    Find<QTimer>(window, timer).blockSignals(true);
+}
+
+void Tour::Tick(QWidget& window, const char* timer) {
+    auto& held = Find<QTimer>(window, timer);
+    Expect(held.isActive(), QStringLiteral("%1 runs").arg(timer));
+    held.blockSignals(false);
+    QMetaObject::invokeMethod(&held, "timeout");
+    held.blockSignals(true);
 }
 
 void Tour::WithModal(const QString& windowName, std::function<void(QWidget& window)> scene) {
@@ -106,24 +138,21 @@ void Tour::ExpectModalDone(const QString& what) {
     Expect(std::exchange(m_modalDone, false), what);
 }
 
-void Tour::Meanwhile(std::function<bool()> condition, std::function<void()> scene) {
+void Tour::Meanwhile(QProgressBar& progress, int value, std::function<void()> scene) {
     m_meanwhileDone = false;
-    m_meanwhileWatch.disconnect();
-    QObject::connect(&m_meanwhileWatch, &QTimer::timeout, &m_meanwhileWatch,
-                     [this, condition = std::move(condition), scene = std::move(scene)] {
-                         if (m_meanwhileDone || !condition()) {
-                             return;
-                         }
-                         m_meanwhileWatch.stop();
-                         m_meanwhileDone = true;
-                         scene();
-                     });
-    m_meanwhileWatch.start(0);
+    const auto look = [this, value, scene = std::move(scene)](int now) {
+        if (now == value && !std::exchange(m_meanwhileDone, true)) {
+            scene();
+        }
+    };
+    // As a user's hand comes: when the step that moves it serves events.
+    m_meanwhile = QObject::connect(&progress, &QProgressBar::valueChanged, &progress, look,
+                                   Qt::QueuedConnection);
 }
 
 void Tour::ExpectMeanwhileDone(const QString& what) {
-    m_meanwhileWatch.stop();
-    Expect(std::exchange(m_meanwhileDone, false), what);
+    QObject::disconnect(m_meanwhile);
+    Expect(m_meanwhileDone, what);
 }
 
 MainForm& Tour::Main() {

@@ -2,43 +2,36 @@
 
 #include <app/application.h>
 
-#include <QProcess>
+#include <QDir>
 #include <QTextStream>
 
-namespace {
-
-constexpr const char* ScaleVariable = "QT_SCALE_FACTOR";
-
-/// The tour once more in a process of its own, since a scale holds for a whole process.
-int RunAtTwiceTheScale(const QString& program, const QString& directory) {
-    QProcess second;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(ScaleVariable, "2");
-    second.setProcessEnvironment(environment);
-    second.setProcessChannelMode(QProcess::ForwardedChannels);
-    second.start(program, {directory});
-    return second.waitForFinished(-1) && second.exitStatus() == QProcess::NormalExit
-               ? second.exitCode()
-               : 1;
-}
-
-} // namespace
-
-/// Usage: tqx7716-tour DIRECTORY
+/// Usage: tqx7716-tour DIRECTORY [SCALE]
+///
+/// Saves a picture of each view, at twice the size with SCALE 2; its name ends in "@2x" then.
 ///
 /// Exit status: 0 every step did what it should, 1 one did not, 2 no directory to write to.
 int main(int argc, char** argv) {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const bool twice = qgetenv(ScaleVariable) == "2";
+    const QString scale = argc == 3 ? argv[2] : "1"; // ahead of the application, which follows it
+    qputenv("QT_SCALE_FACTOR", scale.toUtf8());
+    tqx::Tour::FixSurroundings();
     tqx::Application application(argc, argv);
     QTextStream errors(stderr);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() != 2 || !QDir().mkpath(arguments[1])) {
-        errors << "usage: tqx7716-tour DIRECTORY\n";
+    const QDir directory(QDir().absoluteFilePath(arguments.value(1)));
+    if (arguments.size() < 2 || arguments.size() > 3 || !directory.mkpath(".")) {
+        errors << "usage: tqx7716-tour DIRECTORY [SCALE]\n";
         return 2;
     }
 
-    tqx::Tour tour(QDir(arguments[1]), twice ? "@2x" : "");
+    int pictures = 0;
+    const QString ending = scale == "1" ? ".png" : "@" + scale + "x.png";
+    tqx::Tour tour([&](QWidget& window, const QString& name) {
+        const QString file = directory.filePath(name + ending);
+        if (!window.grab().save(file)) {
+            throw tqx::TourFailure("cannot save the picture " + file);
+        }
+        ++pictures;
+    });
     application.OnLinkError = [&](const tqx::LinkError& error) {
         errors << "The link failed: " << error.what() << '\n';
         QCoreApplication::exit(1);
@@ -49,6 +42,6 @@ int main(int argc, char** argv) {
         errors << "The tour failed: " << failure.what() << '\n';
         return 1;
     }
-    QTextStream(stdout) << tour.Pictures() << " pictures at " << (twice ? "2x" : "1x") << '\n';
-    return twice ? 0 : RunAtTwiceTheScale(QApplication::applicationFilePath(), arguments[1]);
+    QTextStream(stdout) << pictures << " pictures at " << scale << "x\n";
+    return 0;
 }

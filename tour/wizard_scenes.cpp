@@ -13,19 +13,19 @@ void Tour::ShowWizard() {
     m_program.Start();
     InitForm& wizard = *m_program.Wizard();
     WaitFor("the wizard is on view", [&] { return wizard.isVisible(); });
-    Shoot(wizard, "wizard-welcome");
+    Show(wizard, "wizard-welcome");
 
     Click(Find(wizard, "NextCMD"));
     Expect(wizard.CurrentPage() == 2, "Next leads to the choice of the medium");
     QTest::keyClick(&Find(wizard, "SMBusCheck"), Qt::Key_Space);
-    Shoot(wizard, "wizard-media");
+    Show(wizard, "wizard-media");
 
     Click(Find(wizard, "NextCMD"));
     Expect(wizard.CurrentPage() == 4, "the search ends on the results");
     auto& list = Find<QListWidget>(wizard, "SearchResultsLIST");
     Expect(list.count() == 2, "the chip is found on both media");
     Expect(list.item(0)->text().endsWith("Printer 1"), "the first row is the printer port's");
-    Shoot(wizard, "wizard-results");
+    Show(wizard, "wizard-results");
 
     Click(Find(wizard, "FinishCMD"));
     WaitFor("Finish shows the main window", [&] { return Main().isVisible(); });
@@ -34,8 +34,11 @@ void Tour::ShowWizard() {
 
 void Tour::ShowWelcome() {
     Main().resize(1120, 720);
+    for (const char* timer : TimersOfMonitor) {
+        Hold(Main(), timer);
+    }
     Expect(Find(Main(), "MainPanel").isVisible(), "the welcome page is on view");
-    Shoot(Main(), "welcome");
+    Show(Main(), "welcome");
 }
 
 } // namespace tqx

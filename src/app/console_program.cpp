@@ -38,7 +38,7 @@ ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
     : m_note(std::move(board.Note))
     , m_dialogs(dialogs)
     , m_bench(std::move(board.Link))
-    , m_tools(dialogs)
+    , m_tools(dialogs, std::move(board.Pause))
     , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs,
                                           static_cast<MainFormDoor&>(*this)))
     , m_boardWindow(board.Window ? board.Window() : nullptr) {}

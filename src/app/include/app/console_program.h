@@ -27,6 +27,8 @@ struct BoardChoice {
     QString Note;
     /// Makes a window of the board's own, which stands beside the wizard; empty: there is none.
     std::function<std::unique_ptr<QWidget>()> Window = nullptr;
+    /// Makes the pauses of the long bus sequences.
+    Waiter Pause = &Wait;
 };
 
 /// Where two windows stand: the places of their frames.
