@@ -118,7 +118,7 @@ def digest(program):
 
 
 def set_up():
-    """A clone of the last commit, built; the test programs and how long each takes."""
+    """A clone of the last commit, ready to be built. The test programs."""
     SCRATCH.mkdir(parents=True, exist_ok=True)
     if not TREE.exists():
         subprocess.run(["git", "clone", "-q", ROOT, TREE], check=True)
@@ -131,25 +131,29 @@ def set_up():
     subprocess.run(["cmake", "-S", TREE, "-B", BUILD, "-G", "Ninja",
                     *(f"-D{name}={value}" for name, value in options.items())],
                    check=True, stdout=subprocess.DEVNULL)
-    programs = {name + "_tests": None for name in re.findall(
-        r"tqx_test\((\w+)_tests", "".join(p.read_text() for p in TREE.glob("tests/*/CMakeLists.txt")))
-        if name not in LEFT_OUT}
-    if not build(*programs):
-        sys.exit("The tree does not build.")
-    for program in programs:
-        begin = time.monotonic()
-        if not run(program, 10 * PATIENCE):
-            sys.exit(f"{program} fails by itself.")
-        programs[program] = (digest(program), PATIENCE + 5 * (time.monotonic() - begin))
-    return programs
+    declared = "".join(lists.read_text() for lists in TREE.glob("tests/*/CMakeLists.txt"))
+    return [f"{name}_tests" for name in re.findall(r"tqx_test\((\w+)_tests", declared)
+            if name not in LEFT_OUT]
 
 
-def judge(library, programs):
-    """The program that finds the fault that is in the tree, "" for none; None: it does not build."""
-    for program in sorted(programs, key=lambda name: (name != library + "_tests", name == "app_tests")):
+def judge(path, before, after, programs, known):
+    """The program that finds the fault, "" where none does. None: it does not build.
+
+    `known` is what a program is without a fault and how long it may take, found out at first need.
+    """
+    nearest = path.relative_to(TREE).parts[1] + "_tests"
+    for program in sorted(programs, key=lambda name: (name != nearest, name == "app_tests")):
+        if program not in known:
+            path.write_text(before)
+            good = build(program)
+            begin = time.monotonic()
+            if not good or not run(program, 10 * PATIENCE):
+                sys.exit(f"{program} fails without a fault.")
+            known[program] = (digest(program), PATIENCE + 5 * (time.monotonic() - begin))
+        path.write_text(after)
         if not build(program):
             return None
-        untouched, patience = programs[program]
+        untouched, patience = known[program]
         if digest(program) != untouched and not run(program, patience):
             return program
     return ""
@@ -166,6 +170,7 @@ def main():
     programs = set_up()
     faults = listed(asked.list) if asked.list else draw(random.Random(asked.seed),
                                                         asked.only.split(","))
+    known = {}
     sums = collections.defaultdict(lambda: [0, 0])
     with open(SCRATCH / "results.tsv", "w", encoding="utf-8") as results:
         for path, number, kind, line, spoilt in faults:
@@ -175,15 +180,14 @@ def main():
                 print(f"gone      {path.relative_to(TREE)}:{number} {line.strip()}", flush=True)
                 continue
             lines[number - 1] = spoilt
-            path.write_text("\n".join(lines))
-            library = path.relative_to(TREE).parts[1]
             try:
-                by = judge(library, programs)
+                by = judge(path, before, "\n".join(lines), programs, known)
             finally:
                 path.write_text(before)
             if by is None:
                 continue
             verdict = "found" if by else "survived"
+            library = path.relative_to(TREE).parts[1]
             sums[library][0] += bool(by)
             sums[library][1] += 1
             place = f"{path.relative_to(TREE)}:{number}"
