@@ -3,7 +3,7 @@
 #include "fuzz/fuzz_bytes.h"
 #include "register_dump/dump_place.h"
 
-#include <tools/dump_format.h>
+#include <jobs/dump_format.h>
 
 #include <QStandardPaths>
 

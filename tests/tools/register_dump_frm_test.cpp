@@ -1,6 +1,6 @@
 #include "register_dump/register_dump_frm.h"
 #include "support/answered_dialogs.h"
-#include "tools/dump_sample.h"
+#include "support/dump_sample.h"
 #include "tools/tool_fixture.h"
 
 #include <controls/percent_bar.h>

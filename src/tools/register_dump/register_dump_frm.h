@@ -1,10 +1,9 @@
 #pragma once
 
-#include "register_dump/register_dump.h"
 #include "tool_window.h"
-#include "tools/dump_format.h"
 
 #include <console/message_door.h>
+#include <jobs/register_dump.h>
 
 #include <functional>
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "tools/dump_format.h"
 #include "tools/sys_info.h"
 #include "tools/wait.h"
 
 #include <console/tool_windows.h>
+#include <jobs/dump_format.h>
 
 #include <QObject>
 #include <QPointer>

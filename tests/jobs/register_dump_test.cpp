@@ -1,6 +1,7 @@
-#include "register_dump/register_dump.h"
-#include "tools/dump_sample.h"
+#include "support/dump_sample.h"
 #include "tools/tool_fixture.h"
+
+#include <jobs/register_dump.h>
 
 #include <QFile>
 #include <QTemporaryDir>

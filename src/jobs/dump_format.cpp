@@ -1,4 +1,4 @@
-#include "tools/dump_format.h"
+#include "jobs/dump_format.h"
 
 #include <ctime>
 #include <iomanip>

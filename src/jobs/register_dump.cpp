@@ -1,6 +1,6 @@
-#include "register_dump/register_dump.h"
+#include "jobs/register_dump.h"
 
-#include "register_dump/dump_file.h"
+#include "appended_file.h"
 
 #include <device/eeprom_map.h>
 #include <link/link_error.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tools/dump_format.h"
+#include "jobs/dump_format.h"
 
 #include <link/link_root.h>
 

@@ -1,4 +1,4 @@
-#include "register_dump/dump_file.h"
+#include "appended_file.h"
 
 namespace tqx {
 
