@@ -12,6 +12,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <csignal>
 #include <utility>
 
 namespace tqx {
@@ -119,6 +120,7 @@ void ConsoleProgram::EndApplication() {
 }
 
 int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice board) {
+    std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is an error that is told
     Application application(argc, argv);
     QApplication::setDesktopFileName(desktopId);
     QApplication::setWindowIcon(QIcon(":/icons/" + desktopId + ".svg"));

@@ -12,7 +12,7 @@ constexpr int RegisterCount = 256;
 constexpr int RAMRows = RegisterCount / dump::RowSize;
 constexpr int EEPROMRows = eeprom::BlockCount * eeprom::BlockSize / dump::RowSize;
 
-void WriteBlankLines(DumpFile& file) {
+void WriteBlankLines(AppendedFile& file) {
     for (int line = 0; line < dump::BlankLines; ++line) {
         file.Write(dump::BlankLine);
     }
@@ -27,12 +27,16 @@ int DumpChoice::Rows() const {
 RegisterDump::RegisterDump(LinkRoot& link, DumpDoor& door)
     : m_link(link)
     , m_door(door) {
-    Try([this] { m_dumpAddress = m_link->PrinterPortLink().BoardBus().SlaveAddress(); });
+    std::uint8_t address = 0;
+    Try([&] { address = m_link->PrinterPortLink().BoardBus().SlaveAddress(); });
+    ReadRegister = [this, address](std::uint8_t reg) {
+        return m_link->PrinterPortLink().BoardBus().ReadByte(address, reg);
+    };
 }
 
-DumpOutcome RegisterDump::Run(DumpChoice choice, const QString& place) {
+DumpOutcome RegisterDump::Run(DumpChoice choice, const std::string& place) {
     Try([this] { m_link->PrinterPortLink().BurstMode(true); });
-    DumpFile file(place);
+    AppendedFile file(place);
     m_outcome.Finished = (!choice.RAM || DumpRAM(file)) && (!choice.EEPROM || DumpEEPROM(file));
     if (!m_outcome.Finished) {
         file.Write(dump::Terminated(Clock()));
@@ -45,14 +49,12 @@ DumpOutcome RegisterDump::Run(DumpChoice choice, const QString& place) {
     return m_outcome;
 }
 
-bool RegisterDump::DumpRAM(DumpFile& file) {
+bool RegisterDump::DumpRAM(AppendedFile& file) {
     const DumpStamp stamp = Clock();
     file.Write(dump::RAMStart(stamp));
     for (int address = 0; address < RegisterCount; address += dump::RowSize) {
-        const RowBytes bytes = ReadRow([&](int k) {
-            return m_link->PrinterPortLink().BoardBus().ReadByte(
-                m_dumpAddress, static_cast<std::uint8_t>(address + k));
-        });
+        const RowBytes bytes =
+            ReadRow([&](int k) { return ReadRegister(static_cast<std::uint8_t>(address + k)); });
         if (!WriteRow(file, dump::RAMRow(static_cast<std::uint8_t>(address), bytes))) {
             return false;
         }
@@ -63,7 +65,7 @@ bool RegisterDump::DumpRAM(DumpFile& file) {
     return true;
 }
 
-bool RegisterDump::DumpEEPROM(DumpFile& file) {
+bool RegisterDump::DumpEEPROM(AppendedFile& file) {
     const DumpStamp stamp = Clock();
     file.Write(dump::EEPROMStart(stamp));
     for (int block = eeprom::FirstHighByte; block <= eeprom::LastHighByte; ++block) {
@@ -84,7 +86,7 @@ bool RegisterDump::DumpEEPROM(DumpFile& file) {
     return true;
 }
 
-bool RegisterDump::WriteRow(DumpFile& file, const std::string& row) {
+bool RegisterDump::WriteRow(AppendedFile& file, const std::string& row) {
     if (m_door.StopRequested()) {
         return false;
     }
@@ -111,8 +113,8 @@ bool RegisterDump::Try(Call call) {
         call();
         return true;
     } catch (const LinkError& error) {
-        if (m_outcome.LinkFailure.isEmpty()) {
-            m_outcome.LinkFailure = QString::fromUtf8(error.what());
+        if (m_outcome.LinkFailure.empty()) {
+            m_outcome.LinkFailure = error.what();
         }
         return false;
     }

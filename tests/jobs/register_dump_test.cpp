@@ -1,25 +1,31 @@
 #include "support/dump_sample.h"
-#include "tools/tool_fixture.h"
+#include "support/recorded_bench.h"
+#include "support/temporary_folder.h"
 
 #include <jobs/register_dump.h>
 
-#include <QFile>
-#include <QTemporaryDir>
+#include <filesystem>
+#include <gtest/gtest.h>
 
 namespace tqx {
 namespace {
 
 /// Dumps of a recorded chip whose bytes follow a rule.
-class RegisterDumpTest : public test::ToolFixture, protected DumpDoor {
+class RegisterDumpTest : public testing::Test, protected DumpDoor {
 protected:
-    QTemporaryDir folder;
-    QString place = folder.filePath("dump.txt");
+    test::RecordedBench recorded;
+    tqx::Bench& bench = recorded.Bench;
+    test::RecordingLink& link = recorded.Link;
+    test::TemporaryFolder folder;
+    std::string place = folder.Path("dump.txt");
     int rows = 0;
     int served = 0;
     int stopAfterRows = -1;
+    int removeAfterRows = -1;
     int stamps = 0;
 
     void SetUp() override {
+        link.SlaveAddress(0x58);
         for (int i = 0; i < 256; ++i) {
             link.Registers[static_cast<std::size_t>(i)] = RAMByte(i);
         }
@@ -35,7 +41,11 @@ protected:
         return static_cast<std::uint8_t>(high * 11 + low * 3);
     }
 
-    void RowWritten() override { ++rows; }
+    void RowWritten() override {
+        if (++rows == removeAfterRows) {
+            std::filesystem::remove(place);
+        }
+    }
 
     void ServeEvents() override { ++served; }
 
@@ -51,11 +61,7 @@ protected:
         return dump.Run(choice, place);
     }
 
-    std::string Written() const {
-        QFile file(place);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll().toStdString();
-    }
+    std::string Written() const { return test::ContentOf(place); }
 };
 
 TEST_F(RegisterDumpTest, TwoDumpsStandOneBehindTheOtherWithTheirOwnTimes) {
@@ -100,16 +106,19 @@ TEST_F(RegisterDumpTest, ReadsTheBoardOfThatMomentInOneBurst) {
 }
 
 TEST_F(RegisterDumpTest, AFileThatCannotBeWrittenStopsNothing) {
-    const QString fullDisk = folder.filePath("full.txt");
-    ASSERT_TRUE(QFile::link("/dev/full", fullDisk));
-    for (const QString& file : {folder.filePath("not there/dump.txt"), fullDisk}) {
-        place = file;
-        const DumpOutcome outcome = Dump({});
-        EXPECT_TRUE(outcome.Finished);
-        EXPECT_FALSE(outcome.ReachedDisk);
-        EXPECT_FALSE(outcome.FileFailure.isEmpty());
-        EXPECT_EQ(rows, 1056);
-    }
+    place = folder.Path("not there/dump.txt");
+    const DumpOutcome outcome = Dump({});
+    EXPECT_TRUE(outcome.Finished);
+    EXPECT_FALSE(outcome.ReachedDisk);
+    EXPECT_EQ(outcome.FileFailure, "No such file or directory");
+    EXPECT_EQ(rows, 1056);
+}
+
+TEST_F(RegisterDumpTest, AFileThatVanishesMeanwhileIsTold) {
+    removeAfterRows = 5;
+    const DumpOutcome outcome = Dump({});
+    EXPECT_FALSE(outcome.ReachedDisk);
+    EXPECT_EQ(outcome.FileFailure, "it was removed or moved away meanwhile");
 }
 
 TEST_F(RegisterDumpTest, AFailedReadStandsAsFFAndIsCounted) {
@@ -118,7 +127,7 @@ TEST_F(RegisterDumpTest, AFailedReadStandsAsFFAndIsCounted) {
     const DumpOutcome outcome = Dump({.RAM = true, .EEPROM = false});
     EXPECT_TRUE(outcome.Finished);
     EXPECT_EQ(outcome.FailedReads, 16);
-    EXPECT_TRUE(outcome.LinkFailure.contains("the link failed"));
+    EXPECT_TRUE(outcome.LinkFailure.find("the link failed") != std::string::npos);
     EXPECT_EQ(Written(), test::ExpectedRAMBlock("T1", "D1", [](int address) {
                   return address >= 0x10 && address <= 0x1F ? std::uint8_t{0xFF} : RAMByte(address);
               }));

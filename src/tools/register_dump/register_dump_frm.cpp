@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
@@ -100,7 +101,7 @@ void RegisterDumpFRM::Dump() {
     Status("Dumping ...", false);
     MakeDocumentsFolder(m_dumpPath);
     const QString place = PlaceOfDump(m_dumpPath);
-    const DumpOutcome outcome = dump.Run(choice, place);
+    const DumpOutcome outcome = dump.Run(choice, QFile::encodeName(place).toStdString());
     if (outcome.Finished) {
         m_progress->StandAt(0);
     }
@@ -135,19 +136,20 @@ void RegisterDumpFRM::Status(const QString& text, bool bad) {
 
 void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& place) {
     QString text;
-    if (outcome.FileFailure.isEmpty()) {
+    if (outcome.FileFailure.empty()) {
         text = QString(outcome.Finished ? "Dump added to %1." : "Dump stopped; see the end of %1.")
                    .arg(place);
     } else {
         text = QString(outcome.ReachedDisk ? "Only a part of the dump reached the disk: %1: %2."
                                            : "Nothing reached the disk: %1: %2.")
-                   .arg(place, outcome.FileFailure);
+                   .arg(place, QString::fromStdString(outcome.FileFailure));
     }
     if (outcome.FailedReads > 0) {
         text += QStringLiteral(" %1 bytes could not be read and stand as FF: %2.")
-                    .arg(QString::number(outcome.FailedReads), outcome.LinkFailure);
+                    .arg(QString::number(outcome.FailedReads),
+                         QString::fromStdString(outcome.LinkFailure));
     }
-    Status(text, !outcome.FileFailure.isEmpty() || outcome.FailedReads > 0);
+    Status(text, !outcome.FileFailure.empty() || outcome.FailedReads > 0);
 }
 
 void RegisterDumpFRM::RowWritten() {

@@ -4,8 +4,6 @@
 
 #include <link/link_root.h>
 
-#include <QString>
-
 #include <array>
 #include <cstdint>
 #include <functional>
@@ -13,7 +11,7 @@
 
 namespace tqx {
 
-class DumpFile;
+class AppendedFile;
 
 /// What a dump asks of the window that runs it.
 class DumpDoor {
@@ -41,12 +39,12 @@ struct DumpOutcome {
     /// False when it was stopped; the file then ends with the record of the stop.
     bool Finished = true;
     /// Why not everything reached the disk, in the system's words; empty when it did.
-    QString FileFailure;
+    std::string FileFailure;
     /// Some of the dump reached the disk, if not all.
     bool ReachedDisk = false;
     /// Bytes that could not be read, and what the first failed link call said.
     int FailedReads = 0;
-    QString LinkFailure;
+    std::string LinkFailure;
 };
 
 /// Writes all registers and the whole EEPROM of one chip into a file, over the printer port,
@@ -60,17 +58,20 @@ public:
     RegisterDump(LinkRoot& link, DumpDoor& door);
 
     /// Appends to the file at `place` and closes it.
-    DumpOutcome Run(DumpChoice choice, const QString& place);
+    DumpOutcome Run(DumpChoice choice, const std::string& place);
 
     /// Gives the times of the headings; the wall clock unless it is replaced.
     std::function<DumpStamp()> Clock = &DumpStamp::Now;
 
+    /// Reads one register; over the printer port unless it is replaced.
+    std::function<std::uint8_t(std::uint8_t reg)> ReadRegister;
+
 private:
     using RowBytes = std::array<std::uint8_t, dump::RowSize>;
 
-    bool DumpRAM(DumpFile& file);
-    bool DumpEEPROM(DumpFile& file);
-    bool WriteRow(DumpFile& file, const std::string& row);
+    bool DumpRAM(AppendedFile& file);
+    bool DumpEEPROM(AppendedFile& file);
+    bool WriteRow(AppendedFile& file, const std::string& row);
     template <class Read>
     RowBytes ReadRow(Read read);
     template <class Call>
@@ -79,7 +80,6 @@ private:
     LinkRoot& m_link;
     DumpDoor& m_door;
     DumpOutcome m_outcome;
-    std::uint8_t m_dumpAddress = 0;
 };
 
 } // namespace tqx
