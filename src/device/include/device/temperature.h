@@ -16,6 +16,9 @@ public:
     std::int16_t MinAddressPointer = 0;
     std::int16_t ValueAddressPointer = 0;
 
+    /// Whole degrees Celsius of a byte in sign and magnitude.
+    static std::int16_t RawToDegrees(std::uint8_t raw);
+
     /// Whole degrees Celsius now.
     std::int16_t Value();
 
@@ -32,7 +35,6 @@ public:
     /// @}
 
 private:
-    static std::int16_t RawToDegrees(std::uint8_t raw);
     static std::uint8_t DegreesToRaw(std::int16_t degrees);
 
     LinkNewComPort& m_bus;

@@ -21,6 +21,9 @@ public:
     /// reads as this value, since 0 reads as 1.
     float MinVoltage = 0;
 
+    /// Volts of a count, which are not rounded. A count of 0 reads as 1.
+    float RawToVolts(float raw) const;
+
     /// Volts now, rounded to three decimals.
     float Value();
 
@@ -38,7 +41,6 @@ public:
     /// @}
 
 private:
-    float RawToVolts(float raw) const;
     float VoltsToRaw(float volts) const;
     float ReadVolts(std::int16_t address);
     void WriteVolts(std::int16_t address, float volts);
