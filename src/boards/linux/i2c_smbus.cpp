@@ -34,11 +34,19 @@ LinkError AdapterGone(const Adapter& adapter) {
 
 } // namespace
 
-I2CSMBus::I2CSMBus(KernelFace& kernel)
-    : m_kernel(kernel) {}
+I2CSMBus::I2CSMBus(KernelFace& kernel, std::optional<int> only)
+    : m_kernel(kernel)
+    , m_only(only) {}
+
+std::vector<Adapter> I2CSMBus::Adapters() {
+    std::vector<Adapter> adapters = FindAdapters(m_kernel);
+    std::erase_if(adapters,
+                  [this](const Adapter& each) { return m_only && each.Number != *m_only; });
+    return adapters;
+}
 
 std::uint32_t I2CSMBus::BaseAddress() {
-    const std::vector<Adapter> adapters = FindAdapters(m_kernel);
+    const std::vector<Adapter> adapters = Adapters();
     return adapters.empty() ? 0 : BaseAddressOf(m_kernel, adapters.front());
 }
 
@@ -91,7 +99,7 @@ std::uint8_t I2CSMBus::Identify(std::uint8_t address) {
 /// Looks for a chip on every adapter but `home`, which was asked. Adapters that fail are passed
 /// over: they may be anything, and nobody has said that the chip is there.
 bool I2CSMBus::FindElsewhere(std::uint8_t address, const Adapter& home) {
-    for (Adapter& adapter : FindAdapters(m_kernel)) {
+    for (Adapter& adapter : Adapters()) {
         try {
             if (adapter != home && On(adapter).ReadByte(address, IdentityRegister) == Identity) {
                 m_found.insert_or_assign(address, adapter);
@@ -117,7 +125,7 @@ Adapter* I2CSMBus::HomeOf(std::uint8_t address) {
         return &found->second;
     }
     if (!m_first) {
-        const std::vector<Adapter> adapters = FindAdapters(m_kernel);
+        const std::vector<Adapter> adapters = Adapters();
         if (!adapters.empty()) {
             m_first = adapters.front();
         }
@@ -139,7 +147,7 @@ I2CBus& I2CSMBus::On(Adapter& adapter) {
         return *m_bus;
     }
     if (!IsThere(m_kernel, adapter)) {
-        const std::vector<Adapter> adapters = FindAdapters(m_kernel);
+        const std::vector<Adapter> adapters = Adapters();
         const auto again = std::ranges::find(adapters, adapter.Name, &Adapter::Name);
         if (again == adapters.end()) {
             m_bus.reset();

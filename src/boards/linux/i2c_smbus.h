@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <vector>
 
 namespace tqx {
 
@@ -25,7 +26,8 @@ namespace tqx {
 /// adapter; a write to it goes nowhere.
 class I2CSMBus : public SMBusLink {
 public:
-    explicit I2CSMBus(KernelFace& kernel);
+    /// `only`: the number of the one adapter that is looked at; empty: all of them.
+    explicit I2CSMBus(KernelFace& kernel, std::optional<int> only = {});
 
     std::uint8_t SlaveAddress() override { return m_slaveAddress; }
 
@@ -38,6 +40,7 @@ public:
     void WriteByte(std::uint8_t address, std::uint8_t reg, std::uint8_t value) override;
 
 private:
+    std::vector<Adapter> Adapters();
     std::uint8_t Identify(std::uint8_t address);
     bool FindElsewhere(std::uint8_t address, const Adapter& home);
     bool FindAtOtherAddress(std::uint8_t address);
@@ -46,6 +49,7 @@ private:
     I2CBus& On(Adapter& adapter);
 
     KernelFace& m_kernel;
+    std::optional<int> m_only;
     std::uint8_t m_slaveAddress = 0;
     /// Where a chip was found, by its address.
     std::map<std::uint8_t, Adapter> m_found;

@@ -24,8 +24,12 @@ LinkFactory LinuxBoard::Factory() {
     return [this](const LinkSetup& setup) {
         return std::make_unique<PartsLinkServer>(
             std::make_unique<PortLink>(FindPrinterPorts(*m_kernel), setup),
-            std::make_unique<I2CSMBus>(*m_kernel));
+            std::make_unique<I2CSMBus>(*m_kernel, m_onlyAdapter));
     };
+}
+
+std::vector<int> LinuxBoard::PrinterPortNumbers() const {
+    return tqx::PrinterPortNumbers(*m_kernel);
 }
 
 std::function<std::unique_ptr<OSVersionInfo>()> LinuxBoard::OSVersionInfoFactory() {

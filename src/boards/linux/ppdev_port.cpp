@@ -215,7 +215,7 @@ unsigned long PpdevPort::Expect(const KernelAnswer& answer, const char* action) 
     throw Failure("cannot " + std::string(action) + " " + m_node, PortErrors(), answer.Error);
 }
 
-std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel) {
+std::vector<int> PrinterPortNumbers(KernelFace& kernel) {
     std::vector<int> numbers;
     for (const std::string& entry : kernel.List(std::string(PortsFolder))) {
         if (const auto number = NumberAfter("parport", entry)) {
@@ -223,8 +223,12 @@ std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel) 
         }
     }
     std::ranges::sort(numbers);
+    return numbers;
+}
+
+std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel) {
     std::vector<std::unique_ptr<ParallelPort>> ports;
-    for (const int number : numbers) {
+    for (const int number : PrinterPortNumbers(kernel)) {
         const std::string name = "parport" + std::to_string(number);
         const auto text = ReadSmallFile(kernel, FolderOf(name) + "/base-addr").value_or("");
         const std::uint16_t baseAddress = BaseAddressIn(text);

@@ -69,7 +69,10 @@ private:
     std::chrono::steady_clock::time_point m_clockFell;
 };
 
-/// The printer ports that the kernel has, by number.
+/// The numbers of the printer ports that the kernel has, in rising order.
+std::vector<int> PrinterPortNumbers(KernelFace& kernel);
+
+/// The ports themselves, in that order.
 std::vector<std::unique_ptr<ParallelPort>> FindPrinterPorts(KernelFace& kernel);
 
 } // namespace tqx

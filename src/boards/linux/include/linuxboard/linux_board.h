@@ -7,6 +7,8 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace tqx {
 
@@ -30,7 +32,15 @@ public:
     /// Makes the facts of the operating system. The board must outlive them.
     std::function<std::unique_ptr<OSVersionInfo>()> OSVersionInfoFactory();
 
+    /// The numbers of the kernel's printer ports, in the order of the link's port indices: 0 stands
+    /// for /dev/parport0.
+    std::vector<int> PrinterPortNumbers() const;
+
+    /// Links that are made from now on know this adapter alone: 1 for /dev/i2c-1.
+    void OnlyAdapter(int number) { m_onlyAdapter = number; }
+
 private:
+    std::optional<int> m_onlyAdapter;
     std::unique_ptr<KernelFace> m_kernel;
 };
 
