@@ -1,5 +1,7 @@
 #include "jobs/dump_format.h"
 
+#include "jobs/numbers.h"
+
 #include <ctime>
 #include <iomanip>
 #include <locale>
@@ -12,15 +14,6 @@ namespace {
 constexpr std::string_view LineEnd = "\r\n";
 constexpr std::string_view RAMSeparator = "\t";
 constexpr std::string_view EEPROMSeparator = "    \t";
-
-std::string Hex(unsigned byte) {
-    constexpr std::string_view digits = "0123456789ABCDEF";
-    std::string text;
-    if (byte > 0xF) {
-        text += digits[byte >> 4U & 0xFU];
-    }
-    return text += digits[byte & 0xFU];
-}
 
 /// The text, the time and the date, with what stands between them in every heading.
 std::string Stamped(std::string_view text, const DumpStamp& stamp, std::string_view stars) {
@@ -35,7 +28,9 @@ std::string RowOf(std::string_view prefix, std::uint8_t address, dump::Row bytes
     std::string line = "\r";
     for (std::size_t k = 0; k < bytes.size(); ++k) {
         line.append(k == 0 ? "" : separator).append(prefix);
-        line.append(Hex(address + static_cast<unsigned>(k))).append(":").append(Hex(bytes[k]));
+        line.append(HexText(address + static_cast<unsigned>(k)))
+            .append(":")
+            .append(HexText(bytes[k]));
     }
     return line.append(LineEnd);
 }
@@ -83,7 +78,7 @@ std::string EEPROMStart(const DumpStamp& stamp) {
 }
 
 std::string EEPROMRow(std::uint8_t high, std::uint8_t low, Row bytes) {
-    return RowOf(Hex(high) + ",", low, bytes, EEPROMSeparator);
+    return RowOf(HexText(high) + ",", low, bytes, EEPROMSeparator);
 }
 
 std::string EEPROMEnd(const DumpStamp& stamp) {

@@ -1,44 +1,17 @@
 #pragma once
 
+#include <jobs/chip_scan.h>
 #include <link/link_error.h>
 
 #include <QString>
 #include <QStringList>
 
-#include <array>
 #include <cstdint>
-#include <functional>
 #include <vector>
 
 namespace tqx {
 
 class LinkRoot;
-
-/// The media that the user wants searched.
-struct SearchMedia {
-    bool PrinterPort = false;
-    bool SMBus = false;
-    bool USB = false;
-
-    int Count() const { return int{PrinterPort} + int{SMBus} + int{USB}; }
-};
-
-/// Where the scan tells how far it has come. Neither may serve events.
-struct ScanProgress {
-    /// The length of the whole way; comes once, before the first step.
-    std::function<void(int max)> Max;
-    /// Another step of this length; the way may end before the steps do, or after.
-    std::function<void(int step)> Step;
-};
-
-/// A chip that answered on a printer port.
-struct PrinterPortFind {
-    /// In 8-bit form.
-    std::uint8_t Address;
-    std::uint8_t PortIndex;
-    /// The wiring in which it answered.
-    bool BoardMode;
-};
 
 /// A row of the result list and the address that goes with it, in the form of its medium.
 struct ResultRow {
@@ -59,17 +32,13 @@ bool PassOver(const Step& step) {
     }
 }
 
-/// Looks for the chip on the media of the machine and keeps what it found until it is told to
-/// forget. It asks the link directly, since no chip is chosen yet.
+/// The search of the wizard: what the scan finds, as rows for the user, and what is to be said
+/// beside them.
 class MediaScan {
 public:
     explicit MediaScan(LinkRoot& link);
 
-    /// The chip's three bus addresses in 8-bit form.
-    static constexpr std::array<std::uint8_t, 3> SlaveAddressCandidates{0x58, 0x5A, 0x5C};
-
-    /// Asks for the chip's identity at every candidate address of the media. Adds to what was
-    /// found before. Errors of the link pass through.
+    /// Scans the media. Adds to what was found before. Errors of the link pass through.
     void SearchAllMedia(const SearchMedia& media, const ScanProgress& progress);
 
     /// The rows of what was found, printer ports first. A port that fails here is passed over and
@@ -79,24 +48,21 @@ public:
     /// Empties the found lists and the notes.
     void Forget();
 
-    const std::vector<PrinterPortFind>& PrinterPortFinds() const { return m_printerPortFinds; }
+    const std::vector<PrinterPortFind>& PrinterPortFinds() const {
+        return m_scan.PrinterPortFinds();
+    }
 
     /// Addresses that answered on the SMBus, in 7-bit form.
-    const std::vector<std::uint8_t>& SMBusFinds() const { return m_smbusFinds; }
+    const std::vector<std::uint8_t>& SMBusFinds() const { return m_scan.SMBusFinds(); }
 
     /// What the user should know beyond the rows: media that were asked for and gave nothing.
     const QStringList& Notes() const { return m_notes; }
 
 private:
-    void ScanPrinterPorts(const ScanProgress& progress);
-    void ProbeBoard(std::uint8_t portIndex);
-    void ScanSMBus(const ScanProgress& progress);
-    static void ScanUSB(const ScanProgress& progress);
     void NoteSilentMedia(const SearchMedia& media);
 
     LinkRoot& m_link;
-    std::vector<PrinterPortFind> m_printerPortFinds;
-    std::vector<std::uint8_t> m_smbusFinds;
+    ChipScan m_scan;
     QStringList m_notes;
 };
 
