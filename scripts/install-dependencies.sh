@@ -8,6 +8,7 @@ set -euo pipefail
 build=(
     g++ cmake ninja-build
     libi2c-dev                                       # the SMBus calls of the kernel
+    libcli11-dev nlohmann-json3-dev                  # arguments and JSON of the command
     qt6-base-dev libgl-dev libqt6svg6                # widgets, and the reader of the icons
     fonts-inter fonts-jetbrains-mono                 # the faces for words and for numbers
     cmark-gfm librsvg2-bin                           # make the handbook and the icons
