@@ -44,10 +44,6 @@ void ComsPort::WriteRegisterByte(std::uint8_t reg, std::uint8_t value) {
     }
 }
 
-std::uint16_t ComsPort::PortAddress() {
-    return m_cell.PortAddress;
-}
-
 void ComsPort::PortOut(std::uint8_t value) {
     BoardBus& board = m_link->PrinterPortLink().BoardBus();
     board.PortWrite(board.PortAddress(), value);

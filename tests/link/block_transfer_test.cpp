@@ -89,15 +89,6 @@ TEST_F(BlockTransfer, AWriteSendsHeadDataAndPEC) {
     EXPECT_THAT(Trace(5), ElementsAre(0x8F, 0xCD, 0x63, 0x59, 0x66));
 }
 
-TEST_F(BlockTransfer, APECThatTheChipRefusesIsNotOK) {
-    block.UsePEC(true);
-    Write({1});
-    ASSERT_TRUE(block.PECOK());
-    bus.NotAcknowledged = true;
-    Write({1});
-    EXPECT_FALSE(block.PECOK());
-}
-
 TEST_F(BlockTransfer, AFullWriteEndsItsTraceAtIndex34AndShorterOnesKeepTheTail) {
     block.UsePEC(true);
     Write(std::vector<std::uint8_t>(32, 0x5A));
@@ -120,30 +111,6 @@ TEST_F(BlockTransfer, WithoutPECTheResultsOfTheLastOneStand) {
     Read(0xEE);
     EXPECT_TRUE(block.PECOK());
     EXPECT_EQ(block.PEC(), 0x66);
-}
-
-TEST_F(BlockTransfer, AnOddAddressGoesOutEvenAndEntersThePECAsItStands) {
-    block.UsePEC(true);
-    block.SlaveAddress(0x59);
-    EXPECT_EQ(Write({})[2], "BoardBus.SendBusByte 58");
-    EXPECT_EQ(block.BlockPECData(0), PECStep(0, 0x59));
-}
-
-TEST_F(BlockTransfer, AReadTakes34BytesAndAcknowledgesAllButTheLast) {
-    std::vector<std::string> expected{"BusStart",       "SendBusByte 58", "WaitAck",
-                                      "SendBusByte A1", "WaitAck",        "BusRelease",
-                                      "BusStart",       "SendBusByte 59", "WaitAck"};
-    for (int i = 0; i < 33; ++i) {
-        expected.insert(expected.end(), {"ReadBusByte", "SendAck"});
-    }
-    expected.insert(expected.end(), {"ReadBusByte", "SendNack", "BusStop"});
-    EXPECT_EQ(Read(0xEE), Lines(expected));
-    EXPECT_EQ(block.ByteCount(), 32);
-    EXPECT_EQ(block.RetrieveBlockData(0), 0x59);
-    EXPECT_EQ(block.RetrieveBlockData(1), 32);
-    EXPECT_EQ(block.RetrieveBlockData(33), 31);
-    EXPECT_EQ(block.RetrieveBlockData(34), 0xEE);
-    EXPECT_THAT(notices, IsEmpty());
 }
 
 TEST_F(BlockTransfer, AReadIsGoodWhenTheChipSendsTheComputedPEC) {

@@ -1,4 +1,3 @@
-#include "link/bus_phases.h"
 #include "printer_port/line_layer.h"
 #include "support/recording_link.h"
 #include "support/scripted_board.h"
@@ -7,9 +6,11 @@
 #include <link/port_link.h>
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -19,10 +20,33 @@ namespace tqx {
 namespace {
 
 using namespace std::chrono_literals;
-using namespace test::phases;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::StartsWith;
+
+/// Transfers as the accesses of a printer port, in the letters of ScriptedBoard.
+/// @{
+const std::string Start = "HdsdL";
+const std::string Stop = "LdsdH";
+const std::string Release = "LdhdH";
+const std::string BitIn = "dhHdrh";
+const std::string ByteIn =
+    "L" + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn;
+const std::string Nack = "hHdhL";
+
+/// Bytes out, each with the clock of its acknowledge.
+std::string Out(std::initializer_list<std::uint8_t> bytes) {
+    std::string accesses;
+    for (const std::uint8_t byte : bytes) {
+        for (int mask = 0x80; mask != 0; mask /= 2) {
+            accesses += (byte & mask) != 0 ? "dhdHdhdL" : "dLsdLL";
+        }
+        accesses += "dhHdrsL";
+    }
+    return accesses;
+}
+
+/// @}
 
 /// Transfers on one port with a small slave on its lines, in both board modes.
 class PortLinkTransfer : public testing::TestWithParam<bool> {
@@ -66,12 +90,6 @@ TEST_P(PortLinkTransfer, ReadsAndWritesARegister) {
     EXPECT_EQ(board->TakeAccesses(), Start + Out({0x58, 0xFF, 0x81}) + Stop);
 }
 
-TEST_P(PortLinkTransfer, AnAbsentChipReadsAllOnes) {
-    board->Answers = false;
-    EXPECT_EQ(bus.ReadByte(0x58, 0x16), 0xFF);
-    EXPECT_THAT(board->TakeBus(), EndsWith("FF- P ]"));
-}
-
 TEST_P(PortLinkTransfer, WritesABlockWithPECAndAPauseAfterEachByte) {
     bus.UsePEC(true);
     bus.ByteDelay(0.001F);
@@ -86,14 +104,6 @@ TEST_P(PortLinkTransfer, WritesABlockWithPECAndAPauseAfterEachByte) {
     board->Delayed = 0ns;
     bus.WriteByte(0x58, 0x13, 0x81);
     EXPECT_LT(board->Delayed, 1ms) << "the pause is for blocks alone";
-}
-
-TEST_P(PortLinkTransfer, ABlockWhosePECIsRefusedIsNotOK) {
-    bus.UsePEC(true);
-    board->Refused = 4;
-    bus.BlockWrite(1, WriteBlock{});
-    EXPECT_THAT(board->TakeBus(), StartsWith("[ S 58+ A0+ 01+ 00+ "));
-    EXPECT_FALSE(bus.PECOK());
 }
 
 TEST_P(PortLinkTransfer, ReadsABlock) {
@@ -150,19 +160,6 @@ TEST_P(PortLinkTransfer, ABurstKeepsThePortFromItsFirstTransferOn) {
     link.BurstMode(false);
     link.BurstMode(false);
     EXPECT_EQ(board->TakeBus(), "]");
-}
-
-TEST_P(PortLinkTransfer, AFailureInTheMiddleParksTheLinesAndLetsThePortGo) {
-    for (const bool burst : {false, true}) {
-        link.BurstMode(burst);
-        board->WritesLeft = 100;
-        board->Failures = 1;
-        EXPECT_THROW(bus.ReadByte(0x58, 0x16), LinkError);
-        EXPECT_THAT(board->TakeBus(), EndsWith("P ]"));
-        board->WritesLeft = -1;
-        board->ToSend = {0x41};
-        EXPECT_EQ(bus.ReadByte(0x58, 0x16), 0x41);
-    }
 }
 
 TEST_P(PortLinkTransfer, AfterAPortHasComeBackTheFirstTransferIsGood) {
@@ -227,6 +224,19 @@ TEST_P(PortLinkTransfer, AnEngineOfOnesOwnRunsOnTheByteOperationsInABurst) {
     bus.SendNack();
     bus.BusStop();
     EXPECT_EQ(board->TakeBus(), "[ S 59+ 12+ 34- P");
+}
+
+TEST(LineLayer, KeepsTheBusNearAndNeverAbove100kHz) {
+    test::ScriptedBoard board;
+    LinkSetup setup{.Notice = {}, .BitDelayCount = 100};
+    LineLayer lines(board, DirectWiring, setup);
+    lines.ClockOutByte(0x00);
+    EXPECT_GE(board.Delayed, 8 * 10us);
+    EXPECT_LE(board.Delayed, 8 * 10.5us);
+    board.Delayed = 0ns;
+    setup.BitDelayCount = 0;
+    lines.LineStop();
+    EXPECT_EQ(board.Delayed, 2 * BitDelayRound);
 }
 
 TEST(Burst, EndsWithItsScopeOnEveryWayOut) {

@@ -101,27 +101,6 @@ TEST_F(ThreePorts, ABurstFollowsTheSelection) {
     EXPECT_FALSE(boards[1]->Held);
 }
 
-TEST_F(ThreePorts, ABusyPortFailsTheTransferButNotTheBurst) {
-    boards[0]->Busy = true;
-    link.BurstMode(true);
-    EXPECT_THROW(bus.ReadByte(0x58, 0x16), LinkError);
-    EXPECT_EQ(boards[0]->TakeAccesses(), "");
-    boards[0]->Busy = false;
-    EXPECT_EQ(Reached(), "x--");
-    link.BurstMode(false);
-    EXPECT_FALSE(boards[0]->Held);
-}
-
-TEST_F(ThreePorts, WhatTheBoardHasNoUseForIsNotSent) {
-    bus.ClearPointerFlag(true);
-    bus.StartupOption(true);
-    bus.EEPROMTarget(true);
-    link.EEPROMLink().EEPROMWait(true);
-    link.EEPROMLink().EEPROMDelay(7);
-    EXPECT_EQ(link.Options().EEPROMDelay, 7);
-    EXPECT_EQ(boards[0]->TakeBus(), "");
-}
-
 TEST(WithoutAPort, OnlyTransfersFailAndTellWhatToDo) {
     const LinkSetup setup;
     PortLink link({}, setup);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <link/line_port.h>
 #include <link/link_error.h>
 #include <link/parallel_port.h>
 
@@ -8,17 +7,16 @@
 #include <cstdint>
 #include <cstdio>
 #include <deque>
-#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 #include <utility>
 
 namespace tqx::test {
 
-/// A printer port, also as the line layer sees it, with a bus slave of a few lines behind it. The
+/// A printer port with a bus slave of a few lines behind it. The
 /// slave acknowledges every byte and sends what a test has laid out. The port writes down the
 /// accesses and what they mean on the bus.
-class ScriptedBoard : public ParallelPort, public LinePort {
+class ScriptedBoard : public ParallelPort {
 public:
     /// `boardMode` tells which values the line states have on the port.
     explicit ScriptedBoard(bool boardMode = false, std::uint16_t base = 0x378)
@@ -87,17 +85,6 @@ public:
         m_accesses += 'd';
         Delayed += time;
     }
-
-    std::uint16_t PortAddress() override { return m_base; }
-
-    void PortOut(std::uint8_t value) override { WriteData(value); }
-
-    std::uint8_t PortIn(std::uint16_t port) override {
-        EXPECT_EQ(port, m_base + 1);
-        return ReadStatus();
-    }
-
-    void LineDelay(std::chrono::nanoseconds time) override { Delay(time); }
 
 private:
     bool DataLine() const { return m_masterData && !m_slavePulls; }

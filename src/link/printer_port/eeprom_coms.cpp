@@ -1,6 +1,6 @@
 #include "printer_port/eeprom_coms.h"
 
-#include "printer_port/slave_address.h"
+#include "printer_port/bus_protocol.h"
 
 namespace tqx {
 
@@ -10,7 +10,7 @@ EEPROMComs::EEPROMComs(LineLayer& lines)
 std::uint8_t EEPROMComs::ReadEEPROM() {
     StartAtAddress();
     m_lines.LineStart();
-    SendAcknowledged(ReadAddress(m_slaveAddress));
+    m_lines.SendAcknowledged(ReadAddress(m_slaveAddress));
     const std::uint8_t value = m_lines.ClockInByte();
     m_lines.ClockNack();
     m_lines.LineStop();
@@ -19,20 +19,15 @@ std::uint8_t EEPROMComs::ReadEEPROM() {
 
 void EEPROMComs::WriteEEPROM() {
     StartAtAddress();
-    SendAcknowledged(m_data);
+    m_lines.SendAcknowledged(m_data);
     m_lines.LineStop();
 }
 
 void EEPROMComs::StartAtAddress() {
     m_lines.LineStart();
-    SendAcknowledged(WriteAddress(m_slaveAddress));
-    SendAcknowledged(m_highByte);
-    SendAcknowledged(m_lowByte);
-}
-
-void EEPROMComs::SendAcknowledged(std::uint8_t value) {
-    m_lines.ClockOutByte(value);
-    m_lines.ClockAck();
+    m_lines.SendAcknowledged(WriteAddress(m_slaveAddress));
+    m_lines.SendAcknowledged(m_highByte);
+    m_lines.SendAcknowledged(m_lowByte);
 }
 
 } // namespace tqx

@@ -39,7 +39,6 @@ public:
     std::uint8_t HighByte() const { return m_highByte; }
 
 private:
-    void SendAcknowledged(std::uint8_t value);
     void StartAtAddress();
 
     LineLayer& m_lines;

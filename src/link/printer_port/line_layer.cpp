@@ -33,7 +33,7 @@ struct LineLayer::Sequences {
     static constexpr std::array StartAndStop{DataLowClockHigh, Delay, BothHigh};
 };
 
-LineLayer::LineLayer(LinePort& port, const BoardWiring& wiring, const LinkSetup& setup)
+LineLayer::LineLayer(ParallelPort& port, const BoardWiring& wiring, const LinkSetup& setup)
     : m_port(port)
     , m_wiring(wiring)
     , m_setup(setup) {}
@@ -68,6 +68,11 @@ void LineLayer::ClockOutByte(std::uint8_t value) {
             Run(Sequences::Zero);
         }
     }
+}
+
+void LineLayer::SendAcknowledged(std::uint8_t value) {
+    ClockOutByte(value);
+    ClockAck();
 }
 
 bool LineLayer::ClockAck() {
@@ -111,27 +116,14 @@ bool LineLayer::Run(std::span<const Step> steps) {
             Put(m_wiring.DataHighClockLow);
             break;
         case Step::Delay:
-            BitDelay();
+            Pause(BitDelayRound * (m_setup.BitDelayCount + 1));
             break;
         case Step::ReadData:
-            level = DataLine();
+            level = (m_port.ReadStatus() & DataLineStatusBit) != 0;
             break;
         }
     }
     return level;
-}
-
-void LineLayer::Put(std::uint8_t pattern) {
-    m_port.PortOut(ControlBits | pattern);
-}
-
-bool LineLayer::DataLine() {
-    const auto statusPort = static_cast<std::uint16_t>(m_port.PortAddress() + 1);
-    return (m_port.PortIn(statusPort) & DataLineStatusBit) != 0;
-}
-
-void LineLayer::BitDelay() {
-    m_port.LineDelay(BitDelayRound * (m_setup.BitDelayCount + 1));
 }
 
 } // namespace tqx

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "link/board_wiring.h"
-#include "link/line_port.h"
 #include "link/link_root.h"
+#include "link/parallel_port.h"
 
 #include <chrono>
 #include <cstdint>
@@ -24,7 +24,7 @@ inline constexpr std::chrono::nanoseconds BitDelayRound{50};
 class LineLayer {
 public:
     /// Port and setup must outlive the lines.
-    LineLayer(LinePort& port, const BoardWiring& wiring, const LinkSetup& setup);
+    LineLayer(ParallelPort& port, const BoardWiring& wiring, const LinkSetup& setup);
 
     /// How the board takes the line states from now on.
     void Wiring(const BoardWiring& wiring) { m_wiring = wiring; }
@@ -43,6 +43,8 @@ public:
     void ReleaseLines();
     /// Sends one byte, most significant bit first; the acknowledge is a call of its own.
     void ClockOutByte(std::uint8_t value);
+    /// One byte with the clock of its acknowledge, whose level is dropped.
+    void SendAcknowledged(std::uint8_t value);
     /// The clock of the slave's acknowledge. Gives the level of the data line: True (high) when
     /// the slave did not acknowledge. Its end pulls the data line low ahead of the clock, so that
     /// slaves take a missing acknowledge for a start and listen for an address again.
@@ -53,17 +55,17 @@ public:
     void SendAck();
     /// The master's refusal of a byte taken in, which ends the slave's sending.
     void ClockNack();
+    /// Leaves the lines as they are for at least `time`.
+    void Pause(std::chrono::nanoseconds time) { m_port.Delay(time); }
 
 private:
     enum class Step : std::uint8_t;
     struct Sequences;
 
     bool Run(std::span<const Step> steps);
-    void Put(std::uint8_t pattern);
-    bool DataLine();
-    void BitDelay();
+    void Put(std::uint8_t pattern) { m_port.WriteData(ControlBits | pattern); }
 
-    LinePort& m_port;
+    ParallelPort& m_port;
     BoardWiring m_wiring;
     const LinkSetup& m_setup;
 };

@@ -1,7 +1,7 @@
 #include "printer_port/pport_block_com.h"
 
 #include "link/pec.h"
-#include "printer_port/slave_address.h"
+#include "printer_port/bus_protocol.h"
 
 #include <cstddef>
 #include <span>
@@ -10,13 +10,6 @@
 namespace tqx {
 
 namespace {
-
-/// The only count that a block read takes.
-constexpr std::uint8_t ReadCount = 32;
-
-/// Address, command and count stand ahead of the data of a write, address and count of a read.
-constexpr int WriteHead = 3;
-constexpr int ReadHead = 2;
 
 /// The first `length` bytes of a frame.
 std::span<const std::uint8_t> Part(const FrameBytes& frame, int length) {
@@ -28,13 +21,9 @@ std::span<const std::uint8_t> Part(const FrameBytes& frame, int length) {
 
 } // namespace
 
-PPortBlockCom::PPortBlockCom(BoardBus& bus, const LinkSetup& setup)
+PPortBlockCom::PPortBlockCom(BusOperations& bus, const LinkSetup& setup)
     : m_bus(bus)
     , m_setup(setup) {}
-
-std::uint8_t PPortBlockCom::BlockPECData(std::uint8_t byteNumber) const {
-    return m_trace.at(byteNumber);
-}
 
 void PPortBlockCom::BlockWrite() {
     const auto data = Part(m_writeFrame, m_byteCount + WriteHead).subspan(WriteHead);
@@ -63,7 +52,7 @@ void PPortBlockCom::BlockRead() {
     m_bus.BusStart();
     SendAcknowledged(ReadAddress(m_slaveAddress));
     m_byteCount = m_bus.ReadBusByte();
-    if (m_byteCount != ReadCount) {
+    if (m_byteCount != BlockReadCount) {
         if (m_setup.Notice) {
             m_setup.Notice("An error was detected", "The byte count read did not equal 32");
         }
@@ -71,12 +60,12 @@ void PPortBlockCom::BlockRead() {
     }
     m_bus.SendAck();
     m_readFrame[1] = m_byteCount;
-    for (std::size_t i = ReadHead; i < ReadCount + ReadHead; ++i) {
+    for (std::size_t i = ReadHead; i < BlockReadCount + ReadHead; ++i) {
         m_readFrame[i] = m_bus.ReadBusByte();
         m_bus.SendAck();
     }
     const std::uint8_t received = m_bus.ReadBusByte();
-    m_readFrame[ReadCount + ReadHead] = received;
+    m_readFrame[BlockReadCount + ReadHead] = received;
     m_bus.SendNack();
     m_bus.BusStop();
     if (m_usePEC) {
@@ -86,10 +75,6 @@ void PPortBlockCom::BlockRead() {
 
 void PPortBlockCom::SetupBlockData(std::uint8_t dataByte, std::uint8_t data) {
     m_writeFrame.at(dataByte) = data;
-}
-
-std::uint8_t PPortBlockCom::RetrieveBlockData(std::uint8_t dataByte) const {
-    return m_readFrame.at(dataByte);
 }
 
 std::uint8_t PPortBlockCom::PECValue(std::int16_t direction) {

@@ -8,7 +8,7 @@
 namespace tqx {
 
 /// One SMBus block transfer, with or without packet error checking, stated byte by byte on the byte
-/// operations of a BoardBus. This is the definition of the bus phases, the frames and their PEC.
+/// operations of a bus. This is the definition of the bus phases, the frames and their PEC.
 ///
 /// Frames count from index 0 in bus order: a write is address, command, count, data; a read, from
 /// the repeated start on, is address, count, data, and the PEC that the chip sent. An index of 38
@@ -19,14 +19,16 @@ namespace tqx {
 class PPortBlockCom {
 public:
     /// The setup is where a notice goes; bus and setup must outlive the engine.
-    PPortBlockCom(BoardBus& bus, const LinkSetup& setup);
+    PPortBlockCom(BusOperations& bus, const LinkSetup& setup);
 
     /// Result of the last PEC test; transfers without PEC leave it.
     bool PECOK() const { return m_pecOK; }
 
     /// The running PEC after the byte at the same index of the last frame that was computed. A
     /// shorter frame leaves the tail of a longer one in place.
-    std::uint8_t BlockPECData(std::uint8_t byteNumber) const;
+    std::uint8_t BlockPECData(std::uint8_t byteNumber) const { return m_trace.at(byteNumber); }
+
+    const FrameBytes& Trace() const { return m_trace; }
 
     /// Take a PEC into the transfer.
     void UsePEC(bool use) { m_usePEC = use; }
@@ -62,7 +64,11 @@ public:
     void SetupBlockData(std::uint8_t dataByte, std::uint8_t data);
 
     /// A byte of the read frame; data start at index 2.
-    std::uint8_t RetrieveBlockData(std::uint8_t dataByte) const;
+    std::uint8_t RetrieveBlockData(std::uint8_t dataByte) const {
+        return m_readFrame.at(dataByte);
+    }
+
+    const FrameBytes& ReadFrame() const { return m_readFrame; }
 
     /// Computes the PEC of the write frame (direction -1) or the read frame (0), and its trace.
     /// Any other direction gives 0 and leaves the trace. All of them refresh the frame heads.
@@ -75,7 +81,7 @@ private:
     void FillWriteHead();
     void SendAcknowledged(std::uint8_t value);
 
-    BoardBus& m_bus;
+    BusOperations& m_bus;
     const LinkSetup& m_setup;
     FrameBytes m_writeFrame{};
     FrameBytes m_readFrame{};

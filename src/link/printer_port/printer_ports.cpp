@@ -30,9 +30,6 @@ constexpr std::uint16_t StatusOf(std::uint16_t base) {
 
 } // namespace
 
-PrinterPorts::Use::Use(PrinterPorts& ports)
-    : Use(ports, ports.Selected()) {}
-
 PrinterPorts::Use::Use(PrinterPorts& ports, Slot& slot)
     : m_ports(ports)
     , m_slot(slot)
@@ -52,13 +49,10 @@ PrinterPorts::Use::~Use() {
     }
 }
 
-bool PrinterPorts::Use::Outermost() const {
-    return m_slot.Users == 1;
-}
-
-PrinterPorts::PrinterPorts(std::vector<std::unique_ptr<ParallelPort>> ports) {
+PrinterPorts::PrinterPorts(std::vector<std::unique_ptr<ParallelPort>> ports,
+                           const LinkSetup& setup) {
     for (std::unique_ptr<ParallelPort>& port : ports) {
-        m_slots.push_back({.Port = std::move(port)});
+        m_slots.emplace_back(std::move(port), setup);
     }
 }
 
@@ -101,8 +95,9 @@ void PrinterPorts::Burst(bool on) {
     }
 }
 
-void PrinterPorts::LinesUnknown() {
+void PrinterPorts::Wiring(const BoardWiring& wiring) {
     for (Slot& slot : m_slots) {
+        slot.Lines.Wiring(wiring);
         slot.Parked = false;
     }
 }
@@ -136,18 +131,6 @@ std::uint8_t PrinterPorts::Read(std::uint16_t port) {
 
 std::uint16_t PrinterPorts::PortAddress() {
     return m_slots.empty() ? 0 : Selected().Port->BaseAddress();
-}
-
-void PrinterPorts::PortOut(std::uint8_t value) {
-    Selected().Port->WriteData(value);
-}
-
-std::uint8_t PrinterPorts::PortIn(std::uint16_t port) {
-    return Read(port);
-}
-
-void PrinterPorts::LineDelay(std::chrono::nanoseconds time) {
-    Selected().Port->Delay(time);
 }
 
 PrinterPorts::Slot& PrinterPorts::Selected() {
@@ -188,6 +171,21 @@ void PrinterPorts::LetGo(Slot& slot) noexcept {
     }
     try {
         slot.Port->Hold(false);
+    } catch (...) {
+    }
+}
+
+/// Leaves both lines high and every slave idle.
+void PrinterPorts::Park(Slot& slot) {
+    slot.Lines.ParkLines();
+    slot.Parked = true;
+}
+
+/// The error that is on its way out already tells the user what is wrong; a second one would add
+/// nothing.
+void PrinterPorts::TryToPark(Slot& slot) noexcept {
+    try {
+        Park(slot);
     } catch (...) {
     }
 }

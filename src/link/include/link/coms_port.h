@@ -1,6 +1,5 @@
 #pragma once
 
-#include "link/line_port.h"
 #include "link/link_new_com_port.h"
 
 #include <cstdint>
@@ -12,7 +11,7 @@ namespace tqx {
 ///
 /// The transfers go by the link's own ActiveMedium and SlaveAddress, not by BusCell. On a medium
 /// that is neither of the two a read gives 0 and a write does nothing.
-class ComsPort : public LinePort {
+class ComsPort {
 public:
     ComsPort(LinkRoot& link, const BusCell& cell);
 
@@ -24,9 +23,10 @@ public:
     void WriteRegisterByte(std::uint8_t reg, std::uint8_t value);
 
     /// As BusCell has it. PortOut goes to the port that the board's bus is on.
-    std::uint16_t PortAddress() override;
-    void PortOut(std::uint8_t value) override;
-    std::uint8_t PortIn(std::uint16_t port) override;
+    std::uint16_t PortAddress() const { return m_cell.PortAddress; }
+
+    void PortOut(std::uint8_t value);
+    std::uint8_t PortIn(std::uint16_t port);
 
 private:
     LinkRoot& m_link;

@@ -11,15 +11,33 @@ using WriteBlock = std::array<std::uint8_t, 41>;
 /// The bytes of a block frame or of its running PEC, in bus order.
 using FrameBytes = std::array<std::uint8_t, 38>;
 
+/// The bus phases, each at the point that the transfer has reached. A failure raises LinkError.
+class BusOperations {
+public:
+    virtual ~BusOperations() = default;
+
+    virtual void BusStart() = 0;
+    virtual void BusStop() = 0;
+    /// Ahead of a start that follows earlier traffic.
+    virtual void BusRelease() = 0;
+    /// Clocks out one byte, most significant bit first.
+    virtual void SendBusByte(std::uint8_t value) = 0;
+    /// The clock of the slave's acknowledge; its level is dropped.
+    virtual void WaitAck() = 0;
+    /// The clock of the slave's acknowledge: True when the slave did not acknowledge.
+    virtual bool AckStatus() = 0;
+    virtual std::uint8_t ReadBusByte() = 0;
+    virtual void SendAck() = 0;
+    virtual void SendNack() = 0;
+};
+
 /// The evaluation board's bus on a printer port.
 ///
 /// Every operation is a call on the link and raises LinkError when it fails. Slave addresses are
 /// in 8-bit form with bit 0 clear (58h, 5Ah, 5Ch). A property is a pair of overloads: without an
 /// argument it is got, with one it is put.
-class BoardBus {
+class BoardBus : public BusOperations {
 public:
-    virtual ~BoardBus() = default;
-
     virtual std::uint8_t SlaveAddress() = 0;
     virtual void SlaveAddress(std::uint8_t address) = 0;
 
@@ -66,23 +84,6 @@ public:
     virtual std::int16_t PECResult() = 0;
     /// The PEC of the last transfer with PEC was good.
     virtual bool PECOK() = 0;
-    /// @}
-
-    /// @name Byte operations, each at the point that the transfer has reached
-    /// @{
-    virtual void BusStart() = 0;
-    virtual void BusStop() = 0;
-    /// Ahead of a start that follows earlier traffic.
-    virtual void BusRelease() = 0;
-    /// Clocks out one byte, most significant bit first.
-    virtual void SendBusByte(std::uint8_t value) = 0;
-    /// The clock of the slave's acknowledge; its level is dropped.
-    virtual void WaitAck() = 0;
-    /// The clock of the slave's acknowledge: True when the slave did not acknowledge.
-    virtual bool AckStatus() = 0;
-    virtual std::uint8_t ReadBusByte() = 0;
-    virtual void SendAck() = 0;
-    virtual void SendNack() = 0;
     /// @}
 
     /// @name Raw port access

@@ -10,23 +10,6 @@
 
 namespace tqx {
 
-/// What the program tells the board for which a bare printer port has no use. It is kept so that
-/// a board can look at it; nothing of it reaches the bus.
-struct BoardOptions {
-    /// Told once at start-up, ahead of any transfer.
-    bool StartupOption = false;
-    /// Told after the chip's address pointer was moved. The chip needs no help with its pointer.
-    bool ClearPointerFlag = false;
-    /// The next block transfer goes to the EEPROM. The chip knows it by its pointer.
-    bool EEPROMTarget = false;
-    /// Whether, and how long in milliseconds, the board is to wait after an EEPROM transfer. A
-    /// bare port never does: pacing EEPROM writes is the caller's.
-    /// @{
-    bool EEPROMWait = false;
-    std::int16_t EEPROMDelay = 0;
-    /// @}
-};
-
 /// The evaluation board's bus on the lines of real or modelled printer ports: the one
 /// implementation for every board.
 ///
@@ -57,8 +40,6 @@ public:
 
     tqx::BoardBus& BoardBus() override;
     tqx::EEPROMLink& EEPROMLink() override;
-
-    const BoardOptions& Options() const;
 
 private:
     struct Parts;
