@@ -1,8 +1,7 @@
 // What one register transfer asks of the kernel: every system call is counted on a fake kernel, so
 // the figures are the same on every machine. Bit delays are off.
 //
-//   system_calls   all calls of a transfer, port accesses included; outside a burst there are three
-//                  more, with which the real kernel face limits the claim
+//   system_calls   all calls of a transfer, port accesses included
 //   port_writes    line states put out; the least that the states of the line layer allow
 //   port_reads     looks at the data line: one per acknowledge, one per bit taken in
 

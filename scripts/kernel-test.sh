@@ -38,7 +38,7 @@ if [ ! -e "$kernel/vmlinuz" ]; then
 fi
 
 cmake --preset release >/dev/null
-cmake --build --preset release --target kernel_tests kernel_wizard_tests tqx7716-console
+cmake --build --preset release --target kernel_tests tqx7716-console
 mkdir "$work/module"
 cp tests/kernel/Kbuild tests/kernel/board_model.c "$work/module"
 make -s -C "$headers" M="$work/module" modules
@@ -52,7 +52,7 @@ cp -r "$kernel/lib" "$root"
 mkdir "$root/lib/modules/$release/extra"
 cp "$work/module/board_model.ko" "$root/lib/modules/$release/extra"
 depmod -b "$root" "$release" 2>/dev/null
-cp build/release/bin/{kernel_tests,kernel_wizard_tests,tqx7716-console} "$root/opt"
+cp build/release/bin/{kernel_tests,tqx7716-console} "$root/opt"
 
 # With the libraries of each program where they are here, and what Qt loads by itself.
 plugin=$(find /usr/lib -path '*/qt6/plugins/platforms/libqoffscreen.so' | head -n 1)
@@ -98,7 +98,6 @@ if grep -q q35 /proc/cmdline; then
     as_member /opt/kernel_tests --gtest_filter='Host.*Base*'
 else
     as_member /opt/kernel_tests --gtest_filter='Bare.*'
-    as_member /opt/kernel_wizard_tests --gtest_filter='BareWizard.*'
 
     modprobe i2c-piix4
     modprobe parport_pc
@@ -114,7 +113,6 @@ else
     chgrp i2c /dev/i2c-*; chgrp lp /dev/parport*; chmod 660 /dev/i2c-* /dev/parport*
     i2cset -y 1 0x2c 0x16 0x41
     as_member /opt/kernel_tests --gtest_filter='Chip.*'
-    as_member /opt/kernel_wizard_tests --gtest_filter='ChipWizard.*'
     # The program itself stays up for an ordinary user, and ends when it is told to. It takes
     # SIGTERM once it is up, which takes an emulated machine its time.
     as_member '/opt/tqx7716-console 2>/dev/null &

@@ -2,7 +2,7 @@
 
 #include "device/register_addresses.h"
 
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <cmath>
 

@@ -3,7 +3,7 @@
 #include "device/calculations.h"
 #include "device/rounding.h"
 
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 namespace tqx {
 

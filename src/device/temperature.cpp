@@ -1,6 +1,6 @@
 #include "device/temperature.h"
 
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 namespace tqx {
 namespace {

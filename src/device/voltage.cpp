@@ -2,7 +2,7 @@
 
 #include "device/rounding.h"
 
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <algorithm>
 #include <cmath>

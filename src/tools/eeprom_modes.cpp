@@ -2,7 +2,7 @@
 
 #include <device/eeprom_map.h>
 #include <device/register_addresses.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "app/program_fixture.h"
 
 #include <device/register_addresses.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 #include <simulated/simulated_board.h>
 
 namespace tqx {

@@ -47,21 +47,6 @@ TEST_F(BusPacerTest, RegisterReadTakes39BitTimesOnAverageOnBothMedia) {
     EXPECT_NEAR(averageOf([&] { smbus.ReadByte(Address / 2, 0x16); }), 390e3, 2e3);
 }
 
-TEST_F(BusPacerTest, TimeOfTheProgramCountsAndIdleTimeDoesNot) {
-    Pacer.Hertz(100000);
-    const auto run = [this](nanoseconds between) {
-        const nanoseconds begin = Clock;
-        for (int bit = 0; bit < 10000; ++bit) {
-            Clock += between;
-            Pacer.BitTimes(1);
-        }
-        return static_cast<double>((Clock - begin).count());
-    };
-    EXPECT_NEAR(run(4us), 100e6, 1e6);
-    Clock += 10s;
-    EXPECT_NEAR(run(0us), 100e6, 1e6);
-}
-
 TEST_F(BusPacerTest, SlowBusHoldsEachAccessAtAnyRate) {
     Trouble.Always(Fault::SlowBus);
     FaultyPort port(std::make_unique<SimulatedPort>(Slave, DirectWiring, Pacer), DirectWiring,
@@ -70,12 +55,6 @@ TEST_F(BusPacerTest, SlowBusHoldsEachAccessAtAnyRate) {
         port.WriteData(LineControlBits | DirectWiring.BothHigh);
     }
     EXPECT_NEAR(static_cast<double>(Clock.count()), 10e6, 1e6);
-}
-
-TEST_F(BusPacerTest, UnpacedBusNeverSleeps) {
-    PortLink port = PacedLink();
-    port.BoardBus().ReadByte(Address, 0x16);
-    EXPECT_EQ(Clock, 0ns);
 }
 
 } // namespace

@@ -54,34 +54,6 @@ protected:
     ChipSlave Slave{Model, Own};
 };
 
-TEST_F(ChipSlaveTest, OneByteSelectsARegisterAndReadsGoOnFromThere) {
-    SendAndStop({Scratch, 1, 2, 3});
-    Send({Scratch + 1});
-    EXPECT_THAT(Receive(2), ElementsAre(2, 3));
-    EXPECT_THAT(Receive(1), ElementsAre(3)); // the pointer stays at the byte accessed last
-    SendAndStop({0xFF, 0xAB, 0xCD});
-    EXPECT_EQ(Model.Read(0xFF), 0xAB);
-    EXPECT_EQ(Model.Read(0x00), 0xCD);
-}
-
-TEST_F(ChipSlaveTest, TwoBytesSelectAnEEPROMAddressAndOneOfThemReadsTheRegister) {
-    Send({0x80, 0x01});
-    EXPECT_THAT(Receive(2), ElementsAre('Q', 'X'));
-    Model.Write(0x80, 0x99);
-    Send({0x80});
-    EXPECT_THAT(Receive(1), ElementsAre(0x99));
-    SendAndStop({0x9F, 0xFF});
-    EXPECT_THAT(Receive(2), ElementsAre(0xFF, 'T'));
-}
-
-TEST_F(ChipSlaveTest, BlockCommandsReadAsRegistersTheWayTheyComeOnTheBus) {
-    Model.Write(0xA0, 0x66);
-    Send({0xA0});
-    EXPECT_THAT(Receive(1), ElementsAre(0x66));
-    Send({0xA1});
-    EXPECT_THAT(Receive(1), ElementsAre(32));
-}
-
 TEST_F(ChipSlaveTest, BlocksFollowOneAnotherAtThePointer) {
     SendAndStop({Scratch});
     SendAndStop(WithPEC({0xA0, 2, 0x11, 0x22}));
@@ -119,14 +91,6 @@ TEST_F(ChipSlaveTest, BlockWriteIsStoredOnlyWholeAndWithAGoodPEC) {
         Slave.Stop();
         EXPECT_EQ(Model.Read(Scratch), row.Stored) << row.What;
     }
-}
-
-TEST_F(ChipSlaveTest, StartInsteadOfAStopDropsTheBlock) {
-    SendAndStop({Scratch, 0});
-    Send({0xA0, 1, 0x11});
-    Slave.Start(0x5A);
-    Slave.Stop();
-    EXPECT_EQ(Model.Read(Scratch), 0);
 }
 
 } // namespace

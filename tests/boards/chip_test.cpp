@@ -33,38 +33,6 @@ TEST_F(ChipTest, FreshChipMeasuresAndAlarmsNothing) {
     EXPECT_NEAR(-15.92 + Model.Read(0x2F) * 0.071953, -11.9, 0.3);
 }
 
-TEST_F(ChipTest, ReadOnlyRegistersIgnoreWritesAndTheOthersStore) {
-    for (const std::uint8_t reg : {0x16, 0x17, 0x1F, 0x20, 0x22, 0x23, 0x24, 0x26, 0x38, 0x3F}) {
-        const std::uint8_t before = Model.Read(reg);
-        Model.Write(reg, ~before);
-        EXPECT_EQ(Model.Read(reg), before) << +reg;
-    }
-    for (const std::uint8_t reg : {0x02, 0x13, 0x18, 0x40, 0x67, 0x6F, 0x70, 0xFF}) {
-        Model.Write(reg, 0x5A);
-        EXPECT_EQ(Model.Read(reg), 0x5A) << +reg;
-    }
-}
-
-TEST_F(ChipTest, ForcedValuesComeOutAsTheHostConvertsThem) {
-    Model.Write(0x00, 0x09); // Ain8 and Ain9 in place of the second diode
-    for (const InputFacts& facts : ChipInputs) {
-        const double step = (facts.Max - facts.Min) / 255;
-        for (const double share : {0.1, 0.5, 0.9}) {
-            const double volts = facts.Min + share * (facts.Max - facts.Min);
-            Force(facts.Input, volts);
-            if (facts.Kind == InputKind::Voltage) {
-                EXPECT_NEAR(step * Model.Read(facts.Value) + facts.Min, volts, step / 2 + 1e-9);
-            }
-        }
-    }
-    Force(ChipInput::Ext1Temp, -12.4);
-    EXPECT_EQ(Model.Read(0x28), 0x8C);
-    Force(ChipInput::Ext1Temp, 300);
-    EXPECT_EQ(Model.Read(0x28), 0x7F);
-    Force(ChipInput::Plus5V, 9);
-    EXPECT_EQ(Model.Read(0x2C), 0xFF);
-}
-
 TEST_F(ChipTest, FanCountFollowsSpeedAndDivisor) {
     struct {
         double RPM;

@@ -82,30 +82,6 @@ TEST_F(LineSlaveTest, TakesBytesAndAcknowledgesThem) {
     EXPECT_EQ(Lines.TakeBitTimes(), 20);
 }
 
-TEST_F(LineSlaveTest, SendsBytesForAsLongAsTheMasterAcknowledges) {
-    Start();
-    Byte(0x59);
-    Clock();
-    for (const bool wanted : {false, true}) {
-        int value = 0;
-        for (int bit = 0; bit < 8; ++bit) {
-            value = value << 1 | (Clock() ? 1 : 0);
-        }
-        EXPECT_EQ(value, 0xA5);
-        Clock(wanted);
-    }
-    EXPECT_TRUE(Clock()); // A5h would go on with a 1, then a 0
-    EXPECT_TRUE(Clock());
-}
-
-TEST_F(LineSlaveTest, DataLineIsTheWiredAnd) {
-    Start();
-    Byte(0x59);
-    Clock();
-    EXPECT_FALSE(Clock(false)); // the slave sends 1, the master holds the line
-    EXPECT_FALSE(Clock());      // and the other way round
-}
-
 TEST_F(LineSlaveTest, AStartInTheMiddleOfAByteBeginsAnewAndAStopEndsTheTransfer) {
     Start();
     Byte(0x58);

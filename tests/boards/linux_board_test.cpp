@@ -62,17 +62,5 @@ TEST(LinuxVersion, IsABuildWithSMBusWhereThereIsAnAdapter) {
     EXPECT_EQ(version->BuildNumber(), "6.1.0-37-amd64");
 }
 
-TEST(LinuxBoard, WithoutPortAndAdapterLoadsAndSearchesAndFindsNothing) {
-    LinuxBoard board(std::make_unique<test::FakeKernel>());
-    const LinkSetup setup;
-    const auto link = board.Factory()(setup);
-    link->PrinterPortLink().BurstMode(true);
-    EXPECT_EQ(link->SMBusLink().ReadByte(0, 0x05), 0xFF);
-    link->PrinterPortLink().BurstMode(false);
-    EXPECT_EQ(link->PrinterPortLink().PortCount(), 0);
-    EXPECT_EQ(link->SMBusLink().ReadByte(0x2C, 0x16), 0xFF);
-    EXPECT_THROW(link->PrinterPortLink().BoardBus().BlockWrite(1, WriteBlock{}), LinkError);
-}
-
 } // namespace
 } // namespace tqx

@@ -2,6 +2,7 @@
 #include "ppdev_port.h"
 #include "support/fake_kernel.h"
 
+#include <link/board_wiring.h>
 #include <link/link_root.h>
 #include <link/port_link.h>
 
@@ -33,7 +34,7 @@ protected:
     std::string& Active() { return kernel.Files["/proc/sys/dev/parport/parport0/devices/active"]; }
 };
 
-TEST_F(PpdevPortTest, IsOpenedAndSetUpByTheFirstClaimAloneAndParksLinesThatItLeftOtherwise) {
+TEST_F(PpdevPortTest, IsOpenedAndSetUpByTheFirstClaimAloneAndLeavesTheLinesAsTheyAre) {
     EXPECT_EQ(kernel.TakeCalls(), "");
     port->Hold(true);
     EXPECT_EQ(kernel.TakeCalls(), "OpenNode /dev/parport0; PortClaim; PortCompatible; PortForward");
@@ -42,41 +43,11 @@ TEST_F(PpdevPortTest, IsOpenedAndSetUpByTheFirstClaimAloneAndParksLinesThatItLef
     EXPECT_EQ(port->ReadStatus(), 0xD8);
     EXPECT_EQ(kernel.TakeCalls(), "PortWriteData B1; PortReadStatus");
     port->Hold(false);
-    EXPECT_EQ(kernel.TakeCalls(), "PortWriteData B3; PortRelease");
+    EXPECT_EQ(kernel.TakeCalls(), "PortRelease");
     port->Hold(true);
-    port->WriteData(ParkedLines);
-    port->Hold(false);
-    EXPECT_EQ(kernel.TakeCalls(), "PortClaim; PortWriteData B3; PortRelease");
-}
-
-TEST_F(PpdevPortTest, LetsThePortGoEvenWhenItsLinesCannotBeParked) {
-    port->Hold(true);
-    port->WriteData(0xB0);
-    kernel.NextErrors["PortWriteData"] = {EIO};
-    EXPECT_THAT(FailureOf([&] { port->Hold(false); }), HasSubstr("cannot park the lines of"));
-    EXPECT_FALSE(kernel.Claimed);
-}
-
-TEST_F(PpdevPortTest, ParksAndClosesAtTheEndOfTheProcess) {
-    port->Hold(true);
-    port->WriteData(0xB0);
+    EXPECT_EQ(kernel.TakeCalls(), "PortClaim");
     port.reset();
-    EXPECT_EQ(kernel.Data, ParkedLines);
-    EXPECT_FALSE(kernel.Claimed);
-    EXPECT_EQ(kernel.OpenFiles(), 0);
-}
-
-TEST_F(PpdevPortTest, WaitsForAnotherHolderWithoutAskingForTheClaim) {
-    Active() = "lp\n";
-    kernel.OnSleep = [this] {
-        if (kernel.Time >= 100ms) {
-            Active() = "none\n";
-        }
-    };
-    port->Hold(true);
-    EXPECT_TRUE(kernel.Claimed);
-    EXPECT_LT(kernel.Time, 120ms);
-    EXPECT_THAT(kernel.TakeCalls(), HasSubstr("OpenNode /dev/parport0; PortClaim; "));
+    EXPECT_EQ(kernel.TakeCalls(), "PortRelease; Close");
 }
 
 TEST_F(PpdevPortTest, GivesUpOnAHolderThatStaysAndNamesHim) {
@@ -96,76 +67,60 @@ TEST_F(PpdevPortTest, GivesUpOnAHolderThatStaysAndNamesHim) {
     EXPECT_TRUE(kernel.Claimed);
 }
 
-TEST_F(PpdevPortTest, AClaimThatSleepsIsInterruptedAtTheLimit) {
+TEST_F(PpdevPortTest, AnInterruptedClaimIsRepeatedOutOfTheKernelsQueue) {
     kernel.NextErrors["PortClaim"] = {EINTR};
-    EXPECT_THAT(FailureOf([&] { port->Hold(true); }), HasSubstr("another driver is using it"));
-    EXPECT_EQ(kernel.Time, ClaimLimit);
-    port->Hold(false);
-    EXPECT_EQ(kernel.TakeCalls(),
-              "OpenNode /dev/parport0; PortClaim; Close; OpenNode /dev/parport0")
-        << "out of the kernel's queue";
-}
-
-TEST_F(PpdevPortTest, AForeignSignalOnlyRepeatsTheClaim) {
-    class Interrupted : public test::FakeKernel {
-    public:
-        int Signals = 3;
-
-        KernelAnswer PortClaim(int file, std::chrono::nanoseconds limit) override {
-            return Signals-- > 0 ? KernelAnswer{.Error = EINTR}
-                                 : test::FakeKernel::PortClaim(file, limit);
-        }
-    } interrupted;
-
-    interrupted.AddPort(0, "888\t0\n");
-    PpdevPort other(interrupted, "parport0", 0x378);
-    other.Hold(true);
-    EXPECT_TRUE(interrupted.Claimed);
-}
-
-/// An operation that fails, with which number, and what the user reads.
-struct PortFailure {
-    const char* Operation;
-    int Error;
-    const char* Read;
-    bool Closed;
-};
-
-class PpdevPortFailure : public PpdevPortTest, public testing::WithParamInterface<PortFailure> {};
-
-TEST_P(PpdevPortFailure, NamesThePortAndRecovers) {
-    const PortFailure& failure = GetParam();
-    kernel.Rights["/dev/parport0"] = {.Owner = "root", .Group = 7, .GroupName = "lp", .Mode = 0660};
-    kernel.NextErrors[failure.Operation] = {failure.Error};
-    const std::string read = FailureOf([&] {
-        port->Hold(true);
-        port->WriteData(0xB3);
-        port->ReadStatus();
-        port->Hold(false);
-    });
-    EXPECT_THAT(read, AllOf(HasSubstr("/dev/parport0"), HasSubstr(failure.Read)));
-    EXPECT_EQ(kernel.OpenFiles() == 0, failure.Closed);
-
-    port->Hold(false);
     port->Hold(true);
-    port->WriteData(0xB1);
-    EXPECT_EQ(kernel.Data, 0xB1);
+    EXPECT_EQ(kernel.TakeCalls(), "OpenNode /dev/parport0; PortClaim; Close; OpenNode "
+                                  "/dev/parport0; PortClaim; PortCompatible; PortForward");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, PpdevPortFailure,
-    testing::Values(PortFailure{"OpenNode", ENOENT, "modprobe ppdev", true},
-                    PortFailure{"OpenNode", EACCES, "adduser eva lp", true},
-                    PortFailure{"OpenNode", EMFILE, "too many files", true},
-                    PortFailure{"PortClaim", ENXIO, "the port is gone", true},
-                    PortFailure{"PortClaim", ENOMEM, "cannot claim", false},
-                    PortFailure{"PortCompatible", ENOTTY, "does not belong", true},
-                    PortFailure{"PortForward", EIO, "cannot set the direction of", true},
-                    PortFailure{"PortWriteData", ENODEV, "the port is gone", true},
-                    PortFailure{"PortWriteData", EINTR, "interrupted", false},
-                    PortFailure{"PortReadStatus", EINVAL, "not this program's", false},
-                    PortFailure{"PortReadStatus", EIO, "does not react", false},
-                    PortFailure{"PortRelease", EIO, "cannot release", false}));
+TEST_F(PpdevPortTest, AFailureNamesThePortAndTheNextHoldIsGood) {
+    struct {
+        const char* Operation;
+        int Error;
+        const char* Read;
+        bool Closed;
+    } const failures[] = {{"OpenNode", ENOENT, "modprobe ppdev", true},
+                          {"OpenNode", EACCES, "root:lp, mode 0660: join the group lp (", true},
+                          {"OpenNode", EBUSY, "another program keeps it", true},
+                          {"PortClaim", ENXIO, "the device is gone", true},
+                          {"PortClaim", ENOMEM, "cannot claim", false},
+                          {"PortCompatible", ENOTTY, "cannot set the mode of", true},
+                          {"PortForward", EIO, "cannot set the direction of", true},
+                          {"PortWriteData", ENODEV, "cannot write to", true},
+                          {"PortWriteData", EINTR, "Interrupted system call", false},
+                          {"PortReadStatus", EIO, "no answer", false},
+                          {"PortRelease", EIO, "cannot release", false}};
+
+    kernel.Rights["/dev/parport0"] = {.Owner = "root", .Group = "lp", .Mode = 0660};
+
+    for (const auto& failure : failures) {
+        kernel.NextErrors[failure.Operation] = {failure.Error};
+        port = std::make_unique<PpdevPort>(kernel, "parport0", 0x378);
+        const std::string read = FailureOf([this] {
+            port->Hold(true);
+            port->WriteData(0xB3);
+            port->ReadStatus();
+            port->Hold(false);
+        });
+        EXPECT_THAT(read, AllOf(HasSubstr("/dev/parport0"), HasSubstr(failure.Read)));
+        EXPECT_EQ(kernel.OpenFiles() == 0, failure.Closed) << read;
+        port->Hold(false);
+        port->Hold(true);
+        port->WriteData(0xB1);
+        EXPECT_EQ(kernel.Data, 0xB1) << read;
+    }
+}
+
+TEST_F(PpdevPortTest, ANodeThatNoGroupMayUseAsksForARule) {
+    kernel.Nodes["/dev/parport0"] = EACCES;
+    for (const NodeRights& rights : {NodeRights{.Owner = "root", .Group = "root", .Mode = 0660},
+                                     NodeRights{.Owner = "root", .Group = "lp", .Mode = 0640}}) {
+        kernel.Rights["/dev/parport0"] = rights;
+        EXPECT_THAT(FailureOf([this] { port->Hold(true); }),
+                    AllOf(HasSubstr("root:" + rights.Group), HasSubstr("udev rule")));
+    }
+}
 
 TEST_F(PpdevPortTest, APortThatVanishesInMidTransferEndsItAndIsTakenAnewAfterwards) {
     const LinkSetup setup;
@@ -174,7 +129,7 @@ TEST_F(PpdevPortTest, APortThatVanishesInMidTransferEndsItAndIsTakenAnewAfterwar
     link.BoardBus().ReadByte(0x58, 0x16);
     kernel.NextErrors["PortWriteData"] = {0, 0, 0, ENODEV};
     EXPECT_THAT(FailureOf([&] { link.BoardBus().ReadByte(0x58, 0x16); }),
-                HasSubstr("the port is gone"));
+                HasSubstr("the device is gone"));
     EXPECT_EQ(kernel.OpenFiles(), 0);
     kernel.Nodes.clear();
     EXPECT_THAT(FailureOf([&] { link.BoardBus().ReadByte(0x58, 0x16); }),
@@ -195,13 +150,6 @@ TEST_F(PpdevPortTest, TheClockIsNeverLowForLessThanTheBusAllows) {
         port->WriteData(LineControlBits | wiring.BothHigh);
         EXPECT_GE(std::chrono::steady_clock::now() - start, ShortestClockLow);
     }
-}
-
-TEST_F(PpdevPortTest, LongDelaysSleepAndShortOnesDoNot) {
-    port->Delay(10us);
-    EXPECT_EQ(kernel.Time, 0ns);
-    port->Delay(1ms);
-    EXPECT_EQ(kernel.Time, 1ms);
 }
 
 TEST(FindPrinterPorts, GivesThePortsOfTheKernelByNumber) {

@@ -38,26 +38,6 @@ TEST(SimulatedBoard, AnswersAtItsAddressAndInItsBoardModeOnly) {
     }
 }
 
-TEST_F(SimulatedBoardTest, IsOneChipOnBothMediaWhoseDivisorsAreAtAddress0Too) {
-    EXPECT_EQ(Link->PrinterPortLink().PortAddress(), 0x378);
-    EXPECT_EQ(SMBus().BaseAddress(), 0x5000U);
-    EXPECT_EQ(SimulatedBoard::OSVersionInfoFactory()()->BuildNumber(), "2222");
-    Write(0x45, 0xA5);
-    EXPECT_EQ(SMBus().ReadByte(0x2C, 0x45), 0xA5);
-    SMBus().WriteByte(0x2C, 0x45, 0x5A);
-    EXPECT_EQ(Read(0x45), 0x5A);
-    EXPECT_EQ(SMBus().ReadByte(0, 0x02), SMBus().ReadByte(0x2C, 0x02));
-}
-
-TEST_F(SimulatedBoardTest, TransfersToAnotherAddressRunToTheirEndAndChangeNothing) {
-    Write(Scratch, 0x77);
-    for (int value = 0; value < 256; ++value) {
-        Bus().WriteByte(0x5A, Scratch, static_cast<std::uint8_t>(value));
-        EXPECT_EQ(Bus().ReadByte(0x5A, Scratch), 0xFF);
-    }
-    EXPECT_EQ(Read(Scratch), 0x77);
-}
-
 TEST_F(SimulatedBoardTest, EEPROMIsErasedByPageAndProgrammedByByte) {
     Write(Mode, 0x02);
     EEPROMBus().WriteEEPROM(0x81, 0x3F, 0x0F);
@@ -68,20 +48,6 @@ TEST_F(SimulatedBoardTest, EEPROMIsErasedByPageAndProgrammedByByte) {
     EEPROMBus().ErasePage(0x81, 0x41, 0);
     EXPECT_EQ(EEPROMBus().ReadEEPROM(0x81, 0x40), 0xFF);
     EXPECT_EQ(EEPROMBus().ReadEEPROM(0x81, 0x3F), 0x0F);
-}
-
-TEST_F(SimulatedBoardTest, BlocksMoveEEPROMBytesAsTheModeRegisterSays) {
-    Write(Mode, 0x82);
-    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
-    EXPECT_TRUE(WriteBlock()); // the third byte goes to the first address
-    Write(Mode, 0x81);
-    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
-    EXPECT_TRUE(WriteBlock()); // read mode: nothing is programmed, the pointer moves on
-    EXPECT_EQ(EEPROMBus().ReadEEPROM(0x80, 0x01), 'Q');
-    EEPROMBus().ReadEEPROM(0x9F, 0xFE);
-    const FrameBytes frame = ReadBlock();
-    EXPECT_TRUE(Bus().PECOK());
-    EXPECT_THAT(std::span(frame).subspan(2, 3), ElementsAre(0x11, 0x22, 'T' & 0x33));
 }
 
 TEST_F(SimulatedBoardTest, PulledPlugAndPowerSilenceTheChipOnBothMedia) {
@@ -102,32 +68,6 @@ TEST_F(SimulatedBoardTest, PulledPlugAndPowerSilenceTheChipOnBothMedia) {
     Board.Powered(true);
     EXPECT_EQ(Read(Scratch), 0x00);
     EXPECT_EQ(EEPROMBus().ReadEEPROM(0x90, 0), 0x34);
-}
-
-TEST_F(SimulatedBoardTest, AddressPinsMoveTheChipOnBothMedia) {
-    Write(Scratch, 0x77);
-    Board.SlaveAddress(0x5C);
-    EXPECT_EQ(Read(Scratch), 0xFF);
-    EXPECT_EQ(SMBus().ReadByte(0x2C, Scratch), 0xFF);
-    EXPECT_EQ(Bus().ReadByte(0x5C, Scratch), 0x77);
-    EXPECT_EQ(SMBus().ReadByte(0x2E, Scratch), 0x77);
-    Board.TheFaults().Always(Fault::NoAnswer);
-    EXPECT_EQ(Bus().ReadByte(0x5C, Scratch), 0xFF) << "a fault follows the chip";
-}
-
-TEST_F(SimulatedBoardTest, BoardModeRewiresAPortThatIsOpenAlready) {
-    Write(Scratch, 0x77);
-    Board.BoardMode(true);
-    EXPECT_NE(Read(Scratch), 0x77);
-    EXPECT_EQ(SMBus().ReadByte(0x2C, Scratch), 0x77);
-    Bus().BoardMode(true);
-    EXPECT_EQ(Read(Scratch), 0x77);
-    Board.TheFaults().Always(Fault::DataStuckLow);
-    EXPECT_EQ(Read(Scratch), 0x00) << "the stuck line is the new one";
-    Board.TheFaults().AllOff();
-    Board.BoardMode(false);
-    Bus().BoardMode(false);
-    EXPECT_EQ(Read(Scratch), 0x77);
 }
 
 TEST_F(SimulatedBoardTest, WriteProtectJumperRefusesAndShowsInTheModeRegister) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <device/bench.h>
-#include <link/link_parts.h>
+#include <link/link_server.h>
 #include <link/port_link.h>
 #include <simulated/simulated_board.h>
 

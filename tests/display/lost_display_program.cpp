@@ -33,9 +33,9 @@ public:
         Save();
     }
 
-    KernelAnswer PortClaim(int file, std::chrono::nanoseconds limit) override {
+    KernelAnswer PortClaim(int file) override {
         ++Claims;
-        return Saved(FakeKernel::PortClaim(file, limit));
+        return Saved(FakeKernel::PortClaim(file));
     }
 
     KernelAnswer PortRelease(int file) override { return Saved(FakeKernel::PortRelease(file)); }

@@ -1,6 +1,5 @@
 #include "daemon.h"
 #include "port_state.h"
-#include "ppdev_port.h"
 
 #include <QFile>
 #include <QLibraryInfo>
@@ -44,7 +43,6 @@ protected:
         EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
         EXPECT_EQ(program.exitCode(), 1);
         EXPECT_FALSE(Port().Claimed);
-        EXPECT_EQ(Port().Lines, ParkedLines);
     }
 };
 

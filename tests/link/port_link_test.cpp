@@ -30,8 +30,7 @@ const std::string Start = "HdsdL";
 const std::string Stop = "LdsdH";
 const std::string Release = "LdhdH";
 const std::string BitIn = "dhHdrh";
-const std::string ByteIn =
-    "L" + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn;
+const std::string ByteIn = "L" + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn + BitIn;
 const std::string Nack = "hHdhL";
 
 /// Bytes out, each with the clock of its acknowledge.

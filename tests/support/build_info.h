@@ -1,6 +1,6 @@
 #pragma once
 
-#include <link/os_version_info.h>
+#include <link/link_server.h>
 
 #include <string>
 #include <utility>

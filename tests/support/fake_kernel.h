@@ -25,7 +25,6 @@ public:
     std::map<std::string, std::string> Files;
     std::map<std::string, std::string> RealPaths;
     std::map<std::string, NodeRights> Rights;
-    UserRights TheUser{.Name = "eva", .Session = {1000}, .Account = {1000}};
     std::string TheRelease = "6.1.0-37-amd64";
 
     /// Device nodes and the error of opening each; there are no others.
@@ -164,11 +163,8 @@ public:
         return {};
     }
 
-    KernelAnswer PortClaim(int /*file*/, std::chrono::nanoseconds limit) override {
+    KernelAnswer PortClaim(int /*file*/) override {
         const int error = Called("PortClaim");
-        if (error == EINTR) {
-            Time += limit;
-        }
         Claimed = error == 0;
         return {.Error = error};
     }
@@ -201,8 +197,6 @@ public:
         const auto found = Rights.find(path);
         return found != Rights.end() ? std::optional(found->second) : std::nullopt;
     }
-
-    UserRights User() override { return TheUser; }
 
     std::chrono::nanoseconds Now() override { return Time; }
 

@@ -67,11 +67,12 @@ void I2CBus::Open() {
     const KernelAnswer functions = m_kernel.I2CFunctions(file->File());
     const std::string what = "cannot use " + m_adapter.Node() + " (" + m_adapter.Name + ")";
     if (functions.Error != 0) {
-        throw Failure(what, BusErrors(), functions.Error);
+        throw Failure(what, functions.Error);
     }
     constexpr unsigned long needed = I2C_FUNC_SMBUS_BYTE_DATA;
     if ((functions.Value & needed) != needed) {
-        throw Failure(what, BusErrors(), EOPNOTSUPP);
+        throw LinkError(what, "the adapter cannot do SMBus byte transfers",
+                        "Connect the chip to another adapter.");
     }
     m_file = std::move(file);
     m_aimed.reset();
@@ -105,7 +106,7 @@ LinkError I2CBus::Failed(const std::string& what, int error) {
         m_file.reset();
         error = ENODEV;
     }
-    return Failure(what, BusErrors(), error);
+    return Failure(what, error);
 }
 
 /// The driver stays where it is: it may be in the middle of its own work with its chip.

@@ -28,8 +28,7 @@ LinkError NoAdapter() {
 }
 
 LinkError AdapterGone(const Adapter& adapter) {
-    return Failure("cannot reach " + adapter.Node() + " (" + adapter.Name + ")", BusErrors(),
-                   ENODEV);
+    return Failure("cannot reach " + adapter.Node() + " (" + adapter.Name + ")", ENODEV);
 }
 
 } // namespace

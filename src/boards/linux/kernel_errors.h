@@ -10,25 +10,21 @@
 
 namespace tqx {
 
-/// What an error number of the kernel means to the user of a device, and what to do about it.
+/// An error number of the kernel about which the user of a device can do something.
 struct ErrorText {
     int Number;
     std::string_view Why;
     std::string_view Advice;
 };
 
-/// Errors of a transfer on an SMBus adapter, of a call on a printer port, and of opening either.
-/// @{
-std::span<const ErrorText> BusErrors();
-std::span<const ErrorText> PortErrors();
-std::span<const ErrorText> OpenErrors();
-/// @}
+/// All such errors of a transfer and of opening a node.
+std::span<const ErrorText> ErrorTexts();
 
 /// True for the numbers that tell that a device has gone.
 bool MeansGone(int error);
 
-/// `what` failed with `error`, in the words of one of the lists above.
-LinkError Failure(const std::string& what, std::span<const ErrorText> texts, int error);
+/// `what` failed with `error`: one of the texts above, or the system's word for it.
+LinkError Failure(const std::string& what, int error);
 
 /// A device node that could not be opened; `module` is the kernel module that makes such nodes.
 LinkError CannotOpen(KernelFace& kernel, const std::string& node, const std::string& module,

@@ -1,16 +1,39 @@
 #include "linuxboard/linux_board.h"
 
+#include "adapters.h"
 #include "i2c_smbus.h"
 #include "linux_kernel.h"
-#include "linux_version.h"
 #include "ppdev_port.h"
 
-#include <link/link_parts.h>
+#include <link/link_server.h>
 #include <link/port_link.h>
 
+#include <string>
 #include <utility>
 
 namespace tqx {
+
+namespace {
+
+/// The build number on Linux. A machine with an SMBus that the chip may hang on counts as one of
+/// the systems on which the SMBus can be reached, whatever its kernel; without, it is the kernel's
+/// own number, which is none of them.
+class LinuxVersion : public OSVersionInfo {
+public:
+    explicit LinuxVersion(KernelFace& kernel)
+        : m_kernel(kernel) {}
+
+    std::string BuildNumber() override {
+        // Of the builds that reach the SMBus one that has USB, too: nothing is lacking here.
+        constexpr const char* withSMBus = "2222";
+        return FindAdapters(m_kernel).empty() ? m_kernel.Release() : withSMBus;
+    }
+
+private:
+    KernelFace& m_kernel;
+};
+
+} // namespace
 
 LinuxBoard::LinuxBoard()
     : LinuxBoard(std::make_unique<LinuxKernel>()) {}

@@ -1,8 +1,5 @@
 #include "linux_kernel.h"
 
-#include "call_limit.h"
-
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdlib>
@@ -44,36 +41,25 @@ KernelAnswer LibraryAnswer(int result) {
     return {.Value = static_cast<unsigned long>(result)};
 }
 
+/// The name of a user or group, or its number where it has none.
+/// @{
+std::string UserName(uid_t user) {
+    std::array<char, 16384> buffer{};
+    passwd entry{};
+    passwd* found = nullptr;
+    getpwuid_r(user, &entry, buffer.data(), buffer.size(), &found);
+    return found != nullptr ? found->pw_name : std::to_string(user);
+}
+
 std::string GroupName(gid_t group) {
     std::array<char, 16384> buffer{};
     ::group entry{};
     ::group* found = nullptr;
     getgrgid_r(group, &entry, buffer.data(), buffer.size(), &found);
-    return found != nullptr ? found->gr_name : "";
+    return found != nullptr ? found->gr_name : std::to_string(group);
 }
 
-/// The account of a user number, whose home in the buffer must outlive it.
-const passwd* Account(uid_t user, passwd& entry, std::span<char> buffer) {
-    passwd* found = nullptr;
-    getpwuid_r(user, &entry, buffer.data(), buffer.size(), &found);
-    return found;
-}
-
-std::vector<unsigned> SessionGroups() {
-    std::vector<unsigned> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
-    const int count = getgroups(static_cast<int>(groups.size()), groups.data());
-    groups.resize(static_cast<std::size_t>(std::max(count, 0)));
-    groups.push_back(getegid());
-    return groups;
-}
-
-std::vector<unsigned> AccountGroups(const passwd& account) {
-    int count = 0;
-    getgrouplist(account.pw_name, account.pw_gid, nullptr, &count);
-    std::vector<unsigned> groups(static_cast<std::size_t>(count));
-    getgrouplist(account.pw_name, account.pw_gid, groups.data(), &count);
-    return groups;
-}
+/// @}
 
 } // namespace
 
@@ -126,11 +112,7 @@ KernelAnswer LinuxKernel::SMBusWriteByte(int file, std::uint8_t reg, std::uint8_
     return LibraryAnswer(i2c_smbus_write_byte_data(file, reg, value));
 }
 
-KernelAnswer LinuxKernel::PortClaim(int file, std::chrono::nanoseconds limit) {
-    const CallLimit guard(limit);
-    if (guard.Error() != 0) {
-        return {.Error = guard.Error()};
-    }
+KernelAnswer LinuxKernel::PortClaim(int file) {
     return Answer(ioctl(file, PPCLAIM));
 }
 
@@ -170,24 +152,9 @@ std::optional<NodeRights> LinuxKernel::RightsOf(const std::string& path) {
     if (stat(path.c_str(), &facts) != 0) {
         return std::nullopt;
     }
-    std::array<char, 16384> buffer{};
-    passwd entry{};
-    const passwd* const owner = Account(facts.st_uid, entry, buffer);
-    return NodeRights{.Owner = owner != nullptr ? owner->pw_name : std::to_string(facts.st_uid),
-                      .Group = facts.st_gid,
-                      .GroupName = GroupName(facts.st_gid),
+    return NodeRights{.Owner = UserName(facts.st_uid),
+                      .Group = GroupName(facts.st_gid),
                       .Mode = facts.st_mode & 0777U};
-}
-
-UserRights LinuxKernel::User() {
-    std::array<char, 16384> buffer{};
-    passwd entry{};
-    const passwd* const account = Account(geteuid(), entry, buffer);
-    if (account == nullptr) {
-        return {.Name = std::to_string(geteuid()), .Session = SessionGroups(), .Account = {}};
-    }
-    return {
-        .Name = account->pw_name, .Session = SessionGroups(), .Account = AccountGroups(*account)};
 }
 
 std::chrono::nanoseconds LinuxKernel::Now() {

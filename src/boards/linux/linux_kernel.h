@@ -19,7 +19,7 @@ public:
     KernelAnswer SMBusReadByte(int file, std::uint8_t reg) override;
     KernelAnswer SMBusWriteByte(int file, std::uint8_t reg, std::uint8_t value) override;
 
-    KernelAnswer PortClaim(int file, std::chrono::nanoseconds limit) override;
+    KernelAnswer PortClaim(int file) override;
     KernelAnswer PortRelease(int file) override;
     KernelAnswer PortCompatible(int file) override;
     KernelAnswer PortForward(int file) override;
@@ -28,7 +28,6 @@ public:
 
     std::string Release() override;
     std::optional<NodeRights> RightsOf(const std::string& path) override;
-    UserRights User() override;
     std::chrono::nanoseconds Now() override;
     void Sleep(std::chrono::nanoseconds time) override;
 };

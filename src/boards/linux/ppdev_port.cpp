@@ -2,8 +2,8 @@
 
 #include "kernel_errors.h"
 
+#include <link/board_wiring.h>
 #include <link/link_error.h>
-#include <link/short_wait.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -18,6 +18,15 @@ constexpr std::string_view PortsFolder = "/proc/sys/dev/parport";
 /// From here on a delay is long enough to give the processor to others.
 constexpr std::chrono::microseconds ShortestSleep{500};
 constexpr std::chrono::milliseconds ClaimPause{5};
+
+/// Comes back after at least `time`, without giving the thread up: the waits between two line
+/// states are far shorter than the shortest sleep of an operating system.
+void ShortWait(std::chrono::nanoseconds time) {
+    using Clock = std::chrono::steady_clock;
+    const Clock::time_point end = Clock::now() + time;
+    while (Clock::now() < end) {
+    }
+}
 
 std::string FolderOf(const std::string& port) {
     return std::string(PortsFolder) + "/" + port;
@@ -117,25 +126,23 @@ void PpdevPort::Delay(std::chrono::nanoseconds time) {
 
 /// The kernel lets a claim sleep for as long as the other user likes, and meanwhile keeps every
 /// other ppdev program waiting, even the one that is to let the port go. So the claim is asked for
-/// only while nobody is seen to hold the port, and its own limit is left for whoever slips in
-/// between the look and the claim.
+/// only while nobody is seen to hold the port.
 ///
-/// A claim that was interrupted still stands in the kernel's queue, and would be handed the port
-/// later with nobody noticing. Closing the node takes it out.
+/// A claim that was interrupted is repeated. The first one still stands in the kernel's queue, and
+/// would be handed the port later with nobody noticing. Closing the node takes it out.
 void PpdevPort::Claim() {
     const std::chrono::nanoseconds end = m_kernel.Now() + ClaimLimit;
     for (;;) {
         Open();
         const std::string holder = OtherHolder();
-        const std::chrono::nanoseconds left = end - m_kernel.Now();
-        if (left <= std::chrono::nanoseconds::zero()) {
+        if (m_kernel.Now() >= end) {
             throw Busy(m_node, holder);
         }
         if (!holder.empty()) {
             m_kernel.Sleep(ClaimPause);
             continue;
         }
-        const KernelAnswer claimed = m_kernel.PortClaim(m_file->File(), left);
+        const KernelAnswer claimed = m_kernel.PortClaim(m_file->File());
         if (claimed.Error == EINTR) {
             Close();
             continue;
@@ -162,20 +169,12 @@ void PpdevPort::SetMode() {
     m_modeSet = true;
 }
 
-/// The port is let go even when its lines cannot be parked.
 void PpdevPort::Release() {
     m_claimed = false;
-    if (!m_file) {
-        return;
-    }
-    const int file = m_file->File();
-    const KernelAnswer parked = m_lines && m_lines != ParkedLines
-                                    ? m_kernel.PortWriteData(file, ParkedLines)
-                                    : KernelAnswer{};
-    const KernelAnswer released = m_kernel.PortRelease(file);
     m_lines.reset();
-    Expect(parked, "park the lines of");
-    Expect(released, "release");
+    if (m_file) {
+        Expect(m_kernel.PortRelease(m_file->File()), "release");
+    }
 }
 
 void PpdevPort::Open() {
@@ -212,7 +211,7 @@ unsigned long PpdevPort::Expect(const KernelAnswer& answer, const char* action) 
     if (MeansGone(answer.Error)) {
         Close();
     }
-    throw Failure("cannot " + std::string(action) + " " + m_node, PortErrors(), answer.Error);
+    throw Failure("cannot " + std::string(action) + " " + m_node, answer.Error);
 }
 
 std::vector<int> PrinterPortNumbers(KernelFace& kernel) {

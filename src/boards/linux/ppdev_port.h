@@ -3,7 +3,6 @@
 #include "kernel_files.h"
 #include "linuxboard/kernel_face.h"
 
-#include <link/board_wiring.h>
 #include <link/parallel_port.h>
 
 #include <chrono>
@@ -14,12 +13,6 @@
 #include <vector>
 
 namespace tqx {
-
-/// The byte that leaves both bus lines high in either wiring, with the board powered.
-inline constexpr std::uint8_t ParkedLines =
-    LineControlBits | DirectWiring.BothHigh | InvertedWiring.BothHigh;
-static_assert((ParkedLines & DirectWiring.LineBits()) == DirectWiring.BothHigh);
-static_assert((ParkedLines & InvertedWiring.LineBits()) == InvertedWiring.BothHigh);
 
 /// The shortest time for which the clock line is low. The one clock that has no bit delay ahead of
 /// it, that of a refused byte, would be shorter than the bus allows (4.7 us) on a fast machine.
@@ -43,7 +36,7 @@ public:
     void WriteData(std::uint8_t value) override;
     std::uint8_t ReadStatus() override;
     /// True opens the node, if need be, and claims the port; raises LinkError when another user
-    /// keeps it past ClaimLimit, and names him. False parks the lines and releases it.
+    /// keeps it past ClaimLimit, and names him. False releases it.
     void Hold(bool hold) override;
     void Delay(std::chrono::nanoseconds time) override;
 

@@ -5,7 +5,7 @@
 #include "simulated_port.h"
 #include "simulated_smbus.h"
 
-#include <link/link_parts.h>
+#include <link/link_server.h>
 #include <link/port_link.h>
 
 #include <string>

@@ -12,7 +12,7 @@
 #include <device/bench.h>
 #include <device/gpio_lines.h>
 #include <device/register_addresses.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 #include <controls/factories.h>
 #include <controls/look.h>
 #include <device/register_addresses.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <QGridLayout>
 #include <QKeyEvent>

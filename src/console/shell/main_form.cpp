@@ -14,7 +14,7 @@
 #include <controls/number_text.h>
 #include <device/bench.h>
 #include <device/register_addresses.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <QAction>
 #include <QApplication>

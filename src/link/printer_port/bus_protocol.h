@@ -18,6 +18,7 @@ inline constexpr std::uint8_t BlockReadCount = 32;
 /// @{
 inline constexpr int WriteHead = 3;
 inline constexpr int ReadHead = 2;
+
 /// @}
 
 /// The byte that opens a write to, or a read from, a slave address in 8-bit form, whatever its

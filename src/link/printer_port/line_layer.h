@@ -55,6 +55,7 @@ public:
     void SendAck();
     /// The master's refusal of a byte taken in, which ends the slave's sending.
     void ClockNack();
+
     /// Leaves the lines as they are for at least `time`.
     void Pause(std::chrono::nanoseconds time) { m_port.Delay(time); }
 
@@ -63,6 +64,7 @@ private:
     struct Sequences;
 
     bool Run(std::span<const Step> steps);
+
     void Put(std::uint8_t pattern) { m_port.WriteData(ControlBits | pattern); }
 
     ParallelPort& m_port;

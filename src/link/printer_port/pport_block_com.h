@@ -64,9 +64,7 @@ public:
     void SetupBlockData(std::uint8_t dataByte, std::uint8_t data);
 
     /// A byte of the read frame; data start at index 2.
-    std::uint8_t RetrieveBlockData(std::uint8_t dataByte) const {
-        return m_readFrame.at(dataByte);
-    }
+    std::uint8_t RetrieveBlockData(std::uint8_t dataByte) const { return m_readFrame.at(dataByte); }
 
     const FrameBytes& ReadFrame() const { return m_readFrame; }
 

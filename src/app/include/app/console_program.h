@@ -3,7 +3,7 @@
 #include <console/main_form.h>
 #include <controls/system_dialogs.h>
 #include <device/bench.h>
-#include <link/os_version_info.h>
+#include <link/link_server.h>
 #include <search/init_form.h>
 #include <search/main_form_door.h>
 #include <tools/tools.h>

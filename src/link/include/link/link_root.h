@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 namespace tqx {
 
@@ -27,17 +28,20 @@ using LinkFactory = std::function<std::unique_ptr<LinkServer>(const LinkSetup& s
 /// Holds the LinkServer of the run, which is made at its first use and kept until the end.
 class LinkRoot {
 public:
-    explicit LinkRoot(LinkFactory factory);
+    explicit LinkRoot(LinkFactory factory)
+        : m_factory(std::move(factory)) {}
 
     LinkRoot(const LinkRoot&) = delete;
     LinkRoot& operator=(const LinkRoot&) = delete;
 
-    LinkServer& operator*();
+    LinkServer& operator*() {
+        if (!m_server) {
+            m_server = m_factory(Setup);
+        }
+        return *m_server;
+    }
 
     LinkServer* operator->() { return &**this; }
-
-    /// True once the link has been made.
-    bool Made() const { return m_server != nullptr; }
 
     /// Ends the link early: lines are parked, ports let go. A use after that would make a new one.
     void LetGo() noexcept { m_server.reset(); }

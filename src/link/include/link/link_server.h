@@ -2,6 +2,9 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace tqx {
 
@@ -163,6 +166,38 @@ public:
     /// 0 printer port, 1 SMBus.
     virtual std::int16_t ActiveMedium() = 0;
     virtual void ActiveMedium(std::int16_t medium) = 0;
+};
+
+/// A LinkServer put together from one link for each medium. It starts on the printer port.
+class PartsLinkServer : public LinkServer {
+public:
+    PartsLinkServer(std::unique_ptr<tqx::PrinterPortLink> printerPort,
+                    std::unique_ptr<tqx::SMBusLink> smbus)
+        : m_printerPort(std::move(printerPort))
+        , m_smbus(std::move(smbus)) {}
+
+    tqx::PrinterPortLink& PrinterPortLink() override { return *m_printerPort; }
+
+    tqx::SMBusLink& SMBusLink() override { return *m_smbus; }
+
+    std::int16_t ActiveMedium() override { return m_activeMedium; }
+
+    void ActiveMedium(std::int16_t medium) override { m_activeMedium = medium; }
+
+private:
+    std::unique_ptr<tqx::PrinterPortLink> m_printerPort;
+    std::unique_ptr<tqx::SMBusLink> m_smbus;
+    std::int16_t m_activeMedium = ActivePrinterPort;
+};
+
+/// What the operating system tells of itself.
+class OSVersionInfo {
+public:
+    virtual ~OSVersionInfo() = default;
+
+    /// The build number, in decimal. 950, 1111, 1998, 2222 and 3000 are the systems on which the
+    /// machine's SMBus can be reached.
+    virtual std::string BuildNumber() = 0;
 };
 
 } // namespace tqx

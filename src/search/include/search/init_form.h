@@ -2,7 +2,7 @@
 
 #include "search/media_scan.h"
 
-#include <link/os_version_info.h>
+#include <link/link_server.h>
 
 #include <QDialog>
 

@@ -19,20 +19,9 @@ struct KernelAnswer {
 /// Who may use a device node.
 struct NodeRights {
     std::string Owner;
-    unsigned Group;
-    /// Empty where no group has this number.
-    std::string GroupName;
+    std::string Group;
     /// The nine permission bits.
     unsigned Mode;
-};
-
-/// The user that runs the program.
-struct UserRights {
-    std::string Name;
-    /// Groups that are in force in this session.
-    std::vector<unsigned> Session;
-    /// Groups that the user's account has; in force from the next login on.
-    std::vector<unsigned> Account;
 };
 
 /// Everything that the board asks of the kernel, one operation for one system call: what the
@@ -70,9 +59,8 @@ public:
     /// @name ppdev
     /// @{
 
-    /// Takes the port. The kernel may sleep until another user lets it go: EINTR when that takes
-    /// longer than `limit`, or for any other signal.
-    virtual KernelAnswer PortClaim(int file, std::chrono::nanoseconds limit) = 0;
+    /// Takes the port. The kernel sleeps until another user lets it go; a signal ends that.
+    virtual KernelAnswer PortClaim(int file) = 0;
     virtual KernelAnswer PortRelease(int file) = 0;
     /// Compatibility mode: the port's lines are moved by the program alone.
     virtual KernelAnswer PortCompatible(int file) = 0;
@@ -82,13 +70,12 @@ public:
     virtual KernelAnswer PortReadStatus(int file) = 0;
     /// @}
 
-    /// @name The system, its user and its time
+    /// @name The system and its time
     /// @{
 
     /// Such as "6.1.0-37-amd64".
     virtual std::string Release() = 0;
     virtual std::optional<NodeRights> RightsOf(const std::string& path) = 0;
-    virtual UserRights User() = 0;
     /// A clock that nobody sets.
     virtual std::chrono::nanoseconds Now() = 0;
     /// Gives the thread up for at least `time`.

@@ -3,7 +3,7 @@
 #include "linuxboard/kernel_face.h"
 
 #include <link/link_root.h>
-#include <link/os_version_info.h>
+#include <link/link_server.h>
 
 #include <functional>
 #include <memory>

@@ -10,7 +10,7 @@
 
 #include <link/board_wiring.h>
 #include <link/link_root.h>
-#include <link/os_version_info.h>
+#include <link/link_server.h>
 #include <link/parallel_port.h>
 
 #include <chrono>
