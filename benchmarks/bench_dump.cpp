@@ -34,7 +34,7 @@ struct BoardBench {
         Bench.Link->PrinterPortLink().BoardBus().SlaveAddress(Address);
     }
 
-    SimulatedBoard Board;
+    sim::SimulatedBoard Board;
     tqx::Bench Bench{Board.Factory()};
 };
 

@@ -66,7 +66,7 @@ struct Bed {
         state.counters["port_reads"] = static_cast<double>(Port->Reads) / transfers;
     }
 
-    SimulatedBoard Board;
+    sim::SimulatedBoard Board;
     LinkSetup Setup;
     CountingPort* Port = nullptr;
     std::unique_ptr<PortLink> Link;
@@ -110,7 +110,7 @@ void ReadBlockWithPEC(benchmark::State& state) {
 }
 
 void ReadRegisterOverSMBus(benchmark::State& state) {
-    SimulatedBoard board;
+    sim::SimulatedBoard board;
     const std::unique_ptr<SMBusLink> smbus = board.SMBus();
     while (state.KeepRunning()) {
         benchmark::DoNotOptimize(smbus->ReadByte(Address / 2, 0x16));

@@ -178,7 +178,7 @@ private:
             &widget, new QMouseEvent(type, at, at, Qt::LeftButton, Qt::LeftButton, Qt::NoModifier));
     }
 
-    SimulatedBoard m_board;
+    sim::SimulatedBoard m_board;
     Bench m_bench{m_board.Factory()};
     DesktopDialogs m_dialogs;
     Tools m_tools{m_dialogs};

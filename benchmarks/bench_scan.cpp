@@ -9,7 +9,7 @@ namespace {
 
 /// A whole search on both media of the simulated board, as fast as the machine goes.
 void Scan(benchmark::State& state) {
-    SimulatedBoard board;
+    sim::SimulatedBoard board;
     LinkRoot link(board.Factory());
     for ([[maybe_unused]] auto each : state) {
         MediaScan scan(link);

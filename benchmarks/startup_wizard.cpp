@@ -6,13 +6,13 @@
 
 /// The console on the simulated board, ended at the wizard's first paint.
 int main(int argc, char** argv) {
-    tqx::SimulatedBoard board;
+    tqx::sim::SimulatedBoard board;
     tqx::Application application(argc, argv);
     tqx::QuitAtFirstPaint quit;
     application.installEventFilter(&quit);
     tqx::DesktopDialogs dialogs;
-    tqx::ConsoleProgram program({board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(), {}},
-                                dialogs);
+    tqx::ConsoleProgram program(
+        {board.Factory(), tqx::sim::SimulatedBoard::OSVersionInfoFactory(), {}}, dialogs);
     program.Start();
     return QApplication::exec();
 }

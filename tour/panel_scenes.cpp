@@ -66,7 +66,7 @@ void Tour::ShowBlockPanel() {
 }
 
 void Tour::ShowRefusedBlocks() {
-    m_board.TheFaults().Always(Fault::WrongPEC);
+    m_board.TheFaults().Always(sim::Fault::WrongPEC);
     Click(Find(Main(), "BlockReadCMD"));
     m_board.TheFaults().AllOff();
     Expect(Find<QLabel>(Main(), "PECStatusLBL").text() == "PEC Failed", "a damaged PEC is told");

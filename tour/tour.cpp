@@ -34,7 +34,7 @@ void Tour::FixSurroundings() {
 Tour::Tour(Stop stop)
     : m_stop(std::move(stop))
     , m_board({.Seed = 7716, .Now = [this] { return m_clock.Now(); }})
-    , m_program({m_board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board",
+    , m_program({m_board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), "Simulated board",
                  [this] { return std::make_unique<BoardWindow>(m_board); },
                  [this](float seconds) {
                      m_clock.Step(std::chrono::nanoseconds(std::lround(seconds * 1e9F)));

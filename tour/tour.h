@@ -121,7 +121,7 @@ private:
     QMetaObject::Connection m_meanwhile;
     bool m_meanwhileDone = false;
     TourClock m_clock;
-    SimulatedBoard m_board;
+    sim::SimulatedBoard m_board;
     TourDialogs m_dialogs;
     ConsoleProgram m_program;
 };

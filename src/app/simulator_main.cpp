@@ -7,9 +7,9 @@
 
 /// The console on the simulated board, whose own window stands beside it.
 int main(int argc, char** argv) {
-    tqx::SimulatedBoard board;
+    tqx::sim::SimulatedBoard board;
     return tqx::RunConsole(argc, argv, QStringLiteral("org.tqx7716.Simulator"),
-                           {board.Factory(), tqx::SimulatedBoard::OSVersionInfoFactory(),
+                           {board.Factory(), tqx::sim::SimulatedBoard::OSVersionInfoFactory(),
                             QStringLiteral("Simulated board"),
                             [&] { return std::make_unique<tqx::BoardWindow>(board); }});
 }

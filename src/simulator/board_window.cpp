@@ -23,7 +23,7 @@ constexpr int BackKey = Qt::Key_F12;
 
 } // namespace
 
-BoardWindow::BoardWindow(SimulatedBoard& board) {
+BoardWindow::BoardWindow(sim::SimulatedBoard& board) {
     setObjectName("SimulatedBoardFRM");
     setWindowTitle("Simulated board");
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -55,12 +55,12 @@ QWidget* BoardWindow::MakeBanner() {
     return banner;
 }
 
-void BoardWindow::MakePages(SimulatedBoard& board) {
+void BoardWindow::MakePages(sim::SimulatedBoard& board) {
     m_tabs = new QTabWidget;
     m_tabs->setObjectName("BoardTab");
     m_tabs->setAccessibleName("Parts of the simulated board");
-    AddPage(new InputsPage(board, {InputKind::Voltage}), "VoltagesPage", "Voltages");
-    AddPage(new InputsPage(board, {InputKind::Temperature, InputKind::Fan}), "TempsPage",
+    AddPage(new InputsPage(board, {sim::InputKind::Voltage}), "VoltagesPage", "Voltages");
+    AddPage(new InputsPage(board, {sim::InputKind::Temperature, sim::InputKind::Fan}), "TempsPage",
             "Temps, fans");
     AddPage(new PinsPage(board), "PinsPage", "Pins");
     AddPage(new BusPage(board), "BusPage", "Bus");

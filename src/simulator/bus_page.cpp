@@ -24,7 +24,7 @@ constexpr std::array Speeds{Speed{"As &fast as possible", 0}, Speed{"&100 kHz", 
 
 } // namespace
 
-BusPage::BusPage(SimulatedBoard& board)
+BusPage::BusPage(sim::SimulatedBoard& board)
     : m_board(board) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(2 * look::Grid);

@@ -4,20 +4,22 @@
 
 namespace tqx {
 
+namespace sim {
 class SimulatedBoard;
+}
 
 /// Speed of the bus, the plug and the power.
 class BusPage : public BoardPage {
     Q_OBJECT
 
 public:
-    explicit BusPage(SimulatedBoard& board);
+    explicit BusPage(sim::SimulatedBoard& board);
 
 private:
     QWidget* MakeSpeeds();
     QWidget* MakeConnection();
 
-    SimulatedBoard& m_board;
+    sim::SimulatedBoard& m_board;
 };
 
 } // namespace tqx

@@ -27,7 +27,7 @@ struct FaultText {
 constexpr const char* Access = "a port access or a call on the SMBus";
 
 /// In the order of Fault.
-constexpr std::array<FaultText, FaultCount> Texts{{
+constexpr std::array<FaultText, sim::FaultCount> Texts{{
     {"No answer", "The chip does not acknowledge its address.", "a transfer to the chip"},
     {"Data stuck low", "Port reads give 00h, calls on the SMBus time out.", Access},
     {"Data stuck high", "Nothing gets through, reads give FFh.", Access},
@@ -39,19 +39,19 @@ constexpr std::array<FaultText, FaultCount> Texts{{
     {"Link fails", "The call fails with an error.", Access},
 }};
 
-Fault FaultAt(int index) {
-    return static_cast<Fault>(index);
+sim::Fault FaultAt(int index) {
+    return static_cast<sim::Fault>(index);
 }
 
 } // namespace
 
-FaultsPage::FaultsPage(SimulatedBoard& board)
+FaultsPage::FaultsPage(sim::SimulatedBoard& board)
     : m_board(board) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(look::Grid / 2);
     grid->setColumnStretch(0, 1);
-    for (int index = 0; index < static_cast<int>(FaultCount); ++index) {
+    for (int index = 0; index < static_cast<int>(sim::FaultCount); ++index) {
         MakeLine(*grid, index);
     }
     auto* allOff = new QPushButton("All &off");
@@ -119,7 +119,7 @@ void FaultsPage::SetFault(int index) {
 
 void FaultsPage::SwitchAllOff() {
     m_board.TheFaults().AllOff();
-    for (int index = 0; index < static_cast<int>(FaultCount); ++index) {
+    for (int index = 0; index < static_cast<int>(sim::FaultCount); ++index) {
         ShowFault(index);
     }
     Q_EMIT Changed();

@@ -11,14 +11,16 @@ class QGridLayout;
 
 namespace tqx {
 
+namespace sim {
 class SimulatedBoard;
+}
 
 /// The faults that the board can be asked for, each off, always on, or on at every nth occasion.
 class FaultsPage : public BoardPage {
     Q_OBJECT
 
 public:
-    explicit FaultsPage(SimulatedBoard& board);
+    explicit FaultsPage(sim::SimulatedBoard& board);
 
     /// How many faults are switched on.
     int CountOn() const;
@@ -37,8 +39,8 @@ private:
     void SetFault(int index);
     void SwitchAllOff();
 
-    SimulatedBoard& m_board;
-    std::array<Line, FaultCount> m_lines;
+    sim::SimulatedBoard& m_board;
+    std::array<Line, sim::FaultCount> m_lines;
 };
 
 } // namespace tqx

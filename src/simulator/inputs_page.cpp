@@ -16,7 +16,7 @@ namespace tqx {
 namespace {
 
 /// In the order of ChipInput.
-constexpr std::array<const char*, ChipInputCount> Captions{
+constexpr std::array<const char*, sim::ChipInputCount> Captions{
     "IntTemp", "ExtTemp0", "ExtTemp1", "Fan 0", "Fan 1", "Fan 2", "Fan 3",
     "Fan 4",   "Fan 5",    "Fan 6",    "Fan 7", "Vbatt", "+5V",   "-12V",
     "+12V",    "Vccp",     "Ain 0",    "Ain 1", "Ain 2", "Ain 3", "Ain 4",
@@ -50,35 +50,35 @@ QString InputRange::Text(double value) const {
     return QString::number(value, 'f', Decimals).rightJustified(ValueWidth) + ' ' + Unit;
 }
 
-InputRange RangeOf(ChipInput input) {
-    const InputFacts& facts = FactsOf(input);
+InputRange RangeOf(sim::ChipInput input) {
+    const sim::InputFacts& facts = sim::FactsOf(input);
     const QString caption = QLatin1String(Captions.at(static_cast<std::size_t>(input)));
     switch (facts.Kind) {
-    case InputKind::Temperature:
+    case sim::InputKind::Temperature:
         return {caption, "C", -HottestDegrees, HottestDegrees, 1, 1};
-    case InputKind::Fan:
+    case sim::InputKind::Fan:
         return {caption, "RPM", 0, FastestFan, 100, 0};
-    case InputKind::Voltage:
+    case sim::InputKind::Voltage:
         break;
     }
     return {caption, "V", facts.Min, facts.Max, (facts.Max - facts.Min) / VoltageCounts, 3};
 }
 
-QString SharedPinNote(ChipInput input) {
+QString SharedPinNote(sim::ChipInput input) {
     switch (input) {
-    case ChipInput::Ext2Temp:
+    case sim::ChipInput::Ext2Temp:
         return "Measured while bit 3 of 00h is clear.";
-    case ChipInput::Ain8:
-    case ChipInput::Ain9:
+    case sim::ChipInput::Ain8:
+    case sim::ChipInput::Ain9:
         return "Measured while bit 3 of 00h is set.";
     default:
-        return FactsOf(input).Kind == InputKind::Fan
+        return sim::FactsOf(input).Kind == sim::InputKind::Fan
                    ? QStringLiteral("Measured while its bit of 01h is clear.")
                    : QString();
     }
 }
 
-InputLine::InputLine(SimulatedBoard& board, ChipInput input, QGridLayout& grid, int row)
+InputLine::InputLine(sim::SimulatedBoard& board, sim::ChipInput input, QGridLayout& grid, int row)
     : QObject(grid.parentWidget())
     , m_board(board)
     , m_input(input)
@@ -98,7 +98,7 @@ void InputLine::MakeControls() {
     m_value = kit::Readout(kit::MemberName("InputValueLBL", static_cast<int>(m_input)),
                            m_range.Text(m_range.Min));
     m_hold = new QCheckBox("Hold");
-    m_hold->setChecked(m_board.TheChip().ThePlant().IsForced(m_input));
+    m_hold->setChecked(m_board.IsForced(m_input));
     m_box = new HandValue;
     m_box->setFont(look::NumbersFont());
     m_box->setRange(m_range.Min, m_range.Max);
@@ -154,12 +154,12 @@ void InputLine::Refresh() {
 }
 
 void InputLine::LetRun() {
-    m_board.TheChip().ThePlant().Release(m_input);
+    m_board.Release(m_input);
     Refresh();
 }
 
 void InputLine::HoldAt(double value) {
-    m_board.TheChip().ThePlant().Force(m_input, value);
+    m_board.Force(m_input, value);
     const QSignalBlocker quiet(m_hold);
     m_hold->setChecked(true);
     ShowSetting(value);
@@ -173,12 +173,12 @@ void InputLine::ShowSetting(double value) {
     m_slider->setValue(m_range.PositionOf(value));
 }
 
-InputsPage::InputsPage(SimulatedBoard& board, std::initializer_list<InputKind> kinds) {
+InputsPage::InputsPage(sim::SimulatedBoard& board, std::initializer_list<sim::InputKind> kinds) {
     auto* grid = new QGridLayout(this);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(look::Grid / 2);
     grid->setColumnStretch(SliderColumn, 1);
-    for (const InputFacts& facts : ChipInputs) {
+    for (const sim::InputFacts& facts : sim::ChipInputs) {
         if (std::find(kinds.begin(), kinds.end(), facts.Kind) != kinds.end()) {
             m_lines.push_back(new InputLine(board, facts.Input, *grid, grid->rowCount()));
         }

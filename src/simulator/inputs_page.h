@@ -17,7 +17,10 @@ class QLabel;
 
 namespace tqx {
 
+namespace sim {
 class SimulatedBoard;
+}
+
 
 /// How an input of the board is named and set.
 struct InputRange {
@@ -40,10 +43,10 @@ struct InputRange {
     QString Text(double value) const;
 };
 
-InputRange RangeOf(ChipInput input);
+InputRange RangeOf(sim::ChipInput input);
 
 /// When the chip measures the input, for those that share their pin; empty for the others.
-QString SharedPinNote(ChipInput input);
+QString SharedPinNote(sim::ChipInput input);
 
 /// One input of the board: its present value, and what holds it. While it runs, box and slider
 /// follow it; a value set by hand is held at once, and the check box lets it run again.
@@ -52,7 +55,7 @@ class InputLine : public QObject {
 
 public:
     /// Fills the row `row` of `grid`, whose widget becomes the line's parent.
-    InputLine(SimulatedBoard& board, ChipInput input, QGridLayout& grid, int row);
+    InputLine(sim::SimulatedBoard& board, sim::ChipInput input, QGridLayout& grid, int row);
 
     /// Shows the value of this moment.
     void Refresh();
@@ -65,8 +68,8 @@ private:
     void HoldAt(double value);
     void ShowSetting(double value);
 
-    SimulatedBoard& m_board;
-    ChipInput m_input;
+    sim::SimulatedBoard& m_board;
+    sim::ChipInput m_input;
     InputRange m_range;
     QLabel* m_value = nullptr;
     QCheckBox* m_hold = nullptr;
@@ -78,7 +81,7 @@ private:
 class InputsPage : public BoardPage {
 public:
     /// The inputs of these kinds, in the chip's order.
-    InputsPage(SimulatedBoard& board, std::initializer_list<InputKind> kinds);
+    InputsPage(sim::SimulatedBoard& board, std::initializer_list<sim::InputKind> kinds);
 
     void Refresh() override;
 

@@ -18,13 +18,13 @@ constexpr int ColumnsOfALine = 4;
 constexpr int ThermLine = 16;
 constexpr std::array Addresses{0x58, 0x5A, 0x5C};
 
-QString UseText(int line, PinUse use) {
+QString UseText(int line, sim::PinUse use) {
     switch (use) {
-    case PinUse::Input:
+    case sim::PinUse::Input:
         return "input";
-    case PinUse::Output:
+    case sim::PinUse::Output:
         return "output";
-    case PinUse::OtherFunction:
+    case sim::PinUse::OtherFunction:
         break;
     }
     return line == ThermLine ? QStringLiteral("THERM") : QStringLiteral("Fan %1").arg(line);
@@ -37,7 +37,7 @@ QString AddressText(int address) {
 
 } // namespace
 
-PinsPage::PinsPage(SimulatedBoard& board)
+PinsPage::PinsPage(sim::SimulatedBoard& board)
     : m_board(board) {
     auto* layout = new QVBoxLayout(this);
     layout->setSpacing(2 * look::Grid);
@@ -51,7 +51,7 @@ QWidget* PinsPage::MakeGPIO() {
     auto* grid = new QGridLayout(group);
     grid->setHorizontalSpacing(2 * look::Grid);
     grid->setVerticalSpacing(look::Grid / 2);
-    for (int line = 0; line < GPIOLines::Count; ++line) {
+    for (int line = 0; line < sim::Chip::GPIOLineCount; ++line) {
         MakeLine(*grid, line);
     }
     grid->setColumnStretch(ColumnsOfALine - 1, 1);
@@ -145,7 +145,7 @@ HandCombo* PinsPage::MakeBoardMode() {
 }
 
 void PinsPage::Refresh() {
-    for (int line = 0; line < GPIOLines::Count; ++line) {
+    for (int line = 0; line < sim::Chip::GPIOLineCount; ++line) {
         const auto index = static_cast<std::size_t>(line);
         m_levels[index]->setText(m_board.TheChip().GPIOLevel(line) ? "1" : "0");
         m_uses[index]->setText(UseText(line, m_board.TheChip().UseOf(line)));

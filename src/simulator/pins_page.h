@@ -13,7 +13,9 @@ class QLabel;
 
 namespace tqx {
 
+namespace sim {
 class SimulatedBoard;
+}
 
 /// The board's pins and jumpers: GPIO lines, chassis switch, write protection, address pins and
 /// board mode.
@@ -21,7 +23,7 @@ class PinsPage : public BoardPage {
     Q_OBJECT
 
 public:
-    explicit PinsPage(SimulatedBoard& board);
+    explicit PinsPage(sim::SimulatedBoard& board);
 
     void Refresh() override;
 
@@ -34,9 +36,9 @@ private:
     HandCombo* MakeAddressPins();
     HandCombo* MakeBoardMode();
 
-    SimulatedBoard& m_board;
-    std::array<QLabel*, GPIOLines::Count> m_levels{};
-    std::array<QLabel*, GPIOLines::Count> m_uses{};
+    sim::SimulatedBoard& m_board;
+    std::array<QLabel*, sim::Chip::GPIOLineCount> m_levels{};
+    std::array<QLabel*, sim::Chip::GPIOLineCount> m_uses{};
 };
 
 } // namespace tqx

@@ -24,7 +24,7 @@ constexpr int SecondsDecimals = 6;
 
 } // namespace
 
-TraceModel::TraceModel(BusTrace& trace, const QFont& face, QObject* parent)
+TraceModel::TraceModel(sim::BusTrace& trace, const QFont& face, QObject* parent)
     : QAbstractListModel(parent)
     , m_trace(trace)
     , m_face(face) {}
@@ -38,7 +38,7 @@ bool TraceModel::Refresh() {
     m_lines = m_trace.Lines();
     const auto longest = std::max_element(
         m_lines.begin(), m_lines.end(),
-        [](const TraceLine& a, const TraceLine& b) { return a.Text.size() < b.Text.size(); });
+        [](const sim::TraceLine& a, const sim::TraceLine& b) { return a.Text.size() < b.Text.size(); });
     if (longest != m_lines.end()) {
         const QFontMetrics metrics(m_face);
         const QString text = TextOf(static_cast<int>(longest - m_lines.begin()));
@@ -60,13 +60,13 @@ QVariant TraceModel::data(const QModelIndex& index, int role) const {
 }
 
 QString TraceModel::TextOf(int row) const {
-    const TraceLine& line = m_lines.at(static_cast<std::size_t>(row));
+    const sim::TraceLine& line = m_lines.at(static_cast<std::size_t>(row));
     const double seconds = std::chrono::duration<double>(line.Time).count();
     return QString::number(seconds, 'f', SecondsDecimals).rightJustified(SecondsWidth) + "  " +
            QString::fromStdString(line.Text);
 }
 
-TracePage::TracePage(SimulatedBoard& board)
+TracePage::TracePage(sim::SimulatedBoard& board)
     : m_trace(board.Trace())
     , m_model(m_trace, look::NumbersFont(look::Size::Note)) {
     MakeList();

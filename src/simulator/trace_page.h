@@ -16,7 +16,9 @@ class QPushButton;
 
 namespace tqx {
 
+namespace sim {
 class SimulatedBoard;
+}
 
 /// The transfers of a bus trace as rows of a list, the oldest first. The rows stand still between
 /// two calls of Refresh.
@@ -25,7 +27,7 @@ class TraceModel : public QAbstractListModel {
 
 public:
     /// The trace must outlive the model. `face`: the fixed-width face that the rows are shown in.
-    TraceModel(BusTrace& trace, const QFont& face, QObject* parent = nullptr);
+    TraceModel(sim::BusTrace& trace, const QFont& face, QObject* parent = nullptr);
 
     /// Takes over what the trace keeps at this moment. False when nothing has changed.
     bool Refresh();
@@ -39,10 +41,10 @@ public:
     QString TextOf(int row) const;
 
 private:
-    BusTrace& m_trace;
+    sim::BusTrace& m_trace;
     QFont m_face;
     std::uint64_t m_version = 0;
-    std::vector<TraceLine> m_lines;
+    std::vector<sim::TraceLine> m_lines;
     QSize m_rowSize;
 };
 
@@ -51,7 +53,7 @@ class TracePage : public BoardPage {
     Q_OBJECT
 
 public:
-    explicit TracePage(SimulatedBoard& board);
+    explicit TracePage(sim::SimulatedBoard& board);
 
     void Refresh() override;
 
@@ -60,7 +62,7 @@ private:
     QHBoxLayout* MakeButtons();
     void Copy() const;
 
-    BusTrace& m_trace;
+    sim::BusTrace& m_trace;
     TraceModel m_model;
     QListView* m_list = nullptr;
 };

@@ -19,10 +19,10 @@ namespace tqx::test {
 /// The program on a simulated board on which time stands still.
 class BoardProgram : public testing::Test, protected Hands {
 protected:
-    SimulatedBoard board{{.Now = [] { return std::chrono::seconds(60); }}};
+    sim::SimulatedBoard board{{.Now = [] { return std::chrono::seconds(60); }}};
     AnsweredDialogs dialogs;
     ConsoleProgram program{
-        {board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"}, dialogs};
+        {board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), "Simulated board"}, dialogs};
 
     /// Gives the window the keyboard.
     static void Activate(QWidget& window) {

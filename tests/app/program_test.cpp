@@ -12,10 +12,10 @@ using testing::IsEmpty;
 /// The program on the simulated board.
 class SimulatorTest : public test::ProgramTest {
 protected:
-    SimulatedBoard board{{.BoardMode = true, .SlaveAddress = 0x5A}};
+    sim::SimulatedBoard board{{.BoardMode = true, .SlaveAddress = 0x5A}};
 
     SimulatorTest() {
-        Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), "Simulated board"});
+        Start({board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), "Simulated board"});
     }
 
     BusCell& Cell() { return program->TheBench().Bus.BusCell; }
@@ -32,7 +32,7 @@ TEST_F(SimulatorTest, FinishWatchesTheChipOnEitherMedium) {
     for (const Medium& medium :
          {Medium{0, ComsPrinterPort, 0x5A, 0x378}, Medium{1, ComsSMBus, 0x2D, 0}}) {
         SCOPED_TRACE(medium.Row);
-        Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), {}});
+        Start({board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), {}});
         EXPECT_EQ(program->Main(), nullptr);
         Choose(medium.Row);
         ASSERT_TRUE(program->Main()->isVisible());
@@ -69,10 +69,10 @@ TEST_F(SimulatorTest, SkipOpensTheMainWindowWithoutAChip) {
 TEST_F(SimulatorTest, EveryWayOutOfTheWizardEndsTheProgram) {
     EXPECT_TRUE(EndsBy([this] { ClickWizard("CancelCMD"); }));
 
-    Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), {}});
+    Start({board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), {}});
     EXPECT_TRUE(EndsBy([this] { program->Wizard()->close(); }));
 
-    Start({board.Factory(), SimulatedBoard::OSVersionInfoFactory(), {}});
+    Start({board.Factory(), sim::SimulatedBoard::OSVersionInfoFactory(), {}});
     EXPECT_TRUE(EndsBy([this] {
         Search();
         ASSERT_NE(program->Main(), nullptr);

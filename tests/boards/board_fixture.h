@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// A simulated board at 58h whose clock stands until a test moves it, and a link to it.
 class BoardTest : public testing::Test {
@@ -51,4 +51,4 @@ protected:
     int Notices = 0;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

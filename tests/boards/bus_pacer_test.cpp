@@ -1,11 +1,13 @@
 #include "board_fixture.h"
-#include "faults/faulty_port.h"
+#include "bus/bus_pacer.h"
+#include "bus/chip_slave.h"
+#include "faults/faulty_media.h"
 #include "simulated_port.h"
 #include "simulated_smbus.h"
 
 #include <link/port_link.h>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 using namespace std::chrono_literals;
@@ -24,7 +26,7 @@ protected:
     LinkSetup Setup;
     Chip Model;
     ChipSlave Slave{Model, Address};
-    Faults Trouble{1};
+    Faults Trouble;
     nanoseconds Clock{0};
     BusPacer Pacer{[this] { return Clock; }, [this](nanoseconds time) { Clock += time + 70us; }};
 };
@@ -58,4 +60,4 @@ TEST_F(BusPacerTest, SlowBusHoldsEachAccessAtAnyRate) {
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

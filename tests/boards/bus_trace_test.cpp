@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 using testing::ElementsAre;
@@ -100,4 +100,4 @@ TEST_F(BusTraceTest, KeepsTheLastTransfersAndNoPartOfOne) {
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

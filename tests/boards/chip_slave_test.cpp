@@ -1,12 +1,13 @@
+#include "bus/chip_slave.h"
+
 #include <link/pec.h>
 #include <simulated/chip.h>
-#include <simulated/chip_slave.h>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 using testing::ElementsAre;
@@ -94,4 +95,4 @@ TEST_F(ChipSlaveTest, BlockWriteIsStoredOnlyWholeAndWithAGoodPEC) {
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

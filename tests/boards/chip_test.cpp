@@ -1,9 +1,10 @@
+#include "chip/plant.h"
+
 #include <simulated/chip.h>
 
-#include <cmath>
 #include <gtest/gtest.h>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 using namespace std::chrono_literals;
@@ -177,27 +178,5 @@ TEST_F(ChipTest, EEPROMWritesOnlyInOneModeAndWithoutProtection) {
     }
 }
 
-TEST(Plant, IsTheSameForTheSameSeedAndTimeAndMovesWithTime) {
-    const Plant plant(7);
-    const Plant same(7);
-    const Plant other(8);
-    const ChipInput rail = ChipInput::Plus12V;
-    EXPECT_EQ(plant.Value(rail, 90s), same.Value(rail, 90s));
-    EXPECT_NE(plant.Value(rail, 90s), other.Value(rail, 90s));
-    double lowest = 1e9;
-    double highest = 0;
-    for (std::chrono::milliseconds time{0}; time < 5min; time += 100ms) {
-        const double volts = plant.Value(rail, time);
-        EXPECT_NEAR(plant.Value(rail, time + 1ms), volts, 0.01); // no jumps
-        lowest = std::min(lowest, volts);
-        highest = std::max(highest, volts);
-    }
-    EXPECT_GT(highest - lowest, 0.15);
-    EXPECT_NEAR(lowest, 12.05, 0.3);
-    EXPECT_NEAR(highest, 12.05, 0.3);
-    EXPECT_GT(plant.Value(ChipInput::IntTemp, 5min), plant.Value(ChipInput::IntTemp, 0s) + 10);
-    EXPECT_EQ(plant.Value(ChipInput::Fan0, 0s), 0);
-}
-
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <vector>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 constexpr std::uint8_t CompanyID = 0x16;
@@ -77,4 +77,4 @@ TEST_P(FaultsTest, AFailureAtAnyPortAccessLeavesTheBusUsable) {
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

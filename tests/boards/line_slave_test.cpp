@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 /// Writes down what it hears as "S58 C3 P ", acknowledges everything and gives out A5h.
@@ -98,4 +98,4 @@ TEST_F(LineSlaveTest, AStartInTheMiddleOfAByteBeginsAnewAndAStopEndsTheTransfer)
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

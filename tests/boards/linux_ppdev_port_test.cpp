@@ -95,8 +95,8 @@ TEST_F(PpdevPortTest, AFailureNamesThePortAndTheNextHoldIsGood) {
     kernel.Rights["/dev/parport0"] = {.Owner = "root", .Group = "lp", .Mode = 0660};
 
     for (const auto& failure : failures) {
-        kernel.NextErrors[failure.Operation] = {failure.Error};
         port = std::make_unique<PpdevPort>(kernel, "parport0", 0x378);
+        kernel.NextErrors[failure.Operation] = {failure.Error};
         const std::string read = FailureOf([this] {
             port->Hold(true);
             port->WriteData(0xB3);
@@ -106,7 +106,12 @@ TEST_F(PpdevPortTest, AFailureNamesThePortAndTheNextHoldIsGood) {
         EXPECT_THAT(read, AllOf(HasSubstr("/dev/parport0"), HasSubstr(failure.Read)));
         EXPECT_EQ(kernel.OpenFiles() == 0, failure.Closed) << read;
         port->Hold(false);
+        kernel.TakeCalls();
         port->Hold(true);
+        if (failure.Closed) {
+            EXPECT_EQ(kernel.TakeCalls(),
+                      "OpenNode /dev/parport0; PortClaim; PortCompatible; PortForward");
+        }
         port->WriteData(0xB1);
         EXPECT_EQ(kernel.Data, 0xB1) << read;
     }

@@ -1,15 +1,14 @@
 #include "board_fixture.h"
 
-#include <link/board_wiring.h>
+#include <device/channel_table.h>
+#include <link/link_new_com_port.h>
 
-#include <gmock/gmock.h>
-#include <span>
+#include <tuple>
 
-namespace tqx {
+namespace tqx::sim {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::ElementsAre;
 
 constexpr std::uint8_t CompanyID = 0x16;
 constexpr std::uint8_t Mode = 0x13;
@@ -103,5 +102,37 @@ TEST_F(SimulatedBoardTest, TimeComesFromTheClockThatItWasGiven) {
     EXPECT_EQ(Read(0x38), 0xFF);
 }
 
+/// The model has a table of its own, so that neither can be wrong unseen.
+TEST_F(SimulatedBoardTest, ItsInputsStandWhereTheProgramLooksForThem) {
+    LinkNewComPort bus(Link);
+    ChannelTable table(bus);
+    table.ConfigureChannels();
+    std::size_t input = 0;
+    const auto expectNext = [&input](InputKind kind, int value, int high, int low, float min = 0,
+                                     float max = 0) {
+        const InputFacts& facts = ChipInputs.at(input);
+        EXPECT_EQ(static_cast<std::size_t>(facts.Input), input);
+        EXPECT_EQ(std::tuple(facts.Kind, facts.Value, facts.HighLimit, facts.LowLimit),
+                  std::tuple(kind, value, high, low))
+            << input;
+        EXPECT_FLOAT_EQ(static_cast<float>(facts.Min), min) << input;
+        EXPECT_FLOAT_EQ(static_cast<float>(facts.Max), max) << input;
+        ++input;
+    };
+    for (const Temperature& channel : table.Temperatures) {
+        expectNext(InputKind::Temperature, channel.ValueAddressPointer, channel.MaxAddressPointer,
+                   channel.MinAddressPointer);
+    }
+    for (const Fan& channel : table.Fans) {
+        expectNext(InputKind::Fan, channel.ValueAddressPointer, channel.LimitAddressPointer,
+                   channel.LimitAddressPointer);
+    }
+    for (const Voltage& channel : table.Voltages) {
+        expectNext(InputKind::Voltage, channel.ValueAddrPtr, channel.HighLimitPtr,
+                   channel.LowLimitPtr, channel.MinVoltage, channel.MaxVoltage);
+    }
+    EXPECT_EQ(input, ChipInputCount);
+}
+
 } // namespace
-} // namespace tqx
+} // namespace tqx::sim

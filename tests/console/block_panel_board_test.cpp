@@ -23,7 +23,7 @@ protected:
         panel.Click("UsePECCHK");
     }
 
-    Faults& TheFaults() { return simulated.Board.TheFaults(); }
+    sim::Faults& TheFaults() { return simulated.Board.TheFaults(); }
 
     void StartInEEPROM(const char* high, const char* low) {
         panel.Click("AccessEEPROMCHK");
@@ -73,7 +73,7 @@ TEST_F(BlockPanelOnTheBoard, ADamagedPECIsToldAndStoresNothing) {
     panel.Type("LowByteTXT", "60");
     panel.Click("BlockReadCMD");
     const std::string before = panel.Row("ReadDataLBL", 1, 8);
-    TheFaults().Always(Fault::WrongPEC);
+    TheFaults().Always(sim::Fault::WrongPEC);
     panel.Click("BlockReadCMD");
     ExpectPEC("PEC Failed", red);
     panel.Type("ByteCountTXT", "8");
@@ -90,7 +90,7 @@ TEST_F(BlockPanelOnTheBoard, ADamagedPECIsToldAndStoresNothing) {
 TEST_F(BlockPanelOnTheBoard, ACountOtherThan32IsToldAndShowsNoEarlierBlock) {
     panel.Click("BlockReadCMD");
     ExpectPEC("PEC was OK", green);
-    TheFaults().Always(Fault::ShortCount);
+    TheFaults().Always(sim::Fault::ShortCount);
     panel.Click("BlockReadCMD");
     EXPECT_THAT(notices, ElementsAre("The byte count read did not equal 32"));
     EXPECT_EQ(panel.Row("ReadDataLBL", 1, 2), "--- ---");

@@ -57,7 +57,7 @@ public:
 
     BoardBus& Bus() { return Bench.Link->PrinterPortLink().BoardBus(); }
 
-    SimulatedBoard Board{{.Now = [] { return std::chrono::seconds{60}; }}};
+    sim::SimulatedBoard Board{{.Now = [] { return std::chrono::seconds{60}; }}};
     /// The board's port, which belongs to the link.
     SilencedPort* Port = nullptr;
     tqx::Bench Bench{[this](const LinkSetup& setup) {

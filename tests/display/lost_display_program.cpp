@@ -55,7 +55,7 @@ public:
         Save();
     }
 
-    SimulatedBoard Board;
+    sim::SimulatedBoard Board;
     int Claims = 0;
 
 private:

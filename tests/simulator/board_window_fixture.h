@@ -21,7 +21,7 @@ namespace tqx::test {
 class BoardWindowTest : public testing::Test {
 protected:
     std::chrono::nanoseconds Time{std::chrono::minutes(10)};
-    SimulatedBoard Board{{.Now = [this] { return Time; }}};
+    sim::SimulatedBoard Board{{.Now = [this] { return Time; }}};
     LinkRoot Link{Board.Factory()};
     BoardWindow Window{Board};
 

@@ -15,11 +15,13 @@ class FaultsPageTest : public test::BoardWindowTest {
 protected:
     FaultsPageTest() { Open("FaultsPage"); }
 
-    void Set(Fault fault, int when) {
+    void Set(sim::Fault fault, int when) {
         Choose(Find<QComboBox>("FaultCOMBO", static_cast<int>(fault)), when);
     }
 
-    QSpinBox& Nth(Fault fault) { return Find<QSpinBox>("FaultEveryTXT", static_cast<int>(fault)); }
+    QSpinBox& Nth(sim::Fault fault) {
+        return Find<QSpinBox>("FaultEveryTXT", static_cast<int>(fault));
+    }
 
     QString TabText() {
         auto& tabs = Find<QTabWidget>("BoardTab");
@@ -28,19 +30,20 @@ protected:
 };
 
 TEST_F(FaultsPageTest, EachLineSetsItsOwnFault) {
-    for (std::size_t index = 0; index < FaultCount; ++index) {
-        Set(static_cast<Fault>(index), Always);
-        for (std::size_t other = 0; other < FaultCount; ++other) {
-            EXPECT_EQ(Board.TheFaults().Every(static_cast<Fault>(other)), other == index ? 1U : 0U);
+    for (std::size_t index = 0; index < sim::FaultCount; ++index) {
+        Set(static_cast<sim::Fault>(index), Always);
+        for (std::size_t other = 0; other < sim::FaultCount; ++other) {
+            EXPECT_EQ(Board.TheFaults().Every(static_cast<sim::Fault>(other)),
+                      other == index ? 1U : 0U);
         }
-        Set(static_cast<Fault>(index), 0);
+        Set(static_cast<sim::Fault>(index), 0);
     }
 }
 
 TEST_F(FaultsPageTest, AlwaysIsSeenThroughTheLink) {
-    Set(Fault::NoAnswer, Always);
+    Set(sim::Fault::NoAnswer, Always);
     EXPECT_EQ(Read(CompanyID), 0xFF);
-    Set(Fault::LinkFails, Always);
+    Set(sim::Fault::LinkFails, Always);
     EXPECT_THROW(Read(CompanyID), LinkError);
     EXPECT_EQ(TabText(), "Faults: 2 on");
     Click(Find<QAbstractButton>("AllOffCMD"));
@@ -49,11 +52,11 @@ TEST_F(FaultsPageTest, AlwaysIsSeenThroughTheLink) {
 }
 
 TEST_F(FaultsPageTest, EveryNthStrikesAtThatOccasion) {
-    EXPECT_FALSE(Nth(Fault::NoAnswer).isEnabled());
-    Set(Fault::NoAnswer, Every);
-    Nth(Fault::NoAnswer).selectAll();
-    QTest::keyClicks(&Nth(Fault::NoAnswer), "3");
-    QTest::keyClick(&Nth(Fault::NoAnswer), Qt::Key_Return);
+    EXPECT_FALSE(Nth(sim::Fault::NoAnswer).isEnabled());
+    Set(sim::Fault::NoAnswer, Every);
+    Nth(sim::Fault::NoAnswer).selectAll();
+    QTest::keyClicks(&Nth(sim::Fault::NoAnswer), "3");
+    QTest::keyClick(&Nth(sim::Fault::NoAnswer), Qt::Key_Return);
     for (int transfer = 1; transfer <= 6; ++transfer) {
         EXPECT_EQ(Read(CompanyID), transfer % 3 == 0 ? 0xFF : 0x41) << transfer;
     }

@@ -13,8 +13,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int Plus12V = static_cast<int>(ChipInput::Plus12V);
-constexpr int Fan0 = static_cast<int>(ChipInput::Fan0);
+constexpr int Plus12V = static_cast<int>(sim::ChipInput::Plus12V);
+constexpr int Fan0 = static_cast<int>(sim::ChipInput::Fan0);
 constexpr std::uint8_t Plus12VValue = 0x2E;
 constexpr std::uint8_t Fan0Value = 0x38;
 
@@ -38,9 +38,9 @@ TEST_F(InputsPageTest, HoldKeepsTheValueOfThisMomentAndClearLetsItRun) {
     const std::uint8_t count = Read(Fan0Value);
     Time += 5min + 100ms;
     EXPECT_EQ(Read(Fan0Value), count);
-    EXPECT_EQ(Board.ValueAt(ChipInput::Fan0), held);
+    EXPECT_EQ(Board.ValueAt(sim::ChipInput::Fan0), held);
     Click(Hold(Fan0));
-    EXPECT_NE(Board.ValueAt(ChipInput::Fan0), held);
+    EXPECT_NE(Board.ValueAt(sim::ChipInput::Fan0), held);
 }
 
 TEST_F(InputsPageTest, ATypedValueIsHeldOnEnter) {
@@ -72,8 +72,8 @@ TEST_F(InputsPageTest, ARunningInputIsFollowedAndNotHeldByIt) {
     const QString before = Shown(Plus12V);
     Time += 7s;
     EXPECT_TRUE(QTest::qWaitFor([&] { return Shown(Plus12V) != before; }, 2000));
-    EXPECT_NEAR(Box(Plus12V).value(), Board.ValueAt(ChipInput::Plus12V), 0.001);
-    EXPECT_FALSE(Board.TheChip().ThePlant().IsForced(ChipInput::Plus12V));
+    EXPECT_NEAR(Box(Plus12V).value(), Board.ValueAt(sim::ChipInput::Plus12V), 0.001);
+    EXPECT_FALSE(Board.IsForced(sim::ChipInput::Plus12V));
 }
 
 TEST_F(InputsPageTest, TheWheelOverAControlWithoutTheFocusHoldsNothing) {
@@ -84,13 +84,13 @@ TEST_F(InputsPageTest, TheWheelOverAControlWithoutTheFocusHoldsNothing) {
                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QCoreApplication::sendEvent(control, &turn);
     }
-    EXPECT_FALSE(Board.TheChip().ThePlant().IsForced(ChipInput::Plus12V));
+    EXPECT_FALSE(Board.IsForced(sim::ChipInput::Plus12V));
 }
 
 TEST(InputRange, EveryInputHasANameAndItsModelledValueInItsRange) {
-    SimulatedBoard board;
+    sim::SimulatedBoard board;
     std::set<QString> names;
-    for (const InputFacts& facts : ChipInputs) {
+    for (const sim::InputFacts& facts : sim::ChipInputs) {
         const InputRange range = RangeOf(facts.Input);
         names.insert(range.Caption);
         const double value = board.ValueAt(facts.Input);
@@ -101,7 +101,7 @@ TEST(InputRange, EveryInputHasANameAndItsModelledValueInItsRange) {
         }
         EXPECT_DOUBLE_EQ(range.ValueAt(range.LastPosition()), range.Max);
     }
-    EXPECT_EQ(names.size(), ChipInputCount);
+    EXPECT_EQ(names.size(), sim::ChipInputCount);
 }
 
 } // namespace

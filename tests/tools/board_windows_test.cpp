@@ -23,7 +23,7 @@ namespace {
 
 class BoardWindowsTest : public testing::Test, protected test::Hands {
 protected:
-    SimulatedBoard board{{.Now = [] { return std::chrono::seconds(1); }}};
+    sim::SimulatedBoard board{{.Now = [] { return std::chrono::seconds(1); }}};
     Bench bench{board.Factory()};
     int warnings = 0;
     MessageDoor door = [this](auto&&...) {

@@ -1,6 +1,6 @@
 #include "simulated_smbus.h"
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -59,4 +59,4 @@ std::uint8_t SimulatedSMBus::Receive() {
     return value;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "simulated/bus_pacer.h"
-#include "simulated/byte_slave.h"
+#include "bus/bus_pacer.h"
+#include "bus/byte_slave.h"
 
 #include <link/link_server.h>
 
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// A host's SMBus with a bus slave on it. Where nobody answers a read gives FFh and a write goes
 /// nowhere, also at an address that does not fit seven bits.
@@ -38,4 +38,4 @@ private:
     std::uint8_t m_slaveAddress = 0;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,11 +1,11 @@
-#include "simulated/bus_pacer.h"
+#include "bus/bus_pacer.h"
 
 #include <algorithm>
 #include <cmath>
 #include <thread>
 #include <utility>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -62,4 +62,4 @@ void BusPacer::SleepOff() {
     m_owed = std::max(m_owed - (m_last - before), -MostCredit);
 }
 
-} // namespace tqx
+} // namespace tqx::sim

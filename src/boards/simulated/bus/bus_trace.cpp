@@ -1,10 +1,12 @@
 #include "simulated/bus_trace.h"
 
+#include "bus/byte_slave.h"
+
 #include <algorithm>
 #include <string_view>
 #include <utility>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -16,23 +18,22 @@ void AppendHex(std::string& text, std::uint8_t value) {
 
 } // namespace
 
-BusTrace::BusTrace(ByteSlave& next, std::function<Nanoseconds()> now)
-    : ForwardingSlave(next)
-    , m_now(std::move(now))
+BusTrace::BusTrace(std::function<Nanoseconds()> now)
+    : m_now(std::move(now))
     , m_origin(m_now()) {}
 
-bool BusTrace::Start(std::uint8_t address) {
-    if (!m_paused) {
-        m_began = m_open ? Began::StartedAgain : Began::Started;
-        if (!m_open) {
-            m_transfers[m_transfersEnd++ % MostTransfers] = {.Time = m_now() - m_origin,
-                                                             .FirstByte = m_bytesEnd,
-                                                             .BytesEnd = m_bytesEnd,
-                                                             .Stopped = false};
-            m_open = true;
-        }
+void BusTrace::Started() {
+    if (m_paused) {
+        return;
     }
-    return ForwardingSlave::Start(address);
+    m_began = m_open ? Began::StartedAgain : Began::Started;
+    if (!m_open) {
+        m_transfers[m_transfersEnd++ % MostTransfers] = {.Time = m_now() - m_origin,
+                                                         .FirstByte = m_bytesEnd,
+                                                         .BytesEnd = m_bytesEnd,
+                                                         .Stopped = false};
+        m_open = true;
+    }
 }
 
 void BusTrace::Passed(std::uint8_t value, bool acknowledged) {
@@ -43,15 +44,13 @@ void BusTrace::Passed(std::uint8_t value, bool acknowledged) {
         Newest().BytesEnd = m_bytesEnd;
         ++m_version;
     }
-    ForwardingSlave::Passed(value, acknowledged);
 }
 
-void BusTrace::Stop() {
+void BusTrace::Stopped() {
     if (std::exchange(m_open, false)) {
         Newest().Stopped = true;
         ++m_version;
     }
-    ForwardingSlave::Stop();
 }
 
 void BusTrace::Paused(bool paused) {
@@ -101,4 +100,4 @@ std::string BusTrace::TextOf(const Transfer& transfer) const {
     return text;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

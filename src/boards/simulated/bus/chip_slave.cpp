@@ -1,6 +1,6 @@
-#include "simulated/chip_slave.h"
+#include "bus/chip_slave.h"
 
-namespace tqx {
+namespace tqx::sim {
 
 ChipSlave::ChipSlave(ChipMemory& memory, std::uint8_t address)
     : m_pointer(memory)
@@ -86,4 +86,4 @@ void ChipSlave::StepOn() {
     m_accessed = true;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

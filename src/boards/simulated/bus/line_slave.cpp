@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -140,4 +140,4 @@ void LineSlave::Release(Phase next) {
     m_bits = 0;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

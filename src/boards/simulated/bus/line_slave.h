@@ -1,16 +1,34 @@
 #pragma once
 
-#include "simulated/byte_slave.h"
+#include "bus/byte_slave.h"
+
+#include <link/board_wiring.h>
 
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// The levels of the two bus lines as one side drives them: true lets the line go high.
 struct LineLevels {
     bool Data = true;
     bool Clock = true;
 };
+
+/// The levels that a byte on the data register puts on the lines of a board.
+constexpr LineLevels LevelsOf(const BoardWiring& wiring, std::uint8_t data) {
+    const int lines = data & wiring.LineBits();
+    return {.Data = lines == wiring.BothHigh || lines == wiring.DataHighClockLow,
+            .Clock = lines == wiring.BothHigh || lines == wiring.DataLowClockHigh};
+}
+
+/// The byte with other levels in the place of its own.
+constexpr std::uint8_t WithLevels(const BoardWiring& wiring, std::uint8_t data, LineLevels levels) {
+    std::uint8_t pattern = levels.Clock ? wiring.DataLowClockHigh : wiring.BothLow;
+    if (levels.Data) {
+        pattern = levels.Clock ? wiring.BothHigh : wiring.DataHighClockLow;
+    }
+    return static_cast<std::uint8_t>((data & ~wiring.LineBits()) | pattern);
+}
 
 /// A bus slave on the two lines. It sees the lines change write by write and drives the data line.
 ///
@@ -64,4 +82,4 @@ private:
     int m_bitTimes = 0;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -95,4 +95,4 @@ std::uint8_t VoltageCount(const InputFacts& facts, double volts) {
         std::lround(std::clamp((volts - facts.Min) / step, 0.0, 255.0)));
 }
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,8 +1,8 @@
-#include "simulated/chip_registers.h"
+#include "chip/chip_registers.h"
 
 #include <algorithm>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -48,4 +48,4 @@ RegisterBytes PowerOnRegisters() {
     return registers;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,8 +1,8 @@
-#include "simulated/input_monitor.h"
+#include "chip/input_monitor.h"
 
 #include <algorithm>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -120,4 +120,4 @@ bool InputMonitor::OutOfLimits(const InputFacts& facts) const {
     return value > high || value < low;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

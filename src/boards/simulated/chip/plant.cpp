@@ -1,9 +1,9 @@
-#include "simulated/plant.h"
+#include "chip/plant.h"
 
 #include <cmath>
 #include <numbers>
 
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -101,4 +101,4 @@ double Plant::SpinUp(ChipInput input, double nominal, double seconds) const {
            (1 + FanWander * Noise(input, seconds, RipplePeriod * 4));
 }
 
-} // namespace tqx
+} // namespace tqx::sim

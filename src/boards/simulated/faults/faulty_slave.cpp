@@ -1,8 +1,6 @@
-#include "simulated/faulty_slave.h"
+#include "faults/faulty_slave.h"
 
-#include "simulated/block_commands.h"
-
-namespace tqx {
+namespace tqx::sim {
 
 namespace {
 
@@ -69,4 +67,4 @@ bool FaultySlave::BlockWritePECNext() const {
     return m_command == BlockWriteCommand && m_position >= 2 && m_position == m_count + 2;
 }
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -9,7 +9,10 @@ namespace tqx {
 
 class BoardPage;
 class FaultsPage;
+
+namespace sim {
 class SimulatedBoard;
+}
 
 /// The simulated board's own window: what a bench would give around the chip, and a trace of the
 /// bus beneath the console.
@@ -22,7 +25,7 @@ class BoardWindow : public QWidget {
 
 public:
     /// The board must outlive the window.
-    explicit BoardWindow(SimulatedBoard& board);
+    explicit BoardWindow(sim::SimulatedBoard& board);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -33,7 +36,7 @@ protected:
 
 private:
     QWidget* MakeBanner();
-    void MakePages(SimulatedBoard& board);
+    void MakePages(sim::SimulatedBoard& board);
     void AddPage(BoardPage* page, const QString& name, const QString& caption);
     void Refresh();
     void ShowFaultCount();

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "simulated/byte_slave.h"
-
 #include <array>
 #include <chrono>
 #include <cstddef>
@@ -10,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// A transfer on view.
 struct TraceLine {
@@ -22,11 +20,11 @@ struct TraceLine {
     std::string Text;
 };
 
-/// Listens to every transfer on the bus, answered or not, and keeps the last of them.
+/// The record of every transfer on the bus, answered or not, of which it keeps the last.
 ///
 /// It writes down three bytes for each byte on the bus, into rings that are there from the
-/// beginning; text is made when it is asked for. What passes is handed on unchanged.
-class BusTrace : public ForwardingSlave {
+/// beginning; text is made when it is asked for.
+class BusTrace {
 public:
     using Nanoseconds = std::chrono::nanoseconds;
 
@@ -36,12 +34,15 @@ public:
     static constexpr std::size_t MostBytes = 8192;
     /// @}
 
-    /// The next slave must outlive the trace.
-    BusTrace(ByteSlave& next, std::function<Nanoseconds()> now);
+    explicit BusTrace(std::function<Nanoseconds()> now);
 
-    bool Start(std::uint8_t address) override;
-    void Passed(std::uint8_t value, bool acknowledged) override;
-    void Stop() override;
+    /// What comes on the bus: a start, a byte with its acknowledge, a stop.
+    /// @{
+    void Started();
+    void Passed(std::uint8_t value, bool acknowledged);
+    void Stopped();
+
+    /// @}
 
     /// While paused nothing is written down and what is kept stays. A transfer that is under way
     /// when the pause begins or ends is left incomplete or out.
@@ -95,4 +96,4 @@ private:
     bool m_paused = false;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

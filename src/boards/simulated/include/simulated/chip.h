@@ -1,16 +1,27 @@
 #pragma once
 
-#include "simulated/chip_memory.h"
-#include "simulated/chip_registers.h"
-#include "simulated/eeprom.h"
-#include "simulated/gpio_lines.h"
-#include "simulated/input_monitor.h"
-#include "simulated/plant.h"
-
 #include <chrono>
 #include <cstdint>
+#include <memory>
 
-namespace tqx {
+namespace tqx::sim {
+
+struct GPIOSetup;
+class Plant;
+
+/// The chip's two address spaces, as a bus transfer sees them.
+class ChipMemory {
+public:
+    virtual ~ChipMemory() = default;
+
+    virtual std::uint8_t Read(std::uint8_t reg) = 0;
+    virtual void Write(std::uint8_t reg, std::uint8_t value) = 0;
+
+    /// EEPROM addresses run from 0 to 8191.
+    virtual std::uint8_t ReadEEPROM(std::uint16_t address) = 0;
+    /// Programs or erases, as the mode register says, or does nothing.
+    virtual void WriteEEPROM(std::uint16_t address, std::uint8_t value) = 0;
+};
 
 /// What the pin of a GPIO line does at present: the first nine lines share theirs.
 enum class PinUse : std::uint8_t { OtherFunction, Input, Output };
@@ -21,7 +32,11 @@ enum class PinUse : std::uint8_t { OtherFunction, Input, Output };
 /// A register without a function of its own stores what is written to it.
 class Chip : public ChipMemory {
 public:
+    /// The first eight share their pins with fans, the last with THERM.
+    static constexpr int GPIOLineCount = 17;
+
     explicit Chip(std::uint32_t seed = 1);
+    ~Chip() override;
 
     Chip(const Chip&) = delete;
     Chip& operator=(const Chip&) = delete;
@@ -39,22 +54,20 @@ public:
     void WriteEEPROM(std::uint16_t address, std::uint8_t value) override;
 
     /// Where a measured input is forced to a value, and released.
-    Plant& ThePlant() { return m_plant; }
+    Plant& ThePlant();
 
     /// The chassis switch. Opening it latches the alarm, which the host clears through Config3
     /// while the chassis is closed.
     void ChassisOpen(bool open);
 
-    bool ChassisOpen() const { return m_chassisOpen; }
+    bool ChassisOpen() const;
 
     /// The write-protect pin, which a jumper sets. While it is set nothing is programmed or erased,
     /// bit 3 of the EEPROM's mode register reads 1 and a write leaves that bit as it was. The bit
     /// protects by itself as well.
     /// @{
-    void WriteProtectPin(bool set) { m_writeProtectPin = set; }
-
-    bool WriteProtectPin() const { return m_writeProtectPin; }
-
+    void WriteProtectPin(bool set);
+    bool WriteProtectPin() const;
     /// @}
 
     /// Puts a level on GPIO line 0 to 16 from outside, which shows while the line is an input.
@@ -63,7 +76,7 @@ public:
     bool GPIOLevel(int line) const;
 
     /// The level that the outside puts on the line.
-    bool OutsideLevel(int line) const { return m_lines.Outside(line); }
+    bool OutsideLevel(int line) const;
 
     PinUse UseOf(int line) const;
 
@@ -79,14 +92,8 @@ private:
     void WriteConfig1(std::uint8_t value);
     void WriteConfig3(std::uint8_t value);
 
-    RegisterBytes m_registers = PowerOnRegisters();
-    Plant m_plant;
-    InputMonitor m_monitor{m_plant, m_registers};
-    EEPROM m_eeprom;
-    GPIOLines m_lines;
-    bool m_chassisOpen = false;
-    bool m_intrusion = false;
-    bool m_writeProtectPin = false;
+    struct Parts;
+    std::unique_ptr<Parts> m_parts;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// What the chip can measure. Ext2Temp and Ain8, Ain9 share pins.
 enum class ChipInput : std::uint8_t {
@@ -80,4 +80,4 @@ std::uint8_t FanCount(double rpm, int divisor);
 /// Count of a voltage on the input's own scale.
 std::uint8_t VoltageCount(const InputFacts& facts, double volts);
 
-} // namespace tqx
+} // namespace tqx::sim

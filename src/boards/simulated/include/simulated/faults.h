@@ -1,10 +1,10 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
-#include <random>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// What can go wrong on the simulated board, and what counts as one occasion for it.
 enum class Fault : std::uint8_t {
@@ -31,43 +31,41 @@ enum class Fault : std::uint8_t {
 
 inline constexpr std::size_t FaultCount = 9;
 
-/// Which faults are switched on and when they strike. The same seed and settings strike at the
-/// same occasions.
+/// Which faults are switched on and when they strike.
 class Faults {
 public:
-    explicit Faults(std::uint32_t seed);
-
     /// Strikes at each occasion.
     void Always(Fault fault) { Every(fault, 1); }
 
     /// Strikes at each `nth` occasion, counted from now on; 0 never.
-    void Every(Fault fault, unsigned nth);
-    /// Strikes with a probability from 0 to 1.
-    void Chance(Fault fault, double probability);
+    void Every(Fault fault, unsigned nth) { Of(fault) = {.Every = nth}; }
 
     void Off(Fault fault) { Every(fault, 0); }
 
-    void AllOff();
+    void AllOff() { m_modes = {}; }
 
-    bool IsOn(Fault fault) const;
-
-    /// The `nth` that was set last; 0 when the fault is off or left to chance.
+    /// The `nth` that was set last; 0 when the fault is off.
     unsigned Every(Fault fault) const { return m_modes.at(static_cast<std::size_t>(fault)).Every; }
 
     /// An occasion for the fault has come: True when it strikes.
-    bool Strikes(Fault fault);
+    bool Strikes(Fault fault) {
+        Mode& mode = Of(fault);
+        if (mode.Every == 0) {
+            return false;
+        }
+        mode.Passed = (mode.Passed + 1) % mode.Every;
+        return mode.Passed == 0;
+    }
 
 private:
     struct Mode {
         unsigned Every = 0;
         unsigned Passed = 0;
-        double Chance = 0;
     };
 
     Mode& Of(Fault fault) { return m_modes.at(static_cast<std::size_t>(fault)); }
 
     std::array<Mode, FaultCount> m_modes;
-    std::mt19937 m_random;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <functional>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// Lets the transfers of a modelled bus take as long as they would on a real one.
 ///
@@ -38,4 +38,4 @@ private:
     Nanoseconds m_last{0};
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// What surrounds the chip and what it measures: rails with ripple and drift, temperatures that
 /// warm up slowly, fans that spin up. The same seed and time give the same value, whatever was
@@ -34,4 +34,4 @@ private:
     std::array<std::optional<double>, ChipInputCount> m_forced;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// A slave on the bus, byte by byte. Both media of the simulated board speak to one chain of
 /// these: the chip at its end, and before it whatever listens to or disturbs the transfers.
@@ -56,4 +56,13 @@ inline constexpr std::uint8_t ReadBit = 0x01;
 /// What the master reads where no slave answers.
 inline constexpr std::uint8_t IdleBus = 0xFF;
 
-} // namespace tqx
+/// Commands of the chip's block transfers.
+/// @{
+inline constexpr std::uint8_t BlockWriteCommand = 0xA0;
+inline constexpr std::uint8_t BlockReadCommand = 0xA1;
+/// @}
+
+/// Most data bytes of a block; a block read always has as many.
+inline constexpr std::uint8_t BlockSize = 32;
+
+} // namespace tqx::sim

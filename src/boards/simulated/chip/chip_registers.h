@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// Addresses of the registers in which the modelled chip does more than store a byte.
 namespace chipreg {
@@ -69,4 +69,4 @@ constexpr bool IsReadOnly(std::uint8_t reg) {
            (reg >= chipreg::FirstValue && reg <= chipreg::LastValue);
 }
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "simulated/block_transfers.h"
-#include "simulated/byte_slave.h"
-#include "simulated/chip_pointer.h"
+#include "bus/block_transfers.h"
+#include "bus/byte_slave.h"
 
 #include <cstdint>
 #include <optional>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// The chip's side of the bus protocol.
 ///
@@ -47,4 +46,4 @@ private:
     std::optional<OutgoingBlock> m_outgoing;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

@@ -1,12 +1,38 @@
 #pragma once
 
-#include "simulated/block_commands.h"
-#include "simulated/chip_pointer.h"
+#include "bus/byte_slave.h"
+#include "simulated/chip.h"
 
 #include <array>
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
+
+/// The chip's address pointer: a register or an EEPROM address. It stays in its space: behind the
+/// last address comes the first.
+class ChipPointer {
+public:
+    /// The memory must outlive the pointer.
+    explicit ChipPointer(ChipMemory& memory);
+
+    void SelectRegister(std::uint8_t reg);
+    /// `high` from 80h to 9Fh.
+    void SelectEEPROM(std::uint8_t high, std::uint8_t low);
+
+    std::uint8_t Read() const;
+    void Write(std::uint8_t value) const;
+    void Advance();
+
+private:
+    ChipMemory& m_memory;
+    std::uint16_t m_address = 0;
+    bool m_eeprom = false;
+};
+
+/// True for the first byte of an EEPROM address.
+constexpr bool IsEEPROMHighByte(std::uint8_t value) {
+    return value >= 0x80 && value <= 0x9F;
+}
 
 /// A block write as the chip takes it in: count, data, and perhaps a PEC. The byte after the
 /// announced data is the PEC; the chip cannot know ahead of it whether one comes. So the data wait
@@ -54,4 +80,4 @@ private:
     int m_position = 0;
 };
 
-} // namespace tqx
+} // namespace tqx::sim

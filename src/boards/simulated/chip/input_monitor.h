@@ -1,13 +1,13 @@
 #pragma once
 
-#include "simulated/chip_registers.h"
-#include "simulated/plant.h"
+#include "chip/chip_registers.h"
+#include "chip/plant.h"
 
 #include <array>
 #include <chrono>
 #include <cstdint>
 
-namespace tqx {
+namespace tqx::sim {
 
 /// The measuring half of the chip: turns what the plant gives into the bytes of the value
 /// registers, and holds them against the limits.
@@ -45,4 +45,4 @@ private:
     std::array<std::uint8_t, ChipInputCount> m_held{};
 };
 
-} // namespace tqx
+} // namespace tqx::sim
