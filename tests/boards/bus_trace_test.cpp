@@ -10,7 +10,6 @@ namespace tqx::sim {
 namespace {
 
 using testing::ElementsAre;
-using testing::EndsWith;
 using testing::StartsWith;
 
 class BusTraceTest : public BoardTest {
@@ -26,16 +25,6 @@ protected:
     }
 };
 
-TEST_F(BusTraceTest, DecodesTransfersOfBothMediaAlike) {
-    Write(0x45, 0xA5);
-    Read(0x45);
-    SMBus().WriteByte(0x2C, 0x45, 0xA5);
-    SMBus().ReadByte(0x2C, 0x45);
-    const std::string write = "S 58w+ 45+ A5+ P";
-    const std::string read = "S 58w+ 45+ Sr 59r+ A5- P";
-    EXPECT_THAT(Take(), ElementsAre(write, read, write, read));
-}
-
 TEST_F(BusTraceTest, ShowsTransfersThatNobodyAnswers) {
     // The printer port goes on, whatever the chip says, and pulls the data line low at the end of
     // each acknowledge clock: where the line was high that is a start condition.
@@ -45,22 +34,6 @@ TEST_F(BusTraceTest, ShowsTransfersThatNobodyAnswers) {
     Board.Plugged(false);
     SMBus().WriteByte(0x2C, 0x16, 0);
     EXPECT_THAT(Take(), ElementsAre("S 5Aw- Sr 16w- Sr 5Br- Sr FFr- P", "S 5Aw- P", "S 58w- P"));
-}
-
-TEST_F(BusTraceTest, ShowsBlocksWithTheAcknowledgeOfEachByte) {
-    Write(0x70, 0);
-    Take();
-    WriteBlock();
-    Board.TheFaults().Always(Fault::WrongPEC);
-    WriteBlock();
-    ReadBlock();
-    const std::vector<std::string> texts = Take();
-    ASSERT_EQ(texts.size(), 3U);
-    EXPECT_THAT(texts[0], StartsWith("S 58w+ A0+ 03+ 11+ 22+ 33+ "));
-    EXPECT_THAT(texts[0], EndsWith("+ P"));
-    EXPECT_EQ(texts[1], texts[0].substr(0, texts[0].size() - 3) + "- P") << "the chip refuses";
-    EXPECT_THAT(texts[2], StartsWith("S 58w+ A1+ Sr 59r+ 20+ "));
-    EXPECT_THAT(texts[2], EndsWith("- P")) << "the host ends the read";
 }
 
 TEST_F(BusTraceTest, ATransferThatBreaksOffHasNoStopAndTheNextBeginsWithARepeatedStart) {

@@ -89,17 +89,6 @@ TEST_F(BlockTransfer, AWriteSendsHeadDataAndPEC) {
     EXPECT_THAT(Trace(5), ElementsAre(0x8F, 0xCD, 0x63, 0x59, 0x66));
 }
 
-TEST_F(BlockTransfer, AFullWriteEndsItsTraceAtIndex34AndShorterOnesKeepTheTail) {
-    block.UsePEC(true);
-    Write(std::vector<std::uint8_t>(32, 0x5A));
-    const std::uint8_t last = block.BlockPECData(34);
-    EXPECT_EQ(block.PEC(), last);
-    EXPECT_EQ(block.BlockPECData(35), 0);
-    Write({0x11, 0x22});
-    EXPECT_EQ(block.BlockPECData(4), 0x66);
-    EXPECT_EQ(block.BlockPECData(34), last);
-}
-
 TEST_F(BlockTransfer, WithoutPECTheResultsOfTheLastOneStand) {
     block.UsePEC(true);
     Write({0x11, 0x22});

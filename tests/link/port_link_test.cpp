@@ -135,11 +135,6 @@ TEST_P(PortLinkTransfer, AfterAWrongCountTheNextTransferFindsTheBusUsable) {
     EXPECT_EQ(bus.ReadByte(0x58, 0x16), 0x41);
 }
 
-TEST_P(PortLinkTransfer, ABlockThatDoesNotFitIsNotSent) {
-    EXPECT_THROW(bus.BlockWrite(36, WriteBlock{}), std::out_of_range);
-    EXPECT_EQ(board->TakeBus(), "");
-}
-
 TEST_P(PortLinkTransfer, TheEEPROMGoesByTheBusAddress) {
     bus.SlaveAddress(0x5C);
     board->ToSend = {0x77};

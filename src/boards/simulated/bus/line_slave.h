@@ -12,6 +12,8 @@ namespace tqx::sim {
 struct LineLevels {
     bool Data = true;
     bool Clock = true;
+
+    bool operator==(const LineLevels&) const = default;
 };
 
 /// The levels that a byte on the data register puts on the lines of a board.

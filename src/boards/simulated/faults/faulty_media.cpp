@@ -34,11 +34,12 @@ FaultyPort::FaultyPort(std::unique_ptr<ParallelPort> port, const BoardWiring& wi
 
 void FaultyPort::WriteData(std::uint8_t value) {
     Access();
-    LineLevels levels = LevelsOf(m_wiring, value);
+    const LineLevels told = LevelsOf(m_wiring, value);
+    LineLevels levels = told;
     levels.Data = levels.Data && !m_faults.Strikes(Fault::DataStuckLow);
     levels.Data = m_faults.Strikes(Fault::DataStuckHigh) || levels.Data;
     levels.Clock = levels.Clock && !m_faults.Strikes(Fault::ClockStuckLow);
-    m_port->WriteData(WithLevels(m_wiring, value, levels));
+    m_port->WriteData(levels == told ? value : WithLevels(m_wiring, value, levels));
 }
 
 std::uint8_t FaultyPort::ReadStatus() {
