@@ -99,7 +99,7 @@ void Tour::ShowNegativeRail() {
     Watch(6s);
     Expect(gauge.Caption().startsWith("-"), "the gauge shows a negative voltage");
     const std::uint8_t before = m_board.TheChip().Read(HighLimitMinus12V);
-    const GaugeGeometry& geometry = gauge.Geometry();
+    const GaugeGeometry& geometry = gauge.Plan();
     const QPoint from = geometry.HandleLine(gauge.Pointers().at(HighHandle)).center().toPoint();
     const QPoint to(from.x(), qRound(geometry.ToY(HighLimitDraggedTo)));
     QTest::mousePress(&gauge, Qt::LeftButton, {}, from);

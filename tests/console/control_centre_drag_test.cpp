@@ -95,7 +95,7 @@ protected:
     }
 
     void DragExactly(const DragCase& c) {
-        const GaugeGeometry& geometry = Gauge().Geometry();
+        const GaugeGeometry& geometry = Gauge().Plan();
         const QPoint from = Grip(c.Pointer);
         const double start = c.Pointer == 3 ? c.High : c.Low;
         const double to = geometry.ToY(geometry.ToValue(from.y()) + c.To - start);

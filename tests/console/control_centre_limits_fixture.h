@@ -37,7 +37,7 @@ protected:
 
     /// Where a pointer can be taken with the mouse: a handle by its line, a band by its middle.
     QPoint Grip(int pointer) {
-        const GaugeGeometry& geometry = Gauge().Geometry();
+        const GaugeGeometry& geometry = Gauge().Plan();
         const GaugePointer& at = Gauge().Pointers().at(pointer);
         return (pointer < 2 ? geometry.Band(at) : geometry.HandleLine(at)).center().toPoint();
     }
@@ -52,7 +52,7 @@ protected:
     /// Drags a pointer to a value on the scale in a few steps, and lets go.
     void Drag(int pointer, double value) {
         const QPoint from = Grip(pointer);
-        const QPoint to(from.x(), qRound(Gauge().Geometry().ToY(value)));
+        const QPoint to(from.x(), qRound(Gauge().Plan().ToY(value)));
         QTest::mousePress(&Gauge(), Qt::LeftButton, Qt::NoModifier, from);
         for (int step = 1; step <= 4; ++step) {
             MoveTo(from + (to - from) * step / 4);

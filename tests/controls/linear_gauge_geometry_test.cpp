@@ -13,9 +13,6 @@ constexpr GaugeScale Degrees{-128, 127};
 constexpr GaugeScale Rpm{0, 15000};
 constexpr GaugeScale Minus12{-15.928, 2.428};
 constexpr GaugeScale Standby{0.0172, 4.423};
-constexpr GaugeScale AllScales[] = {Degrees,        Rpm,          {0.016, 3.984},
-                                    {0.026, 6.634}, Minus12,      {0.062, 15.938},
-                                    {0.012, 2.988}, {0.01, 2.49}, Standby};
 
 GaugePointers TwoHandles(double low, double high) {
     GaugePointers pointers;
@@ -53,64 +50,6 @@ TEST(GaugeGeometry, EveryScaleGetsRoundMarksAndItsOwnEnds) {
     }
 }
 
-TEST(GaugeGeometry, MarksKeepTheirDistanceAtEveryHeight) {
-    constexpr double LabelHeight = 15;
-    for (const GaugeScale& scale : AllScales) {
-        for (const double length : {60.0, 130.0, 380.0, 900.0}) {
-            double lastMark = -1e9;
-            double lastLabel = -1e9;
-            for (const GaugeTick& tick : ScaleTicks(scale, length, LabelHeight)) {
-                const double at = (tick.Value - scale.Min) / scale.Span() * length;
-                EXPECT_GT(at, lastMark) << scale.Max << ", " << length;
-                lastMark = at;
-                if (!tick.Label.isEmpty()) {
-                    EXPECT_GE(at - lastLabel, LabelHeight - 1e-9) << scale.Max << ", " << length;
-                    lastLabel = at;
-                }
-            }
-            EXPECT_DOUBLE_EQ(lastMark, length);
-        }
-    }
-}
-
-TEST(GaugeGeometry, AScaleTurnedUpsideDownIsEmpty) {
-    EXPECT_TRUE(ScaleTicks({100, 3.984}, 380, 15).empty());
-    const GaugeGeometry gauge = Gauge({100, 3.984});
-    EXPECT_EQ(gauge.ToY(50), gauge.Track().bottom());
-}
-
-TEST(GaugeGeometry, ValueAndHeightAreEachOthersReverseOnTheScale) {
-    for (const GaugeScale& scale : AllScales) {
-        const GaugeGeometry gauge = Gauge(scale);
-        const double inside = scale.Min + 0.3 * scale.Span();
-        EXPECT_NEAR(gauge.ToValue(gauge.ToY(inside)), inside, 1e-9 * scale.Span());
-        EXPECT_DOUBLE_EQ(gauge.ToY(scale.Max + 1), gauge.Track().top());
-        EXPECT_DOUBLE_EQ(gauge.ToY(-INFINITY), gauge.Track().bottom());
-    }
-}
-
-TEST(GaugeGeometry, TheBarGrowsFromItsOriginEitherWay) {
-    const GaugeGeometry gauge = Gauge(Minus12);
-    EXPECT_DOUBLE_EQ(gauge.Bar(0, -12).top(), gauge.ToY(0));
-    EXPECT_DOUBLE_EQ(gauge.Bar(0, -12).bottom(), gauge.ToY(-12));
-    EXPECT_DOUBLE_EQ(gauge.Bar(0, 2).bottom(), gauge.ToY(0));
-}
-
-TEST(GaugeGeometry, FlagsStandInsideTheSmallestGaugeAndClearOfAllElse) {
-    const QSize size = GaugeGeometry::SmallestSize(Texts);
-    const GaugeGeometry gauge = Gauge(Degrees, size);
-    const QRectF face(QPointF(0, 0), size);
-    for (const double place : {-128.0, 40.0, 127.0}) {
-        const GaugePointers pointers = TwoHandles(place, place);
-        const QRectF low = gauge.Flag(LowHandle, pointers[LowHandle]);
-        const QRectF high = gauge.Flag(HighHandle, pointers[HighHandle]);
-        EXPECT_TRUE(face.contains(low) && face.contains(high)) << place;
-        EXPECT_FALSE(low.intersects(high) || low.intersects(gauge.BarColumn())) << place;
-        EXPECT_FALSE(low.intersects(QRectF(gauge.Caption()))) << place;
-        EXPECT_GE(low.height(), 16);
-    }
-}
-
 TEST(GaugeGeometry, TheMouseMeetsThePointerThatIsThere) {
     const GaugeGeometry gauge = Gauge();
     const QRectF track = gauge.Track();
@@ -140,29 +79,6 @@ TEST(GaugeGeometry, TheMouseMeetsThePointerThatIsThere) {
         EXPECT_EQ(gauge.PointerAt(row.Point, TwoHandles(-40, 60), std::nullopt), row.Pointer)
             << row.Where;
     }
-}
-
-TEST(GaugeGeometry, HandlesTwoPixelsApartAreBothMet) {
-    const GaugeGeometry gauge = Gauge(Minus12);
-    const GaugePointers pointers = TwoHandles(-12.05, -11.95);
-    const double flag = gauge.Track().right() + 20;
-    EXPECT_EQ(gauge.PointerAt({flag, gauge.ToY(-12.05) + 8}, pointers, {}), LowHandle);
-    EXPECT_EQ(gauge.PointerAt({flag, gauge.ToY(-11.95) - 8}, pointers, {}), HighHandle);
-}
-
-TEST(GaugeGeometry, WhatIsCollapsedOrNotTheUsersIsNotMet) {
-    const GaugeGeometry gauge = Gauge();
-    const QPointF onFlag(gauge.Track().right() + 20, gauge.ToY(60) - 10);
-    const QPointF onBand(gauge.Track().left() + 2, gauge.ToY(10));
-    GaugePointers pointers = TwoHandles(-40, 60);
-    pointers[HighHandle].Width = 0;
-    pointers[1].Inner = pointers[1].Outer = 1;
-    EXPECT_EQ(gauge.PointerAt(onFlag, pointers, std::nullopt), std::nullopt);
-    EXPECT_EQ(gauge.PointerAt(onBand, pointers, std::nullopt), std::nullopt);
-    pointers = TwoHandles(-40, 60);
-    pointers[HighHandle].MouseControl = 0;
-    EXPECT_TRUE(IsDrawn(pointers, HighHandle));
-    EXPECT_EQ(gauge.PointerAt(onFlag, pointers, HighHandle), std::nullopt);
 }
 
 TEST(GaugeGeometry, AShiftedPointerIsRoundedAndKeptOnTheScale) {

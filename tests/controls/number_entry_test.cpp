@@ -1,7 +1,6 @@
 #include <controls/number_entry.h>
 
 #include <QApplication>
-#include <QClipboard>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -34,42 +33,6 @@ TEST(NumberEntry, TakesOnlyDigitsThatMakeAByte) {
         QTest::keyClicks(&entry, row.Keys);
         EXPECT_EQ(entry.text().toStdString(), row.Shown) << row.Start << " + " << row.Keys;
     }
-}
-
-TEST(NumberEntry, FiltersWhatIsPasted) {
-    NumberEntry entry(NumberEntry::Hexadecimal);
-    QApplication::clipboard()->setText(" 0x1f\n");
-    entry.paste();
-    EXPECT_EQ(entry.text(), "1F");
-    QApplication::clipboard()->setText("1FF");
-    entry.selectAll();
-    entry.paste();
-    EXPECT_EQ(entry.text(), "1F");
-}
-
-TEST(NumberEntry, TheProgramMaySetMoreThanCanBeTyped) {
-    NumberEntry entry(NumberEntry::Hexadecimal);
-    entry.Value(0x1A3F);
-    EXPECT_EQ(entry.text(), "1A3F");
-    EXPECT_EQ(entry.Value(), 0x1A3Fu);
-    QTest::keyClicks(&entry, "7");
-    EXPECT_EQ(entry.text(), "1A3F");
-    for (const char* shorter : {"1A3", "1A", "1"}) {
-        QTest::keyClick(&entry, Qt::Key_Backspace);
-        EXPECT_EQ(entry.text(), shorter);
-    }
-    entry.Put("---");
-    EXPECT_EQ(entry.text(), "---");
-    EXPECT_EQ(entry.Value(), 0u);
-}
-
-TEST(NumberEntry, MaximumDigitsOpensLongerNumbersInEitherBase) {
-    NumberEntry entry(NumberEntry::Decimal);
-    entry.MaximumDigits(4);
-    QTest::keyClicks(&entry, "99999");
-    EXPECT_EQ(entry.Value(), 9999u);
-    entry.numberbase(NumberEntry::Hexadecimal);
-    EXPECT_EQ(entry.Value(), 0x9999u);
 }
 
 TEST(NumberEntry, HandsOverItsTextOnEnterAlone) {
@@ -133,19 +96,6 @@ TEST(NumberEntry, LeftEmptyItShowsWhatStoodLast) {
         QApplication::sendEvent(&entry, &left);
         EXPECT_EQ(entry.text(), row.Shown) << row.Reason;
     }
-}
-
-TEST(NumberEntry, AHandlerMaySetTheTextThatIsHandedToIt) {
-    NumberEntry entry(NumberEntry::Hexadecimal);
-    QString seen;
-    QObject::connect(&entry, &NumberEntry::EntryConfirmed, &entry, [&](const QString& text) {
-        entry.Value(0x20);
-        seen = text;
-    });
-    QTest::keyClicks(&entry, "21");
-    QTest::keyClick(&entry, Qt::Key_Return);
-    EXPECT_EQ(seen, "21");
-    EXPECT_EQ(entry.text(), "20");
 }
 
 } // namespace

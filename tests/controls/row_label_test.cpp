@@ -47,47 +47,6 @@ protected:
     int m_hoverRow = 1;
 };
 
-TEST_F(Rows, TheRowLeftAndTheRowEnteredChange) {
-    struct {
-        Four Before;
-        Four After; // the pointer goes from row 1 to row 2
-    } const table[] = {
-        {{Plain, Plain, Plain, Plain}, {Plain, Plain, Hovered, Plain}},
-        {{Plain, Hovered, SelectedAway, Plain}, {Plain, Plain, Selected, Plain}},
-        {{Hovered, Selected, Hovered, Selected}, {Hovered, SelectedAway, Hovered, Selected}},
-        {{Plain, SelectedAway, Selected, Plain}, {Plain, SelectedAway, Selected, Plain}},
-    };
-
-    for (const auto& row : table) {
-        Colours(row.Before);
-        m_hoverRow = 1;
-        HoverRows(m_rows, m_hoverRow, 2);
-        EXPECT_EQ(Colours(), row.After);
-        EXPECT_EQ(m_hoverRow, 2);
-    }
-}
-
-TEST_F(Rows, AClickStepsTheRowAndClearsTheOthers) {
-    struct {
-        RowColour Before;
-        RowColour After;
-        bool OthersCleared;
-    } const table[] = {
-        {Plain, Hovered, true},
-        {Hovered, Selected, true},
-        {SelectedAway, Hovered, true},
-        {Selected, Selected, false},
-    };
-
-    for (const auto& row : table) {
-        Colours({Hovered, SelectedAway, row.Before, Selected});
-        MarkClicked(m_rows, *m_rows[2]);
-        EXPECT_EQ(Colours(), row.OthersCleared
-                                 ? (Four{Plain, Plain, row.After, Plain})
-                                 : (Four{Hovered, SelectedAway, row.After, Selected}));
-    }
-}
-
 TEST_F(Rows, AClickedRowEndsSelectedByMouseAndByKeyboardAlike) {
     for (int click = 0; click < 2; ++click) {
         QTest::mouseClick(m_rows[0], Qt::LeftButton);

@@ -1,5 +1,4 @@
 #include "result_rows.h"
-#include "wizard_pages.h"
 
 #include <gtest/gtest.h>
 
@@ -26,14 +25,6 @@ TEST(ResultRows, TellTheirMediumByTheTailAlone) {
          {PrinterPortRow(0x58, 0x378, 10), QString("Printer 1 "), QString("SMBus"), QString()}) {
         EXPECT_EQ(TailOfRow(foreign), RowTail{}) << foreign.toStdString();
     }
-}
-
-TEST(BuildRules, ReadTheNumberThatTheTextBeginsWith) {
-    EXPECT_EQ(BuildOf("2222"), 2222);
-    EXPECT_EQ(BuildOf(" 1998 A "), 1998);
-    EXPECT_EQ(BuildOf("Linux"), 0);
-    EXPECT_EQ(BuildOf("  "), 0);
-    EXPECT_EQ(BuildOf(""), 0);
 }
 
 } // namespace

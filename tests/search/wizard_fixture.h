@@ -2,6 +2,7 @@
 
 #include "support/answered_dialogs.h"
 #include "support/build_info.h"
+#include "support/hands.h"
 #include "support/recorded_bench.h"
 
 #include <search/init_form.h>
@@ -24,7 +25,7 @@ namespace tqx::test {
 
 /// A wizard on the recording link. What it does to the main window is written down among the
 /// link's calls, so that the order of both is seen.
-class WizardTest : public testing::Test, public MainFormDoor {
+class WizardTest : public testing::Test, public MainFormDoor, protected Hands {
 protected:
     RecordedBench recorded;
     RecordingLink& link = recorded.Link;
@@ -51,20 +52,15 @@ protected:
         link.Take();
     }
 
-    template <typename Control>
-    Control& The(const char* name) const {
-        return *wizard->findChild<Control*>(name);
-    }
-
-    void Click(const char* name) const { QTest::mouseClick(&The<QWidget>(name), Qt::LeftButton); }
+    QWidget& Window() override { return *wizard; }
 
     /// A click whose handler raises. It goes round the widgets' own event code, which Qt builds
     /// without exceptions: an exception that crosses it leaves its locals behind as leaks.
-    void ClickRaising(const char* name) const { Q_EMIT The<QPushButton>(name).clicked(); }
+    void ClickRaising(const char* name) { Q_EMIT Find<QPushButton>(name).clicked(); }
 
-    void Check(const char* box, bool checked) const {
-        if (The<QCheckBox>(box).isChecked() != checked) {
-            QTest::keyClick(&The<QCheckBox>(box), Qt::Key_Space);
+    void Check(const char* box, bool checked) {
+        if (Find<QCheckBox>(box).isChecked() != checked) {
+            QTest::keyClick(&Find<QCheckBox>(box), Qt::Key_Space);
         }
     }
 
@@ -77,11 +73,9 @@ protected:
         Click("NextCMD");
     }
 
-    QString Label(const char* name) const { return The<QLabel>(name).text(); }
-
-    QStringList Rows() const {
+    QStringList Rows() {
         QStringList rows;
-        const auto& list = The<QListWidget>("SearchResultsLIST");
+        const auto& list = Find<QListWidget>("SearchResultsLIST");
         for (int row = 0; row < list.count(); ++row) {
             rows << list.item(row)->text();
         }
@@ -89,18 +83,18 @@ protected:
     }
 
     /// The page that is in view, and the buttons that can be pressed: "2 Back Next Cancel".
-    std::string State() const {
+    std::string State() {
         std::string state;
         int page = 0;
         for (const char* panel :
              {"WelcomePanel", "SeclectComsMediumPanel", "SearchingPanel", "SearchResultsPanel"}) {
             ++page;
-            if (!The<QWidget>(panel).isHidden()) {
+            if (!Find<QWidget>(panel).isHidden()) {
                 state += std::to_string(page);
             }
         }
         for (const std::string button : {"Back", "Next", "Finish", "Cancel"}) {
-            if (The<QPushButton>((button + "CMD").c_str()).isEnabled()) {
+            if (Find<QPushButton>((button + "CMD").c_str()).isEnabled()) {
                 state += " " + button;
             }
         }

@@ -52,17 +52,17 @@ TEST_F(BoardWindowTest, BeginsAsTheBoardStands) {
 
 TEST_F(BoardWindowTest, ClosingPutsItAwayAndF12BringsItBack) {
     Open("BusPage");
-    Window.close();
-    EXPECT_FALSE(Window.isVisible());
+    TheWindow.close();
+    EXPECT_FALSE(TheWindow.isVisible());
     QLineEdit other;
     other.show();
     QTest::keyClick(&other, Qt::Key_F12);
-    EXPECT_TRUE(Window.isVisible());
+    EXPECT_TRUE(TheWindow.isVisible());
 }
 
 TEST_F(BoardWindowTest, FitsBesideOtherWindowsOnASmallScreen) {
-    EXPECT_LE(Window.sizeHint().width(), 470);
-    EXPECT_LE(Window.sizeHint().height(), 680);
+    EXPECT_LE(TheWindow.sizeHint().width(), 470);
+    EXPECT_LE(TheWindow.sizeHint().height(), 680);
 }
 
 } // namespace

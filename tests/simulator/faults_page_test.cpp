@@ -1,7 +1,5 @@
 #include "simulator/board_window_fixture.h"
 
-#include <link/link_error.h>
-
 #include <QSpinBox>
 
 namespace tqx {
@@ -32,23 +30,13 @@ protected:
 TEST_F(FaultsPageTest, EachLineSetsItsOwnFault) {
     for (std::size_t index = 0; index < sim::FaultCount; ++index) {
         Set(static_cast<sim::Fault>(index), Always);
+        EXPECT_EQ(TabText(), "Faults: 1 on");
         for (std::size_t other = 0; other < sim::FaultCount; ++other) {
             EXPECT_EQ(Board.TheFaults().Every(static_cast<sim::Fault>(other)),
                       other == index ? 1U : 0U);
         }
         Set(static_cast<sim::Fault>(index), 0);
     }
-}
-
-TEST_F(FaultsPageTest, AlwaysIsSeenThroughTheLink) {
-    Set(sim::Fault::NoAnswer, Always);
-    EXPECT_EQ(Read(CompanyID), 0xFF);
-    Set(sim::Fault::LinkFails, Always);
-    EXPECT_THROW(Read(CompanyID), LinkError);
-    EXPECT_EQ(TabText(), "Faults: 2 on");
-    Click(Find<QAbstractButton>("AllOffCMD"));
-    EXPECT_EQ(Read(CompanyID), 0x41);
-    EXPECT_EQ(TabText(), "Faults");
 }
 
 TEST_F(FaultsPageTest, EveryNthStrikesAtThatOccasion) {

@@ -27,28 +27,6 @@ TEST_F(PinsPageTest, AnInputTakesTheLevelThatIsPutOnIt) {
     EXPECT_EQ(Read(0x25), 0x80);
 }
 
-TEST_F(PinsPageTest, ShowsWhatThePinsDo) {
-    Write(0x07, 0xC1); // GPIO16 as an output, active high
-    Write(0x23, 0x80);
-    Write(0x01, 0x01); // GPIO0 and not fan 0
-    Window.hide();
-    Window.show();
-    EXPECT_EQ(Use(16), "output");
-    EXPECT_EQ(Level(16), "1");
-    EXPECT_EQ(Use(0), "input");
-    EXPECT_EQ(Use(1), "Fan 1");
-}
-
-TEST_F(PinsPageTest, ChassisAndWriteProtectionReachTheChip) {
-    Click(Find<QCheckBox>("ChassisCHK"));
-    EXPECT_EQ(Read(0x23) & 0x40, 0x40);
-    Write(0x13, 0x02);
-    Click(Find<QCheckBox>("WriteProtectCHK"));
-    EXPECT_EQ(Read(0x13), 0x0A);
-    Click(Find<QCheckBox>("WriteProtectCHK"));
-    EXPECT_EQ(Read(0x13), 0x02);
-}
-
 TEST_F(PinsPageTest, AddressPinsAndBoardModeMoveTheChip) {
     BoardBus& bus = Link->PrinterPortLink().BoardBus();
     Choose(Find<QComboBox>("AddressCOMBO"), 2);

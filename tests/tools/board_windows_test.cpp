@@ -62,10 +62,6 @@ protected:
         }
     }
 
-    std::uint8_t ROM(int high, int low) {
-        return board.TheChip().ReadEEPROM(static_cast<std::uint16_t>((high - 0x80) * 256 + low));
-    }
-
     std::string Dump() {
         test::AnsweredDialogs dialogs;
         RegisterDumpFRM dump(bench, door, dialogs);
@@ -101,29 +97,6 @@ TEST_F(BoardWindowsTest, WhatTheRowsWroteReadsBackEverywhere) {
         EXPECT_NE(dump.find(item), std::string::npos) << item;
     }
     EXPECT_EQ(warnings, 0);
-}
-
-TEST_F(BoardWindowsTest, WritingOverBytesTakesAnErase) {
-    Block(com, "81");
-    const auto write = [this](unsigned value) {
-        FillRows(0x10, [value](unsigned) { return value; });
-        Click(com, "WriteALLCMD");
-    };
-    write(0xF0);
-    write(0x3C);
-    EXPECT_EQ(ROM(0x81, 0x10), 0x30) << "without one a write only clears bits";
-    Click(com, "EraseEEPROMCHK");
-    write(0x3C);
-    EXPECT_EQ(ROM(0x81, 0x1F), 0x3C);
-    EXPECT_EQ(ROM(0x81, 0x20), 0xFF);
-}
-
-TEST_F(BoardWindowsTest, WriteProtectionWarnsAndNothingChanges) {
-    board.TheChip().Write(0x13, 0x08);
-    Block(com, "82");
-    Click(com, "WriteALLCMD");
-    EXPECT_EQ(warnings, 1);
-    EXPECT_EQ(ROM(0x82, 0), 0xFF);
 }
 
 } // namespace

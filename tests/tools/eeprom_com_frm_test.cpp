@@ -78,20 +78,6 @@ TEST_F(EEPROMComTest, TheEEPROMsModeIsSelectedFirst) {
     EXPECT_EQ(calls[18], "EEPROMLink.ReadEEPROM 9A F");
 }
 
-TEST_F(EEPROMComTest, WriteProtectionWarnsAndStopsNothing) {
-    link.Registers[0x13] = 0x08;
-    Click("AccessEEPROMCHK");
-    // A tick behind the message moves the shared record of the transfer.
-    duringMessage = [this] {
-        bench.Bus.BusCell.RegisterPointer = 0x20;
-        bench.Bus.BusCell.ReadValue = 0xFF;
-    };
-    Click("WriteByteCMD(5)");
-    EXPECT_THAT(messages, ElementsAre(protectedMessage));
-    EXPECT_EQ(link.Registers[0x13], 0x0A);
-    EXPECT_EQ(link.Calls.back(), "EEPROMLink.WriteEEPROM 80 5 0");
-}
-
 TEST_F(EEPROMComTest, ReadAllReadsSixteenRowsAndLeavesTheWindowUsable) {
     for (std::size_t i = 0; i < 16; ++i) {
         link.Registers[i] = static_cast<std::uint8_t>(0xA0 + i);
@@ -161,33 +147,6 @@ TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
     EXPECT_TRUE(AutoRead().isActive());
 }
 
-TEST_F(EEPROMComTest, CheckBoxesEnableWhatTheTableSays) {
-    struct Step {
-        const char* Click;
-        bool HighByte;
-        bool EraseBox;
-        bool WriteButtons;
-    };
-
-    const Step steps[] = {
-        {nullptr, false, false, true},          {"AccessEEPROMCHK", true, true, true},
-        {"EraseEEPROMCHK", true, true, false},  {"EraseEEPROMCHK", false, true, true},
-        {"EraseEEPROMCHK", true, true, false},  {"AccessEEPROMCHK", false, false, false},
-        {"AccessEEPROMCHK", true, true, false},
-    };
-    int number = 0;
-    for (const Step& step : steps) {
-        SCOPED_TRACE(++number);
-        if (step.Click != nullptr) {
-            Click(step.Click);
-        }
-        EXPECT_EQ(Enabled("EEPROMHighByteCOMBO"), step.HighByte);
-        EXPECT_EQ(Enabled("EraseEEPROMCHK"), step.EraseBox);
-        EXPECT_EQ(Enabled("WriteByteCMD(0)"), step.WriteButtons);
-        EXPECT_EQ(Enabled("WriteByteCMD(15)"), step.WriteButtons);
-    }
-}
-
 TEST_F(EEPROMComTest, OnTheSMBusThereIsNoEEPROM) {
     bench.Bus.BusCell = {.SlaveAddress = 0x2C, .ComsMedium = 0};
     link.ActiveMedium(1);
@@ -238,16 +197,6 @@ TEST_F(EEPROMComTest, ARowThatIsNoByteIsMarkedAndSendsNothing) {
     EXPECT_EQ(Text("AddressMark(2)"), "");
 }
 
-TEST_F(EEPROMComTest, NothingIsErasedForRowsOfWhichNoneCanBeWritten) {
-    for (int i = 0; i < 16; ++i) {
-        Data(i).Put("---");
-    }
-    Click("AccessEEPROMCHK");
-    Click("EraseEEPROMCHK");
-    Click("WriteALLCMD");
-    EXPECT_THAT(link.Take(), IsEmpty());
-}
-
 TEST_F(EEPROMComTest, AutoReadReadsEveryHundredMilliseconds) {
     EXPECT_EQ(AutoRead().interval(), 100);
     Click("AutoReadCHK");
@@ -274,14 +223,6 @@ TEST_F(EEPROMComTest, AFailedLinkCallPassesOnAndLeavesTheWindowUsable) {
     ExpectAutoReadOff();
 }
 
-TEST_F(EEPROMComTest, AFailedTickOfAutoReadIsTheLast) {
-    Click("AutoReadCHK");
-    link.FailOn = "BoardBus.ReadByte";
-    QTimerEvent tick(AutoRead().timerId());
-    EXPECT_THROW(QCoreApplication::sendEvent(&AutoRead(), &tick), LinkError);
-    ExpectAutoReadOff();
-}
-
 TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {
     QSignalSpy unloaded(&window, &ToolWindow::Unloaded);
     Click("AccessEEPROMCHK");
@@ -302,28 +243,6 @@ TEST_F(EEPROMComTest, ACloseEndsWriteAllAtTheNextPause) {
     EXPECT_EQ(calls.back(), "Wait 100");
     EXPECT_EQ(unloaded.count(), 1);
     EXPECT_FALSE(AutoRead().isActive());
-}
-
-TEST_F(EEPROMComTest, ACloseInTheLastPauseOfWriteAllDoesNotWakeAutoRead) {
-    Click("AccessEEPROMCHK");
-    Click("AutoReadCHK");
-    int pauses = 0;
-    duringWait = [&] {
-        if (++pauses == 16) {
-            window.close();
-        }
-    };
-    Click("WriteALLCMD");
-    EXPECT_EQ(pauses, 16);
-    EXPECT_FALSE(AutoRead().isActive());
-}
-
-TEST_F(EEPROMComTest, TheFocusComesBackAfterABusyTime) {
-    window.activateWindow();
-    auto& write = Find<QAbstractButton>("WriteByteCMD(6)");
-    write.setFocus();
-    write.click();
-    EXPECT_EQ(window.focusWidget(), &write);
 }
 
 } // namespace

@@ -81,22 +81,6 @@ TEST_F(EraseEEPROMTest, StopOnTheFirstPageErasesOnePageAndASecondRunStartsOver) 
     EXPECT_EQ(Progress(), 2);
 }
 
-TEST_F(EraseEEPROMTest, WhileEraseAllRunsNothingElseCanErase) {
-    EraseAll(5, [this] {
-        EXPECT_TRUE(Enabled("StopEraseCMD"));
-        EXPECT_TRUE(Enabled("CloseCMD"));
-        for (const char* name : {"EraseAllCMD", "ErasePageCMD(0)", "ErasePageCMD(3)"}) {
-            EXPECT_FALSE(Enabled(name)) << name;
-            Click(name);
-        }
-        EXPECT_FALSE(Enabled("EEPROMHighByteCOMBO"));
-        QTest::keyClick(window.focusWidget(), Qt::Key_Space);
-    });
-    EXPECT_EQ(Progress(), 2) << "Space did not stop";
-    EXPECT_TRUE(Enabled("EraseAllCMD"));
-    EXPECT_TRUE(Enabled("ErasePageCMD(0)"));
-}
-
 TEST_F(EraseEEPROMTest, ACloseStopsTheLoopFirst) {
     QSignalSpy unloaded(&window, &ToolWindow::Unloaded);
     const std::vector<std::string> calls = EraseAll(7, [this, &unloaded] {
@@ -106,13 +90,6 @@ TEST_F(EraseEEPROMTest, ACloseStopsTheLoopFirst) {
     });
     EXPECT_EQ(Only(calls, "EEPROMLink.ErasePage").size(), 7U);
     EXPECT_EQ(unloaded.count(), 1);
-}
-
-TEST_F(EraseEEPROMTest, ACloseBehindTheWarningErasesNothing) {
-    link.Registers[0x13] = 0x08;
-    duringMessage = [this] { window.close(); };
-    Click("EraseAllCMD");
-    EXPECT_TRUE(Only(link.Take(), "EEPROMLink.ErasePage").empty());
 }
 
 TEST_F(EraseEEPROMTest, AFailedLinkCallLeavesTheWindowUsable) {

@@ -2,7 +2,6 @@
 #include "tools/tool_fixture.h"
 
 #include <QComboBox>
-#include <QWheelEvent>
 
 #include <memory>
 
@@ -75,6 +74,7 @@ TEST_F(GPIOConfigTest, OneChangeWritesAllFields) {
     link.Take();
     Combo("DirectionCombo", 8).setCurrentText("Input");
     EXPECT_EQ(link.TakeTraffic(), "W1=F R7 W7=BE W8=1B W9=E4 WA=54 WB=AA R7 W7=BE");
+    EXPECT_TRUE(Editable(8)) << "a line of no other function, though the THERM pin has one";
 }
 
 TEST_F(GPIOConfigTest, ChangesOfTheThermLineKeepTheOtherBits) {
@@ -101,39 +101,6 @@ TEST_F(GPIOConfigTest, ReadAgainChangesListsAndWritesNothing) {
     EXPECT_EQ(Line(16), "Therm Output High");
     EXPECT_EQ(Line(0), "Fan Input Low");
     EXPECT_THAT(Only(link.Take(), "BoardBus.WriteByte"), IsEmpty());
-}
-
-TEST_F(GPIOConfigTest, AfterSkipItShowsInputsThatAreFans) {
-    bench.Coms.Skipped = true;
-    link.Registers.fill(0xFF);
-    Open();
-    EXPECT_EQ(Line(0), "Fan Input Low");
-    EXPECT_EQ(Line(15), " Input Low");
-    EXPECT_EQ(Line(16), "Therm Input Low");
-    Combo("Polarity", 15).setCurrentText("High");
-    EXPECT_THAT(link.Take(), IsEmpty());
-}
-
-TEST_F(GPIOConfigTest, AFailedReadLeavesThePanelWriting) {
-    Open();
-    link.FailOn = "BoardBus.ReadByte 58 9";
-    ClickRaises("ReadAgainCMD");
-    link.FailOn.clear();
-    link.Take();
-    Combo("Polarity", 12).setCurrentText("High");
-    EXPECT_EQ(link.Take().size(), 9U);
-}
-
-TEST_F(GPIOConfigTest, TheWheelChangesNothing) {
-    Open();
-    link.Take();
-    auto& combo = Combo("DirectionCombo", 9);
-    combo.setFocus();
-    QWheelEvent turn(QPointF(5, 5), combo.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton,
-                     Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(&combo, &turn);
-    EXPECT_EQ(combo.currentText(), "Input");
-    EXPECT_THAT(link.Take(), IsEmpty());
 }
 
 } // namespace

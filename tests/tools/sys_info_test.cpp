@@ -111,34 +111,6 @@ TEST_F(SysInfoTest, WithoutARegistryTheDesktopsOwnProgramIsStarted) {
     ExpectStarted(host.OwnProgram);
 }
 
-TEST_F(SysInfoTest, ValuesAreReadByTheirType) {
-    struct Case {
-        std::uint32_t Type;
-        std::string Characters;
-        std::string Before;
-        std::string After;
-    };
-
-    const Case cases[] = {
-        {1, std::string("text\0", 5), "", "text"},
-        {1, "text", "old", "text"},
-        {1, "", "old", ""},
-        {4, std::string("\x34\x12", 2), "", "4660"},        // 1234h
-        {4, std::string("\x05\x0A\x00\x00", 4), "", "165"}, // "0", "A", "5"
-        {4, std::string("\xFF\xFF\xFF\xFF", 4), "", "4294967295"},
-        {3, "binary", "kept", "kept"},
-    };
-    for (const Case& each : cases) {
-        host.Keys.Values[{"key", "name"}] = {each.Type, each.Characters};
-        std::string value = each.Before;
-        EXPECT_TRUE(GetKeyValue(host.Keys, LocalMachine, "key", "name", value));
-        EXPECT_EQ(value, each.After);
-    }
-    std::string value = "old";
-    EXPECT_FALSE(GetKeyValue(host.Keys, LocalMachine, "key", "missing", value));
-    EXPECT_EQ(value, "");
-}
-
 TEST_F(SysInfoTest, TheAboutBoxShowsTheVersionAndOffersTheProgram) {
     host.HasRegistry = false;
     AboutFRM about(door, host);

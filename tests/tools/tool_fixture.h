@@ -7,9 +7,6 @@
 #include <link/link_error.h>
 
 #include <QAbstractButton>
-#include <QLabel>
-#include <QTest>
-#include <QWidget>
 
 #include <algorithm>
 #include <cmath>
@@ -17,7 +14,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -52,28 +48,6 @@ protected:
         link.SlaveAddress(0x58);
         link.Take();
     }
-
-    /// The window under test, where there is one.
-    virtual QWidget& Window() { throw std::logic_error("no window"); }
-
-    using Hands::Click;
-    using Hands::Find;
-
-    template <class Object>
-    Object& Find(const QString& name) {
-        return Find<Object>(Window(), name);
-    }
-
-    template <class Object>
-    Object& Find(const char* array, int index) {
-        return Find<Object>(Member(array, index));
-    }
-
-    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
-
-    bool Enabled(const QString& name) { return Find<QWidget>(name).isEnabled(); }
-
-    void Click(const QString& name) { Click(Window(), name); }
 
     /// A click whose handler raises.
     void ClickRaises(const QString& name) {

@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QPointer>
+#include <QScreen>
 #include <QTimer>
 
 #include <memory>
@@ -85,6 +86,14 @@ TEST_F(ToolsTest, TenEEPROMWindowsAndNoEleventh) {
         Key("RegAccess");
     }
     EXPECT_EQ(OnView<EEPROMComFRM>().size(), 10U);
+    const QRect screen = main->screen()->availableGeometry();
+    QPoint before = main->pos();
+    for (int i = 1; i <= 10; ++i) {
+        const QPoint at = EEPROMCom(QStringLiteral("Register Access %1").arg(i)).pos();
+        EXPECT_TRUE(screen.contains(at)) << i;
+        EXPECT_TRUE(i > 3 || (at.x() > before.x() && at.y() > before.y())) << i;
+        before = at;
+    }
     AnswerTheNextBox();
     Key("RegAccess");
     EXPECT_EQ(boxes, 1);
@@ -97,17 +106,6 @@ TEST_F(ToolsTest, TenEEPROMWindowsAndNoEleventh) {
     EXPECT_TRUE(third.isNull()) << "not destroyed";
     Key("RegAccess");
     EXPECT_EQ(OnView<EEPROMComFRM>().size(), 10U);
-}
-
-TEST_F(ToolsTest, CloseAllLeavesTheSpies) {
-    main->EEPROMComFormCounter(3);
-    tools.NewEEPROMCom(*main, "Register Access 1");
-    tools.NewEEPROMCom(*main, "Register Spy 2");
-    tools.NewEEPROMCom(*main, "Register Access 3");
-    Click(EEPROMCom("Register Spy 2"), "CloseAllCMD");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(TheOne<EEPROMComFRM>().windowTitle(), "Register Spy 2");
-    EXPECT_EQ(main->EEPROMComFormCounter(), 1);
 }
 
 TEST_F(ToolsTest, ThereIsOneGPIOPanelAndItIsReadAgainWhenItIsOpenedAgain) {
@@ -147,6 +145,8 @@ TEST_F(ToolsTest, TheDumpWindowStopsTheMonitorAndStartsNothingAgain) {
     ASSERT_TRUE(monitor.isActive());
     QTimer::singleShot(0, main.get(), [&] {
         EXPECT_FALSE(monitor.isActive());
+        EXPECT_EQ(TheOne<RegisterDumpFRM>().windowModality(), Qt::WindowModal);
+        tools.ShowRegisterDump(*main); // there is one, which comes to the front
         TheOne<RegisterDumpFRM>().close();
     });
     Key("Save1");
@@ -172,22 +172,6 @@ TEST_F(ToolsTest, ClosingAWindowInItsLongLoopDestroysItOnlyAfterTheLoop) {
     EXPECT_TRUE(window.isNull());
 }
 
-TEST_F(ToolsTest, TwoWindowsCanWriteWithinEachOthersPauses) {
-    Key("RegAccess");
-    Key("RegAccess");
-    bool nested = false;
-    duringWait = [&] {
-        if (!nested) {
-            nested = true;
-            Click(EEPROMCom("Register Access 2"), "WriteALLCMD");
-            EEPROMCom("Register Access 1").close();
-        }
-    };
-    Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
-    EXPECT_EQ(Only(link.Take(), "BoardBus.WriteByte").size(), 16U);
-    EXPECT_EQ(OnView<EEPROMComFRM>().size(), 1U);
-}
-
 /// The main window closes in the middle of a long bus sequence, and the application ends.
 class EndInTheMiddleTest : public ToolsTest {
 protected:
@@ -207,17 +191,6 @@ protected:
         main.reset();
     }
 };
-
-TEST_F(EndInTheMiddleTest, OfWriteAll) {
-    duringWait = [] { Wait(0.001F); };
-    Run([this] {
-        Key("RegAccess");
-        CloseMainSoon();
-        Click(EEPROMCom("Register Access 1"), "WriteALLCMD");
-    });
-    EXPECT_LT(Only(link.Take(), "BoardBus.WriteByte").size(), 3U);
-    EXPECT_TRUE(OnView<EEPROMComFRM>().empty());
-}
 
 TEST_F(EndInTheMiddleTest, OfAWriteProtectWarning) {
     link.Registers[0x13] = 0x08;

@@ -21,13 +21,5 @@ TEST(WaitTest, ServesTimersForItsWholeLength) {
     EXPECT_GE(ticks, 3);
 }
 
-TEST(WaitTest, KeepsTheOuterPauseWhenAnotherBeginsInIt) {
-    QElapsedTimer clock;
-    clock.start();
-    QTimer::singleShot(0, qApp, [] { Wait(0.04F); });
-    Wait(0.02F);
-    EXPECT_GE(clock.elapsed(), 40) << "the inner pause was cut short";
-}
-
 } // namespace
 } // namespace tqx

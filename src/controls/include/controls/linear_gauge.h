@@ -155,7 +155,8 @@ public:
 
     const GaugePointers& Pointers() const { return m_pointers; }
 
-    const GaugeGeometry& Geometry() const { return m_geometry; }
+    /// Where its parts stand.
+    const GaugeGeometry& Plan() const { return m_geometry; }
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
