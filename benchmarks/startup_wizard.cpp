@@ -1,13 +1,15 @@
 #include "first_paint.h"
 
-#include <app/application.h>
 #include <app/console_program.h>
 #include <simulated/simulated_board.h>
+
+#include <QApplication>
 
 /// The console on the simulated board, ended at the wizard's first paint.
 int main(int argc, char** argv) {
     tqx::sim::SimulatedBoard board;
-    tqx::Application application(argc, argv);
+    QApplication application(argc, argv);
+    tqx::SetUpApplication(application);
     tqx::QuitAtFirstPaint quit;
     application.installEventFilter(&quit);
     tqx::DesktopDialogs dialogs;

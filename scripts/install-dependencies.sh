@@ -20,7 +20,6 @@ tests=(
 ci=(
     clang-format clang-tidy
     clang libclang-rt-dev                                  # fuzzing
-    weston qt6-wayland                                     # the other kind of display
     gcovr                                                  # coverage
     appstream desktop-file-utils dpkg-dev lintian mandoc   # check the package
     qemu-system-x86 busybox-static cpio kmod make    # the machine of scripts/kernel-test.sh

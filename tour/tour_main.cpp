@@ -1,7 +1,6 @@
 #include "tour.h"
 
-#include <app/application.h>
-
+#include <QApplication>
 #include <QDir>
 #include <QTextStream>
 
@@ -14,7 +13,8 @@ int main(int argc, char** argv) {
     const QString scale = argc == 3 ? argv[2] : "1"; // ahead of the application, which follows it
     qputenv("QT_SCALE_FACTOR", scale.toUtf8());
     tqx::Tour::FixSurroundings();
-    tqx::Application application(argc, argv);
+    QApplication application(argc, argv);
+    tqx::SetUpApplication(application);
     QTextStream errors(stderr);
     const QStringList arguments = QApplication::arguments();
     const QDir directory(QDir().absoluteFilePath(arguments.value(1)));
@@ -32,14 +32,18 @@ int main(int argc, char** argv) {
         }
         ++pictures;
     });
-    application.OnLinkError = [&](const tqx::LinkError& error) {
+    bool linkFailed = false;
+    tour.Program().TheBench().Failures = [&](const tqx::LinkError& error) {
         errors << "The link failed: " << error.what() << '\n';
-        QCoreApplication::exit(1);
+        linkFailed = true;
     };
     try {
         tour.Run();
     } catch (const tqx::TourFailure& failure) {
         errors << "The tour failed: " << failure.what() << '\n';
+        return 1;
+    }
+    if (linkFailed) {
         return 1;
     }
     QTextStream(stdout) << pictures << " pictures at " << scale << "x\n";

@@ -1,12 +1,12 @@
 #include "app/console_program.h"
 
-#include "app/application.h"
 #include "end_signals.h"
 #include "help_pages.h"
-#include "let_go_at_exit.h"
 
 #include <console/link_failure_notice.h>
+#include <controls/look.h>
 
+#include <QApplication>
 #include <QIcon>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -22,6 +22,13 @@ constexpr QSize Frame(8, 32); // around a window, about
 constexpr int Gap = 8;
 
 } // namespace
+
+void SetUpApplication(QApplication& application) {
+    // No display name: the desktop would add it to the caption of every window.
+    // The last window's close is not the end: the wizard hides when the user skips it.
+    QApplication::setQuitOnLastWindowClosed(false);
+    look::Apply(application);
+}
 
 SideBySide PlaceSideBySide(const QRect& room, QSize left, QSize right) {
     const QSize both(left.width() + Gap + right.width() + 2 * Frame.width(),
@@ -42,7 +49,13 @@ ConsoleProgram::ConsoleProgram(BoardChoice board, SystemDialogs& dialogs)
     , m_tools(dialogs, std::move(board.Pause))
     , m_wizard(std::make_unique<InitForm>(m_bench, board.OSVersion, dialogs,
                                           static_cast<MainFormDoor&>(*this)))
-    , m_boardWindow(board.Window ? board.Window() : nullptr) {}
+    , m_boardWindow(board.Window ? board.Window() : nullptr) {
+    // Later: the user is told in a window, which must not come up in the middle of the handler.
+    m_bench.Failures = [this](const LinkError& error) {
+        QMetaObject::invokeMethod(
+            this, [this, error] { LinkFailed(error); }, Qt::QueuedConnection);
+    };
+}
 
 ConsoleProgram::~ConsoleProgram() = default;
 
@@ -121,17 +134,16 @@ void ConsoleProgram::EndApplication() {
 
 int RunConsole(int argc, char** argv, const QString& desktopId, BoardChoice board) {
     std::signal(SIGXFSZ, SIG_IGN); // a file that may not grow is an error that is told
-    Application application(argc, argv);
+    QApplication application(argc, argv);
+    SetUpApplication(application);
     QApplication::setDesktopFileName(desktopId);
     QApplication::setWindowIcon(QIcon(":/icons/" + desktopId + ".svg"));
     DesktopDialogs dialogs;
     HelpPages help(QApplication::applicationDirPath(), dialogs);
     application.installEventFilter(&help);
     ConsoleProgram program(std::move(board), dialogs);
-    application.OnLinkError = [&](const LinkError& error) { program.LinkFailed(error); };
     QObject::connect(&program, &ConsoleProgram::Ended, &application,
                      [] { QCoreApplication::exit(0); });
-    const LetGoAtExit letGoAtExit(program.TheBench().Link);
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::Received, &program, &ConsoleProgram::End);
     program.Start();

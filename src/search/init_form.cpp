@@ -107,17 +107,18 @@ std::array<QPushButton*, 4> InitForm::MakeButtons() {
 }
 
 void InitForm::ConnectControls() {
-    connect(m_next, &QPushButton::clicked, this, [this] {
-        m_movingForward = true;
-        DispatchPage();
-    });
+    const LinkFailures& failures = m_bench.Failures;
+    connect(m_next, &QPushButton::clicked, this, OnLink(failures, [this] {
+                m_movingForward = true;
+                DispatchPage();
+            }));
     connect(m_back, &QPushButton::clicked, this, [this] {
         m_movingForward = false;
         DispatchPage();
     });
-    connect(m_finish, &QPushButton::clicked, this, &InitForm::Finish);
+    connect(m_finish, &QPushButton::clicked, this, OnLink(failures, [this] { Finish(); }));
     connect(m_cancel, &QPushButton::clicked, this, &InitForm::Cancel);
-    connect(m_welcome->Skip, &QPushButton::clicked, this, &InitForm::Skip);
+    connect(m_welcome->Skip, &QPushButton::clicked, this, OnLink(failures, [this] { Skip(); }));
     connect(m_results->List, &QListWidget::itemDoubleClicked, m_finish, &QPushButton::click);
 }
 

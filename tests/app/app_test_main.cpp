@@ -1,12 +1,15 @@
 #include "tour.h"
 
-#include <app/application.h>
+#include <app/console_program.h>
+
+#include <QApplication>
 
 #include <gtest/gtest.h>
 
 int main(int argc, char** argv) {
     tqx::Tour::FixSurroundings();
     testing::InitGoogleTest(&argc, argv);
-    tqx::Application application(argc, argv);
+    QApplication application(argc, argv);
+    tqx::SetUpApplication(application);
     return RUN_ALL_TESTS();
 }

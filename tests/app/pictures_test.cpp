@@ -4,8 +4,6 @@
 #include "app/snapshot.h"
 #include "tour.h"
 
-#include <app/application.h>
-
 #include <QCryptographicHash>
 #include <QDir>
 #include <QPainter>
@@ -85,10 +83,6 @@ TEST(TourTest, EveryStopLooksAndReadsAsAccepted) {
     std::string snapshots;
     Stops pictures;
     test::Snapshot snapshot;
-    static_cast<Application*>(qApp)->OnLinkError = [](const LinkError& error) {
-        ADD_FAILURE() << error.what();
-    };
-
     Tour tour([&](QWidget& window, const QString& stop) {
         const std::string name = stop.toStdString();
         const std::string words = snapshot.Of(window);
@@ -104,6 +98,9 @@ TEST(TourTest, EveryStopLooksAndReadsAsAccepted) {
             ADD_FAILURE() << name << " looks another way: " << file;
         }
     });
+    tour.Program().TheBench().Failures = [](const LinkError& error) {
+        ADD_FAILURE() << error.what();
+    };
     ASSERT_NO_THROW(tour.Run());
 
     std::ofstream(Seen + "snapshots.txt") << snapshots;
@@ -112,7 +109,6 @@ TEST(TourTest, EveryStopLooksAndReadsAsAccepted) {
         list << name << ' ' << hash << '\n';
     }
     EXPECT_EQ(pictures.size(), acceptedPictures.size()) << "a stop has gone";
-    static_cast<Application*>(qApp)->OnLinkError = nullptr;
 }
 
 } // namespace

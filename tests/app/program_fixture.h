@@ -4,7 +4,6 @@
 #include "support/answered_dialogs.h"
 #include "support/hands.h"
 
-#include <app/application.h>
 #include <app/console_program.h>
 
 #include <QCheckBox>
@@ -22,8 +21,7 @@
 
 namespace tqx::test {
 
-/// The whole program under the application's own top, with a user who clicks OK in every message
-/// box that comes up.
+/// The whole program, with a user who clicks OK in every message box that comes up.
 class ProgramTest : public testing::Test, protected Hands {
 protected:
     AnsweredDialogs dialogs;
@@ -39,16 +37,10 @@ protected:
     }
 
     /// The program goes ahead of what a test has behind its link.
-    void TearDown() override {
-        program.reset();
-        TheApplication().OnLinkError = nullptr;
-    }
+    void TearDown() override { program.reset(); }
 
     void Start(BoardChoice board) {
         program = std::make_unique<ConsoleProgram>(std::move(board), dialogs);
-        TheApplication().OnLinkError = [this](const LinkError& error) {
-            program->LinkFailed(error);
-        };
         m_ended = false;
         m_boxWatch.start(0);
         QObject::connect(program.get(), &ConsoleProgram::Ended, qApp, [this] {
@@ -101,8 +93,6 @@ protected:
     QStringList Told() const { return dialogs.Messages + boxes; }
 
 private:
-    static Application& TheApplication() { return *static_cast<Application*>(qApp); }
-
     void AnswerBox() {
         auto* box = qobject_cast<MsgBoxFRM*>(QApplication::activeModalWidget());
         if (box == nullptr) {

@@ -5,7 +5,6 @@
 
 #include <controls/number_entry.h>
 #include <device/bench.h>
-#include <link/link_error.h>
 
 #include <QAbstractButton>
 #include <QComboBox>
@@ -62,14 +61,6 @@ public:
     }
 
     void Click(const char* button) { Hands::Click(Panel, button); }
-
-    /// A click whose handler raises. It goes straight to the handler: what Qt's own functions hold
-    /// on the way there leaks when an exception passes through them.
-    void ClickRaises(const char* button) {
-        EXPECT_THROW(QMetaObject::invokeMethod(&Find(button), "clicked", Q_ARG(bool, false)),
-                     LinkError)
-            << button;
-    }
 
     /// Types over what stands in a box; `confirm` presses Enter.
     void Type(const QString& box, const QString& keys, bool confirm = true) {

@@ -169,7 +169,8 @@ TEST_F(BlockPanelTransfers, ALinkErrorPassesAndThePanelCanBeUsedAgain) {
         const std::vector<std::string> whole = link.Take();
         for (std::size_t failing = 0; failing < whole.size(); ++failing) {
             link.FailOn = whole[failing];
-            panel.ClickRaises(button);
+            panel.Click(button);
+            EXPECT_EQ(recorded.TakeFailures(), 1);
             link.FailOn.clear();
             panel.Panel.Recover();
             EXPECT_TRUE(panel.ButtonsUsable()) << whole[failing];
@@ -180,7 +181,8 @@ TEST_F(BlockPanelTransfers, ALinkErrorPassesAndThePanelCanBeUsedAgain) {
         }
     }
     link.FailOn = "BoardBus.BlockWrite";
-    panel.ClickRaises("BlockWriteCMD");
+    panel.Click("BlockWriteCMD");
+    EXPECT_EQ(recorded.TakeFailures(), 1);
     EXPECT_FALSE(panel.ButtonsUsable()) << "until the user was told";
     panel.Panel.Enter();
     EXPECT_FALSE(panel.ButtonsUsable()) << "coming back to the panel changes nothing";
@@ -194,7 +196,8 @@ TEST_F(BlockPanelTransfers, TheButtonPressedByKeyKeepsTheFocus) {
         QTest::keyClick(&button, Qt::Key_Space);
         EXPECT_TRUE(button.hasFocus()) << name;
         link.FailOn = "BoardBus.UsePEC";
-        panel.ClickRaises(name);
+        panel.Click(name);
+        EXPECT_EQ(recorded.TakeFailures(), 1);
         link.FailOn.clear();
         panel.Panel.Recover();
         EXPECT_TRUE(button.hasFocus()) << name << " after a failed transfer";

@@ -2,7 +2,7 @@
 
 #include "control_centre/control_centre.h"
 #include "support/hands.h"
-#include "support/recording_link.h"
+#include "support/recorded_bench.h"
 
 #include <controls/alarm_lamp.h>
 #include <controls/linear_gauge.h>
@@ -26,8 +26,9 @@ namespace tqx::test {
 /// The control centre on view, with the chip on the printer port behind a link that records.
 class ControlCentreTest : public testing::Test, protected Hands {
 protected:
-    RecordingLink* link = new RecordingLink;
-    Bench bench{[this](const LinkSetup&) { return std::unique_ptr<LinkServer>(link); }};
+    RecordedBench recorded;
+    Bench& bench = recorded.Bench;
+    RecordingLink* link = &recorded.Link;
     std::unique_ptr<ControlCentre> panel;
 
     void SetUp() override {

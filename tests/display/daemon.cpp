@@ -6,7 +6,6 @@
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <utility>
 
 namespace tqx::test {
 namespace {
@@ -51,25 +50,14 @@ Daemon::Daemon(std::vector<std::string> arguments) {
 }
 
 Daemon::~Daemon() {
-    End(SIGTERM);
-}
-
-void Daemon::Kill() {
-    End(SIGKILL);
-}
-
-void Daemon::End(int signal) {
-    if (const pid_t process = std::exchange(m_process, -1); process > 0) {
-        kill(process, signal);
-        waitpid(process, nullptr, 0);
+    if (m_process > 0) {
+        kill(m_process, SIGTERM);
+        waitpid(m_process, nullptr, 0);
     }
 }
 
 XServer::XServer()
     : Daemon({TQX_XVFB, "-displayfd", "%1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"}) {}
-
-Compositor::Compositor(const std::string& socket)
-    : Daemon({TQX_WESTON, "--backend=headless-backend.so", "--no-config", "--socket=" + socket}) {}
 
 SessionBus::SessionBus()
     : Daemon({TQX_DBUS_DAEMON, "--session", "--nofork", "--print-address=%1"}) {}

@@ -11,7 +11,7 @@ namespace tqx::test {
 class Daemon {
 public:
     /// `arguments` begin with the program; "%1" in one of them is the number of the pipe. Comes
-    /// back when the server has said its first line, or has ended; at once where it has no pipe.
+    /// back when the server has said its first line, or has ended.
     explicit Daemon(std::vector<std::string> arguments);
     ~Daemon();
 
@@ -21,12 +21,7 @@ public:
     /// Where it can be reached; empty when it did not start.
     const std::string& Address() const { return m_address; }
 
-    /// Ends it as a crash does.
-    void Kill();
-
 private:
-    void End(int signal);
-
     pid_t m_process = -1;
     std::string m_address;
 };
@@ -38,12 +33,6 @@ public:
 
     /// As DISPLAY has it.
     std::string Display() const { return ":" + Address(); }
-};
-
-/// A Wayland compositor without a screen. It is there once its socket is.
-class Compositor : public Daemon {
-public:
-    explicit Compositor(const std::string& socket);
 };
 
 /// A session bus with nothing on it.

@@ -1,8 +1,9 @@
 #include "daemon.h"
 
-#include <app/application.h>
+#include <app/console_program.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QTemporaryDir>
@@ -31,7 +32,8 @@ int main(int argc, char** argv) {
     qputenv("DBUS_SESSION_BUS_ADDRESS", bus.Address().c_str());
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     QDBusConnection::sessionBus().interface()->startService("org.a11y.Bus");
-    tqx::Application application(argc, argv);
+    QApplication application(argc, argv);
+    tqx::SetUpApplication(application);
     if (!QTest::qWaitFor([] { return QAccessible::isActive(); }, 40000)) {
         qCritical("The accessibility bus is not there: is at-spi2-core installed?");
         return 1;

@@ -100,7 +100,8 @@ TEST_F(InitFormSearch, AClickMadeWhileItSearchesIsNotMadeGoodAfterwards) {
     Open();
     Click("NextCMD");
     link.FailOn = "BoardBus.ReadByte";
-    EXPECT_THROW(ClickRaising("NextCMD"), LinkError);
+    Click("NextCMD");
+    EXPECT_EQ(recorded.TakeFailures(), 1);
     link.Take();
     QCoreApplication::processEvents();
     EXPECT_EQ(State(), "2 Back Next Cancel");

@@ -54,10 +54,6 @@ protected:
 
     QWidget& Window() override { return *wizard; }
 
-    /// A click whose handler raises. It goes round the widgets' own event code, which Qt builds
-    /// without exceptions: an exception that crosses it leaves its locals behind as leaks.
-    void ClickRaising(const char* name) { Q_EMIT Find<QPushButton>(name).clicked(); }
-
     void Check(const char* box, bool checked) {
         if (Find<QCheckBox>(box).isChecked() != checked) {
             QTest::keyClick(&Find<QCheckBox>(box), Qt::Key_Space);

@@ -213,13 +213,13 @@ TEST_F(EEPROMComTest, AFailedLinkCallPassesOnAndLeavesTheWindowUsable) {
     Click("AutoReadCHK");
     link.FailOn = "EEPROMLink.WriteEEPROM";
     link.FailAfter = 3;
-    ClickRaises("WriteALLCMD");
+    ClickFails("WriteALLCMD");
     EXPECT_TRUE(Enabled("WriteALLCMD"));
     EXPECT_TRUE(Enabled("CloseCMD"));
     EXPECT_EQ(Progress(), 0);
     ExpectAutoReadOff();
     link.FailOn = "BoardBus.ReadByte";
-    ClickRaises("AutoReadCHK");
+    ClickFails("AutoReadCHK");
     ExpectAutoReadOff();
 }
 

@@ -95,7 +95,7 @@ TEST_F(EraseEEPROMTest, ACloseStopsTheLoopFirst) {
 TEST_F(EraseEEPROMTest, AFailedLinkCallLeavesTheWindowUsable) {
     Click("ErasePageCMD(0)");
     link.FailOn = "EEPROMLink.ErasePage 82";
-    ClickRaises("EraseAllCMD");
+    ClickFails("EraseAllCMD");
     EXPECT_FALSE(Enabled("StopEraseCMD"));
     EXPECT_TRUE(Enabled("EraseAllCMD"));
     EXPECT_EQ(Text("StatusLBL"), "") << "still tells of the page before";

@@ -178,11 +178,13 @@ void BlockPanel::MakeLayout() {
 }
 
 void BlockPanel::Connect() {
+    const LinkFailures& failures = m_bench.Failures;
     connect(m_blockRead, &QPushButton::clicked, this,
-            [this] { Run(m_blockRead, &BlockTransfer::Read); });
+            OnLink(failures, [this] { Run(m_blockRead, &BlockTransfer::Read); }));
     connect(m_blockWrite, &QPushButton::clicked, this,
-            [this] { Run(m_blockWrite, &BlockTransfer::Write); });
-    connect(m_frame, &BlockFrame::UsePECClicked, this, &BlockPanel::UsePECClicked);
+            OnLink(failures, [this] { Run(m_blockWrite, &BlockTransfer::Write); }));
+    connect(m_frame, &BlockFrame::UsePECClicked, this,
+            OnLink(failures, [this](bool use) { UsePECClicked(use); }));
     connect(m_frame, &BlockFrame::ByteCountEntered, this,
             [this](const QString& text) { m_transfer->EnterByteCount(text); });
     connect(m_grid, &BlockGrid::PasteRefused, this,

@@ -23,7 +23,7 @@ class PECResults;
 /// screen, to or from the registers or the EEPROM, and shows their PEC byte by byte.
 ///
 /// It keeps nothing between clicks but what its controls show. While a transfer runs its buttons
-/// are disabled; an error of the link passes through and leaves them so until Recover is called.
+/// are disabled; a failed link call leaves them so until Recover is called.
 class BlockPanel : public QWidget {
     Q_OBJECT
 

@@ -28,8 +28,7 @@ struct BlockControls {
 /// the board's bus, whatever medium the chip was found on.
 ///
 /// Errors of the link pass through and nothing here unwinds them: the buttons then stay disabled,
-/// and ByteDelay and BurstMode keep their values, until the top of the application has told the
-/// user and calls BlockPanel::Recover.
+/// and ByteDelay and BurstMode keep their values, until MainForm::LinkFailed sees to them.
 class BlockTransfer {
 public:
     BlockTransfer(Bench& bench, MessageDoor message, const BlockControls& controls);

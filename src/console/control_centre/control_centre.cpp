@@ -63,17 +63,24 @@ ControlCentre::ControlCentre(Bench& bench, QWidget* parent)
 }
 
 void ControlCentre::ConnectParts() {
+    const LinkFailures& failures = m_bench.Failures;
     for (int row = 0; row < RowCount; ++row) {
         connect(&m_rows.Row(row), &RowLabel::MouseMoved, this, [this, row] { m_rows.Hover(row); });
-        connect(&m_rows.Row(row), &RowLabel::clicked, this, [this, row] { RowClicked(row); });
+        connect(&m_rows.Row(row), &RowLabel::clicked, this,
+                OnLink(failures, [this, row] { RowClicked(row); }));
     }
-    connect(&m_gauge, &LinearGauge::PointerMoved, this, [this] { m_handles.PointerMoved(); });
-    connect(&m_gauge, &LinearGauge::PointerSettled, this, [this] { m_handles.PointerSettled(); });
-    connect(&m_tabs, &ChannelTabs::ChassisClicked, this, [this] { m_lamps.ClearChassisAlarm(); });
+    connect(&m_gauge, &LinearGauge::PointerMoved, this,
+            OnLink(failures, [this] { m_handles.PointerMoved(); }));
+    connect(&m_gauge, &LinearGauge::PointerSettled, this,
+            OnLink(failures, [this] { m_handles.PointerSettled(); }));
+    connect(&m_tabs, &ChannelTabs::ChassisClicked, this,
+            OnLink(failures, [this] { m_lamps.ClearChassisAlarm(); }));
     connect(&m_gpio, &GPIODisplay::clicked, this, &ControlCentre::GPIOPanelWanted);
-    connect(&m_timers.BargraphTimer, &QTimer::timeout, this, &ControlCentre::BargraphTick);
-    connect(&m_timers.InterruptTimer, &QTimer::timeout, this, &ControlCentre::InterruptTick);
-    connect(&m_timers.GPIOTimer, &QTimer::timeout, this, &ControlCentre::GPIOTick);
+    connect(&m_timers.BargraphTimer, &QTimer::timeout, this,
+            OnLink(failures, [this] { BargraphTick(); }));
+    connect(&m_timers.InterruptTimer, &QTimer::timeout, this,
+            OnLink(failures, [this] { InterruptTick(); }));
+    connect(&m_timers.GPIOTimer, &QTimer::timeout, this, OnLink(failures, [this] { GPIOTick(); }));
 }
 
 void ControlCentre::LayOut() {
@@ -147,6 +154,10 @@ void ControlCentre::AddBottomLine(QHBoxLayout& line) {
     line.addStretch();
     line.addWidget(NewHeading(QStringLiteral("SSPanel2"), QStringLiteral("GPIO:"), this));
     line.addWidget(&m_gpio);
+}
+
+void ControlCentre::LetGo() {
+    m_gauge.LetGo();
 }
 
 void ControlCentre::RowClicked(int row) {

@@ -26,8 +26,8 @@ struct Bench;
 /// `ControlCentrePanel`, the live display: one channel with its limits on the gauge, a group of
 /// channels on the chart, a lamp per channel and the GPIO levels.
 ///
-/// It touches the chip only in the operations below and when the user acts. A link call that fails
-/// raises LinkError and leaves the panel usable; the monitor goes on until it is stopped.
+/// It touches the chip only in the operations below, which raise LinkError, and when the user acts.
+/// A link call that fails leaves the panel usable; the monitor goes on until it is stopped.
 class ControlCentre : public QWidget, public MonitorState {
     Q_OBJECT
 
@@ -48,6 +48,9 @@ public:
 
     /// VisStartCHK as it stands while the monitor runs.
     void OfferStop() { m_timers.OfferStop(); }
+
+    /// Takes the gauge's pointer out of the user's hand, and writes nothing of it.
+    void LetGo();
 
     /// @name The ticks of the three timers
     /// @{

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace tqx {
 namespace {
@@ -66,10 +67,12 @@ QPushButton* UpdateButton(const QString& name, const QString& means) {
 
 } // namespace
 
-BenchTests::BenchTests(QWidget& page, RegisterEntries& entries, QObject* parent)
-    : QObject(parent) {
+BenchTests::BenchTests(QWidget& page, RegisterEntries& entries, const LinkFailures& failures,
+                       std::function<void(std::uint8_t)> write, QObject* parent)
+    : QObject(parent)
+    , m_write(std::move(write)) {
     MakeAddressPointer(page);
-    MakeWriteFields(entries);
+    MakeWriteFields(entries, failures);
 }
 
 void BenchTests::MakeAddressPointer(QWidget& page) {
@@ -98,7 +101,7 @@ void BenchTests::MakeAddressPointer(QWidget& page) {
     connect(m_addrPtrCMD, &QPushButton::clicked, this, &BenchTests::SetPointer);
 }
 
-void BenchTests::MakeWriteFields(RegisterEntries& entries) {
+void BenchTests::MakeWriteFields(RegisterEntries& entries, const LinkFailures& failures) {
     m_text6 = Field("Text6", tr("Byte to write, in hexadecimal"));
     m_command4 = UpdateButton("Command4", tr("Write the hexadecimal byte"));
     m_text7 = Field("Text7", tr("Byte to write, in decimal"));
@@ -114,8 +117,9 @@ void BenchTests::MakeWriteFields(RegisterEntries& entries) {
             [this] { Paint(*m_command4, look::BenchChanged); });
     connect(m_text7, &QLineEdit::textChanged, this,
             [this] { Paint(*m_command5, look::BenchChanged); });
-    connect(m_command4, &QPushButton::clicked, this, &BenchTests::SendHexadecimal);
-    connect(m_command5, &QPushButton::clicked, this, &BenchTests::SendDecimal);
+    connect(m_command4, &QPushButton::clicked, this,
+            OnLink(failures, [this] { SendHexadecimal(); }));
+    connect(m_command5, &QPushButton::clicked, this, OnLink(failures, [this] { SendDecimal(); }));
 }
 
 bool BenchTests::EntryEnabled() const {
@@ -191,7 +195,7 @@ void BenchTests::Send(const QLineEdit& field, int base, QLineEdit& other, int ot
         Refuse(button);
         return;
     }
-    Q_EMIT ByteEntered(*value);
+    m_write(*value);
     other.setText(QString::number(*value, otherBase).toUpper());
     Paint(*m_command4, look::BenchSent);
     Paint(*m_command5, look::BenchSent);

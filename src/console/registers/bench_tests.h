@@ -1,10 +1,13 @@
 #pragma once
 
+#include <device/on_link.h>
+
 #include <QLineEdit>
 #include <QObject>
 #include <QPushButton>
 
 #include <cstdint>
+#include <functional>
 
 namespace tqx {
 
@@ -21,7 +24,9 @@ class BenchTests : public QObject {
 
 public:
     /// Puts the address pointer on `page` and the write fields under the boxes of `entries`.
-    BenchTests(QWidget& page, RegisterEntries& entries, QObject* parent);
+    /// `write` sends a byte to the selected register.
+    BenchTests(QWidget& page, RegisterEntries& entries, const LinkFailures& failures,
+               std::function<void(std::uint8_t)> write, QObject* parent);
 
     /// The Entry flag of the register displayed last. True at start.
     bool EntryEnabled() const;
@@ -30,15 +35,13 @@ public:
 Q_SIGNALS:
     /// The address pointer was set. Nothing is read or written for it.
     void PointerSet(std::uint8_t address);
-    /// A byte is to go to the selected register. An error of that write passes through here.
-    void ByteEntered(std::uint8_t value);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void MakeAddressPointer(QWidget& page);
-    void MakeWriteFields(RegisterEntries& entries);
+    void MakeWriteFields(RegisterEntries& entries, const LinkFailures& failures);
 
     void SetPointer();
     void SendHexadecimal();
@@ -48,6 +51,7 @@ private:
     void Send(const QLineEdit& field, int base, QLineEdit& other, int otherBase,
               QPushButton& button);
 
+    std::function<void(std::uint8_t)> m_write;
     QLineEdit* m_addrptrTXT = nullptr;
     QPushButton* m_addrPtrCMD = nullptr;
     QLineEdit* m_text6 = nullptr;

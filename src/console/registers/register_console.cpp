@@ -35,7 +35,9 @@ RegisterConsole::RegisterConsole(Bench& bench, QWidget* parent)
     , m_readout(new RegisterReadout)
     , m_bits(new RegisterBits)
     , m_entries(new RegisterEntries)
-    , m_benchTests(new BenchTests(m_rows->Page(RegisterTab::Main), *m_entries, this))
+    , m_benchTests(new BenchTests(
+          m_rows->Page(RegisterTab::Main), *m_entries, m_bench.Failures,
+          [this](std::uint8_t value) { WriteEntry(value); }, this))
     , m_timer3(new QTimer(this)) {
     setObjectName("ReadWritePanel");
     m_timer3->setObjectName("Timer3");
@@ -108,7 +110,9 @@ void RegisterConsole::Connect() {
     const auto showPointer = [this] { setCursor(Qt::PointingHandCursor); };
     connect(m_rows, &RegisterRows::PointerEntered, this, showPointer);
     connect(m_rows, &RegisterRows::PointerLeft, this, &RegisterConsole::move_mouse_away_readwrite);
-    connect(m_rows, &RegisterRows::RowClicked, this, &RegisterConsole::ClickRow);
+    const LinkFailures& failures = m_bench.Failures;
+    connect(m_rows, &RegisterRows::RowClicked, this,
+            OnLink(failures, [this](int row) { ClickRow(row); }));
 
     connect(m_bits, &RegisterBits::PointerEntered, this, [this, showPointer] {
         if (m_benchTests->EntryEnabled()) {
@@ -116,18 +120,20 @@ void RegisterConsole::Connect() {
         }
     });
     connect(m_bits, &RegisterBits::PointerLeft, this, &RegisterConsole::move_mouse_away_readwrite);
-    connect(m_bits, &RegisterBits::Clicked, this, &RegisterConsole::FlipBit);
+    connect(m_bits, &RegisterBits::Clicked, this,
+            OnLink(failures, [this](int bit) { FlipBit(bit); }));
 
-    connect(&m_entries->HexTXT(), &NumberEntry::EntryConfirmed, this,
-            [this](const QString& text) { Enter(text, 16, m_entries->DecTXT()); });
-    connect(&m_entries->DecTXT(), &NumberEntry::EntryConfirmed, this,
-            [this](const QString& text) { Enter(text, 10, m_entries->HexTXT()); });
+    connect(
+        &m_entries->HexTXT(), &NumberEntry::EntryConfirmed, this,
+        OnLink(failures, [this](const QString& text) { Enter(text, 16, m_entries->DecTXT()); }));
+    connect(
+        &m_entries->DecTXT(), &NumberEntry::EntryConfirmed, this,
+        OnLink(failures, [this](const QString& text) { Enter(text, 10, m_entries->HexTXT()); }));
 
     connect(m_benchTests, &BenchTests::PointerSet, this, &RegisterConsole::SetPointer);
-    connect(m_benchTests, &BenchTests::ByteEntered, this, &RegisterConsole::WriteEntry);
 
     connect(m_continuous, &QPushButton::clicked, this, &RegisterConsole::SwitchContinuousReading);
-    connect(m_timer3, &QTimer::timeout, this, &RegisterConsole::ContinuousRead);
+    connect(m_timer3, &QTimer::timeout, this, OnLink(failures, [this] { ContinuousRead(); }));
 }
 
 BusCell& RegisterConsole::Cell() const {

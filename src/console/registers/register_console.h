@@ -22,8 +22,8 @@ class RegisterRows;
 
 /// The register console, `ReadWritePanel`: every named register as a row under its tab, the value
 /// and the bits of the one selected, two boxes that write a whole byte to it, and continuous
-/// reading. Nothing is read before the user acts. Errors of the link pass through; the bits and
-/// numbers then still show bytes that the chip gave.
+/// reading. Nothing is read before the user acts. After a failed link call the bits and numbers
+/// still show bytes that the chip gave.
 class RegisterConsole : public QWidget {
     Q_OBJECT
 

@@ -75,7 +75,7 @@ void MainForm::MakeToolbar() {
         action->setToolTip(tr(key.Tooltip));
         action->setShortcut(QKeySequence(key.Shortcut));
         connect(action, &QAction::triggered, this,
-                [this, action] { KeyPressed(action->objectName()); });
+                OnLink(m_bench.Failures, [this, action] { KeyPressed(action->objectName()); }));
         auto* button = m_toolbar->widgetForAction(action);
         button->setObjectName(key.Key);
         button->setFocusPolicy(Qt::TabFocus);
@@ -116,11 +116,11 @@ void MainForm::MakePanels() {
 
 void MainForm::ConnectPanels() {
     connect(m_controlCentrePanel, &ControlCentre::GPIOPanelWanted, this,
-            [this] { m_tools.ShowGPIOConfig(*this); });
+            OnLink(m_bench.Failures, [this] { m_tools.ShowGPIOConfig(*this); }));
     connect(m_blockReadCRCPanel, &BlockPanel::EraseEEPROMWanted, this,
-            [this] { m_tools.ShowEraseEEPROM(*this); });
+            OnLink(m_bench.Failures, [this] { m_tools.ShowEraseEEPROM(*this); }));
     connect(m_blockReadCRCPanel, &BlockPanel::EEPROMComsWanted, this,
-            [this] { OpenEEPROMCom("Register Spy"); });
+            OnLink(m_bench.Failures, [this] { OpenEEPROMCom("Register Spy"); }));
     connect(m_blockReadCRCPanel, &BlockPanel::CloseAllEEPROMWanted, this,
             &MainForm::CloseAllEEPROMComs);
 }
@@ -186,6 +186,7 @@ void MainForm::LinkFailed(const LinkError& error) {
         // The link is down already, and the user hears of it below.
     }
     m_blockReadCRCPanel->Recover();
+    m_controlCentrePanel->LetGo();
     if (!m_controlCentrePanel->ControlCentreReady) {
         m_controlCentrePanel->hide(); // half set up it writes no limit; the next entry starts anew
     }

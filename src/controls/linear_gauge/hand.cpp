@@ -76,6 +76,12 @@ void LinearGauge::MoveByHand(int pointer, double value) {
     Settle();
 }
 
+void LinearGauge::LetGo() {
+    m_wheelPause.stop();
+    m_hold.reset();
+    update();
+}
+
 void LinearGauge::Pick(std::optional<int> pointer) {
     if (pointer != m_picked) {
         m_picked = pointer;
@@ -100,14 +106,7 @@ void LinearGauge::StepHeld(const PointerPlace& place) {
     m_hold->Moved = true;
     m_pointers[static_cast<std::size_t>(pointer)].Place = place;
     update();
-    try {
-        TellMoved(pointer);
-    } catch (...) {
-        // Whoever tells the user may do so in a window that takes the mouse: let go of the pointer.
-        m_hold.reset();
-        m_wheelPause.stop();
-        throw;
-    }
+    TellMoved(pointer);
     TellValue();
 }
 

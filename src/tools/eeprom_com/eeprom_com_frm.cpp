@@ -48,7 +48,8 @@ EEPROMComFRM::EEPROMComFRM(Bench& bench, const MessageDoor& door, Waiter wait,
     MakeLayout();
     m_autoReadTimer.setObjectName("AutoReadTimer");
     m_autoReadTimer.setInterval(AutoReadInterval);
-    connect(&m_autoReadTimer, &QTimer::timeout, this, &EEPROMComFRM::AutoReadTick);
+    connect(&m_autoReadTimer, &QTimer::timeout, this,
+            OnLink(m_bench.Failures, [this] { AutoReadTick(); }));
     m_access->setEnabled(m_bench.Bus.BusCell.ComsMedium == ComsPrinterPort);
     m_erase->setEnabled(false);
     m_highByte->setEnabled(false);

@@ -25,8 +25,8 @@ class HighByteCombo;
 /// The EEPROM communications window: sixteen rows of raw byte access to the chip's registers or
 /// to its EEPROM, and commands that act on all rows at once.
 ///
-/// Nothing touches the bus until the user acts. Errors of the link pass through and leave the
-/// window usable; AutoRead is switched off by one, so that it is told once.
+/// Nothing touches the bus until the user acts. A failed link call leaves the window usable;
+/// AutoRead is switched off by one, so that it is told once.
 class EEPROMComFRM : public ToolWindow {
     Q_OBJECT
 

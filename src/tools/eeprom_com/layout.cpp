@@ -3,6 +3,7 @@
 #include <console/high_byte_combo.h>
 #include <controls/factories.h>
 #include <controls/look.h>
+#include <device/bench.h>
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -50,8 +51,10 @@ QGroupBox* EEPROMComFRM::MakeRows() {
     m_rows.reserve(RowCount);
     for (int i = 0; i < RowCount; ++i) {
         EEPROMRow& row = m_rows.emplace_back(i, *grid);
-        connect(row.ReadButton, &QPushButton::clicked, this, [this, &row] { ReadByte(row); });
-        connect(row.WriteButton, &QPushButton::clicked, this, [this, &row] { WriteByte(row); });
+        connect(row.ReadButton, &QPushButton::clicked, this,
+                OnLink(m_bench.Failures, [this, &row] { ReadByte(row); }));
+        connect(row.WriteButton, &QPushButton::clicked, this,
+                OnLink(m_bench.Failures, [this, &row] { WriteByte(row); }));
         grid->setRowMinimumHeight(i + 1, RowHeight);
     }
     grid->setRowStretch(RowCount + 1, 1);
@@ -77,12 +80,14 @@ QGroupBox* EEPROMComFRM::MakeCommands() {
     m_autoRead = kit::Button("AutoReadCHK", "AutoRead is Off",
                              "Reads all rows again and again, ten times a second", "Alt+U");
     m_autoRead->setCheckable(true);
-    connect(m_autoRead, &QPushButton::toggled, this, &EEPROMComFRM::AutoRead);
+    connect(m_autoRead, &QPushButton::toggled, this,
+            OnLink(m_bench.Failures, [this](bool on) { AutoRead(on); }));
     QPushButton* readAll = kit::Button("ReadAllCMD", "Read All", "Reads all sixteen rows", "Alt+R");
-    connect(readAll, &QPushButton::clicked, this, &EEPROMComFRM::ReadAll);
+    connect(readAll, &QPushButton::clicked, this, OnLink(m_bench.Failures, [this] { ReadAll(); }));
     QPushButton* writeAll =
         kit::Button("WriteALLCMD", "Write All", "Writes all sixteen rows", "Alt+W");
-    connect(writeAll, &QPushButton::clicked, this, &EEPROMComFRM::WriteAll);
+    connect(writeAll, &QPushButton::clicked, this,
+            OnLink(m_bench.Failures, [this] { WriteAll(); }));
     m_progress = kit::ProgressLine("RWAllProgress", "Rows done", RowCount - 1);
 
     auto* grid = new QGridLayout(frame);

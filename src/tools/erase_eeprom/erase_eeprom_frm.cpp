@@ -36,9 +36,10 @@ EraseEEPROMFRM::EraseEEPROMFRM(Bench& bench, const MessageDoor& door, Waiter wai
     connect(m_block, &HighByteCombo::currentTextChanged, this, &EraseEEPROMFRM::ShowHighByte);
     for (int i = 0; i < eeprom::PagesInBlock; ++i) {
         connect(m_erasePage[static_cast<std::size_t>(i)], &QPushButton::clicked, this,
-                [this, i] { ErasePage(i); });
+                OnLink(m_bench.Failures, [this, i] { ErasePage(i); }));
     }
-    connect(m_eraseAll, &QPushButton::clicked, this, &EraseEEPROMFRM::EraseAll);
+    connect(m_eraseAll, &QPushButton::clicked, this,
+            OnLink(m_bench.Failures, [this] { EraseAll(); }));
     connect(m_stop, &QPushButton::clicked, this, [this] { m_stopRequested = true; });
     connect(m_close, &QPushButton::clicked, this, &EraseEEPROMFRM::close);
     ShowHighByte(m_block->currentText());

@@ -18,7 +18,7 @@ struct Bench;
 /// The GPIO control panel: the function, direction and polarity of the 17 lines as the registers
 /// have them. Each change writes all fields.
 ///
-/// Making it reads the registers. Errors of the link pass through.
+/// Making it reads the registers, and raises LinkError where that fails.
 class GPIOConfigFRM : public ToolWindow {
     Q_OBJECT
 

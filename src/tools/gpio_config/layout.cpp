@@ -3,6 +3,7 @@
 #include <controls/combos.h>
 #include <controls/factories.h>
 #include <controls/look.h>
+#include <device/bench.h>
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -46,7 +47,8 @@ void GPIOConfigFRM::MakeLayout() {
     QPushButton* readAgain = kit::Button(
         "ReadAgainCMD", "Read Settings from TQX7716 again.",
         "Shows directions and polarities as the chip has them; writes nothing", "Alt+R");
-    connect(readAgain, &QPushButton::clicked, this, &GPIOConfigFRM::ReadAgain);
+    connect(readAgain, &QPushButton::clicked, this,
+            OnLink(m_bench.Failures, [this] { ReadAgain(); }));
     QPushButton* close = kit::Button("CloseCMD", "Close",
                                      "Closes this window; the chip keeps its settings", "Alt+C");
     close->setDefault(true);
@@ -103,12 +105,12 @@ void GPIOConfigFRM::AddSelector(QGridLayout& grid, int index, int column) {
     const int line = index == gpio::FanLineCount ? gpio::ThermLine : index;
     HandCombo* selector = Combo("EnabledCOMBO", index, line, "Function of GPIO%1");
     m_function[static_cast<std::size_t>(index)] = selector;
-    connect(selector, &HandCombo::currentIndexChanged, this, [this, line] {
-        if (!m_loading) {
-            EnableLine(line);
-        }
-        Changed();
-    });
+    connect(selector, &HandCombo::currentIndexChanged, this, OnLink(m_bench.Failures, [this, line] {
+                if (!m_loading) {
+                    EnableLine(line);
+                }
+                Changed();
+            }));
     grid.addWidget(selector, SelectorRow, column);
 }
 
@@ -120,7 +122,8 @@ void GPIOConfigFRM::AddLine(QGridLayout& grid, int line, int column) {
     m_direction[i] = Combo("DirectionCombo", line, line, "Direction of GPIO%1");
     m_polarity[i] = Combo("Polarity", line, line, "Active polarity of GPIO%1");
     for (HandCombo* combo : {m_direction[i], m_polarity[i]}) {
-        connect(combo, &HandCombo::currentIndexChanged, this, &GPIOConfigFRM::Changed);
+        connect(combo, &HandCombo::currentIndexChanged, this,
+                OnLink(m_bench.Failures, [this] { Changed(); }));
     }
     grid.addWidget(number, NumberRow, column);
     grid.addWidget(m_direction[i], DirectionRow, column);

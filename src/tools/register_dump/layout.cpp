@@ -3,6 +3,7 @@
 #include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/percent_bar.h>
+#include <device/bench.h>
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -182,7 +183,7 @@ QGroupBox* RegisterDumpFRM::MakeTarget() {
     m_progress->setAccessibleName("Part of the dump that is done");
     m_progress->StandAt(0);
     connect(m_browse, &QPushButton::clicked, this, &RegisterDumpFRM::Browse);
-    connect(m_dump, &QPushButton::clicked, this, &RegisterDumpFRM::Dump);
+    connect(m_dump, &QPushButton::clicked, this, OnLink(m_bench.Failures, [this] { Dump(); }));
     connect(m_stop, &QPushButton::clicked, this, [this] { m_stopRequested = true; });
 
     auto* target = new QHBoxLayout;

@@ -17,7 +17,12 @@
 #include <functional>
 #include <memory>
 
+class QApplication;
+
 namespace tqx {
+
+/// Gives the application the program's look, and lets it go on without a window on view.
+void SetUpApplication(QApplication& application);
 
 /// What stands behind the link in this run.
 struct BoardChoice {
@@ -57,10 +62,6 @@ public:
     /// Closes every window and ends the program in order, whatever is under way.
     void End();
 
-    /// A link call has failed and nothing below has dealt with it: stops what reads by itself and
-    /// tells the user once.
-    void LinkFailed(const LinkError& error);
-
     Bench& TheBench() { return m_bench; }
 
     /// The wizard, null once the application is ending.
@@ -74,6 +75,8 @@ Q_SIGNALS:
     void Ended();
 
 private:
+    /// A link call has failed: stops what reads by itself and tells the user once.
+    void LinkFailed(const LinkError& error);
     void ShowBoardWindow();
     void Load() override;
     void Show() override;

@@ -151,6 +151,9 @@ public:
     /// then it settles.
     void MoveByHand(int pointer, double value);
 
+    /// Takes the pointer that the user holds out of the hand, where it stands; nothing is told.
+    void LetGo();
+
     const GaugeScale& Scale() const { return m_scale; }
 
     const GaugePointers& Pointers() const { return m_pointers; }

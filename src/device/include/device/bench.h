@@ -1,6 +1,7 @@
 #pragma once
 
 #include "device/channel_table.h"
+#include "device/on_link.h"
 
 #include <link/coms_port.h>
 #include <link/link_new_com_port.h>
@@ -20,6 +21,8 @@ struct Bench {
     LinkNewComPort Bus;
     ComsPort Coms;
     ChannelTable Channels;
+    /// Where the handlers of every window tell of a failed link call; filled by the program.
+    LinkFailures Failures;
 };
 
 } // namespace tqx

@@ -32,8 +32,8 @@ using OSVersionInfoFactory = std::function<std::unique_ptr<OSVersionInfo>()>;
 /// results. Finish sets the link up for the chip that the user picked and hands over to MainForm.
 ///
 /// Making it is its load, which takes the first call on the link; a failure there is told in a
-/// message box and the wizard stays as far as it got. A LinkError of the search passes through to
-/// the top of the application, and the wizard stands on the choice of the medium again.
+/// message box and the wizard stays as far as it got. After a search that failed the wizard stands
+/// on the choice of the medium again.
 class InitForm : public QDialog {
     Q_OBJECT
 
