@@ -3,7 +3,7 @@
 #include "end_signals.h"
 #include "help_pages.h"
 
-#include <console/link_failure_notice.h>
+#include <console/message_door.h>
 #include <controls/look.h>
 
 #include <QApplication>

@@ -58,15 +58,15 @@ void HelpPages::Show(QWidget& focused) {
     const QString file = QDir(m_folder).filePath(PageOf(focused) + QStringLiteral(".html"));
     QString trouble;
     if (!QFileInfo(file).isFile()) {
-        trouble = tr("It was looked for at %1. It is installed with the program, and made when the "
-                     "program is built.");
+        trouble = "It was looked for at %1. It is installed with the program, and made when the "
+                  "program is built.";
     } else if (!m_open(QUrl::fromLocalFile(file))) {
-        trouble = tr("It is the file %1, and the desktop has no program that shows it. Install a "
-                     "web browser.");
+        trouble = "It is the file %1, and the desktop has no program that shows it. Install a "
+                  "web browser.";
     }
     if (!trouble.isEmpty()) {
         m_dialogs.Message(focused.window(), SystemDialogs::Icon::Exclamation,
-                          tr("The handbook could not be opened"), trouble.arg(file));
+                          "The handbook could not be opened", trouble.arg(file));
     }
 }
 

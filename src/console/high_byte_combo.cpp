@@ -9,7 +9,7 @@ namespace tqx {
 HighByteCombo::HighByteCombo(QWidget* parent)
     : HandCombo(parent) {
     setObjectName("EEPROMHighByteCOMBO");
-    setAccessibleName(tr("EEPROM high byte"));
+    setAccessibleName("EEPROM high byte");
     setFont(look::NumbersFont());
     for (int high = eeprom::FirstHighByte; high <= eeprom::LastHighByte; ++high) {
         addItem(HexText(static_cast<unsigned>(high)));

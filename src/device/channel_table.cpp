@@ -1,6 +1,7 @@
 #include "device/channel_table.h"
 
 #include "channel_settings.h"
+#include "device/rounding.h"
 
 #include <link/link_new_com_port.h>
 
@@ -99,6 +100,57 @@ Voltage& ChannelTable::VoltageOfRow(int row) {
 
 Temperature& ChannelTable::TemperatureOfRow(int row) {
     return Temperatures.at(IndexOfRow(row, FirstTemperatureRow));
+}
+
+std::optional<double> ChannelTable::Reading(int row) {
+    switch (KindOfRow(row)) {
+    case RowKind::Temperature:
+        return TemperatureOfRow(row).Value();
+    case RowKind::Fan:
+        return FanOfRow(row).Speed();
+    case RowKind::Voltage:
+        return VoltageOfRow(row).Value();
+    case RowKind::Heading:
+    case RowKind::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<ChannelLimits> ChannelTable::ReadLimits(int row) {
+    switch (KindOfRow(row)) {
+    case RowKind::Temperature: {
+        const double low = TemperatureOfRow(row).MinLimit();
+        return ChannelLimits{low, TemperatureOfRow(row).MaxLimit()};
+    }
+    case RowKind::Fan:
+        return ChannelLimits{FanOfRow(row).Limit(), std::nullopt};
+    case RowKind::Voltage:
+        return ChannelLimits{VoltageOfRow(row).LowLimit(), VoltageOfRow(row).HighLimit()};
+    case RowKind::Heading:
+    case RowKind::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+void ChannelTable::WriteLimits(int row, const ChannelLimits& limits) {
+    switch (KindOfRow(row)) {
+    case RowKind::Temperature:
+        TemperatureOfRow(row).MinLimit(RoundToInteger(limits.Low));
+        TemperatureOfRow(row).MaxLimit(RoundToInteger(limits.High.value()));
+        break;
+    case RowKind::Fan:
+        FanOfRow(row).Limit(limits.Low);
+        break;
+    case RowKind::Voltage:
+        VoltageOfRow(row).LowLimit(static_cast<float>(limits.Low));
+        VoltageOfRow(row).HighLimit(static_cast<float>(limits.High.value()));
+        break;
+    case RowKind::Heading:
+    case RowKind::None:
+        break;
+    }
 }
 
 } // namespace tqx

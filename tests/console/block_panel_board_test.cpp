@@ -69,24 +69,6 @@ TEST_F(BlockPanelOnTheBoard, ABlockWrittenToErasedEEPROMReadsBackWithAGoodPEC) {
     EXPECT_EQ(panel.Row("ReadDataLBL", 6, 8), "FF FF FF") << "a short block ends where it ends";
 }
 
-TEST_F(BlockPanelOnTheBoard, ADamagedPECIsToldAndStoresNothing) {
-    panel.Type("LowByteTXT", "60");
-    panel.Click("BlockReadCMD");
-    const std::string before = panel.Row("ReadDataLBL", 1, 8);
-    TheFaults().Always(sim::Fault::WrongPEC);
-    panel.Click("BlockReadCMD");
-    ExpectPEC("PEC Failed", red);
-    panel.Type("ByteCountTXT", "8");
-    panel.Click("RandDataFillCMD");
-    panel.Click("BlockWriteCMD");
-    ExpectPEC("PEC Failed", red);
-    EXPECT_TRUE(panel.ButtonsUsable());
-    TheFaults().AllOff();
-    panel.Click("BlockReadCMD");
-    ExpectPEC("PEC was OK", green);
-    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 8), before);
-}
-
 TEST_F(BlockPanelOnTheBoard, ACountOtherThan32IsToldAndShowsNoEarlierBlock) {
     panel.Click("BlockReadCMD");
     ExpectPEC("PEC was OK", green);
@@ -101,23 +83,6 @@ TEST_F(BlockPanelOnTheBoard, ACountOtherThan32IsToldAndShowsNoEarlierBlock) {
     panel.Click("BlockReadCMD");
     ExpectPEC("PEC was OK", green);
     EXPECT_EQ(notices.size(), 1U);
-}
-
-TEST_F(BlockPanelOnTheBoard, AChipThatFallsSilentInTheMiddleOfABlockFailsThePEC) {
-    panel.Type("LowByteTXT", "60");
-    panel.Click("BlockReadCMD");
-    const std::string whole = panel.Row("ReadDataLBL", 1, 8);
-    simulated.Port->FallSilentAfter(150);
-    panel.Click("BlockReadCMD");
-    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 8), whole);
-    EXPECT_EQ(panel.Row("ReadDataLBL", 31, 32), "FF FF");
-    ExpectPEC("PEC Failed", red);
-
-    simulated.Port->FallSilentAfter(55);
-    panel.Click("BlockWriteCMD");
-    EXPECT_THAT(panel.Messages, IsEmpty()) << "it was still there when the block began";
-    ExpectPEC("PEC Failed", red);
-    EXPECT_TRUE(panel.ButtonsUsable());
 }
 
 } // namespace

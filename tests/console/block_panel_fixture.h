@@ -35,18 +35,17 @@ public:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&Panel));
     }
 
-    template <class Widget = QWidget>
-    Widget& Find(const QString& name) {
-        return Hands::Find<Widget>(Panel, name);
-    }
+    QWidget& Window() override { return Panel; }
+
+    using Hands::Click;
+    using Hands::Find;
+    using Hands::Text;
 
     QWidget& Member(const char* array, int column) { return Find(Hands::Member(array, column)); }
 
     NumberEntry& WriteBox(int column) {
         return Find<NumberEntry>(Hands::Member("BlockWriteTXT", column));
     }
-
-    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
 
     /// The texts of columns `first` to `last` of a row of the grid, parted by blanks.
     std::string Row(const char* array, int first, int last) {
@@ -60,17 +59,8 @@ public:
         return row;
     }
 
-    void Click(const char* button) { Hands::Click(Panel, button); }
-
-    /// Types over what stands in a box; `confirm` presses Enter.
     void Type(const QString& box, const QString& keys, bool confirm = true) {
-        auto& entry = Find<NumberEntry>(box);
-        entry.selectAll();
-        QTest::keyClick(&entry, Qt::Key_Backspace);
-        QTest::keyClicks(&entry, keys);
-        if (confirm) {
-            QTest::keyClick(&entry, Qt::Key_Return);
-        }
+        Enter(Find(box), keys, confirm);
     }
 
     /// Address, command, count and final PEC as the side of the panel shows them.

@@ -29,7 +29,7 @@ struct DragCase {
 };
 
 // clang-format off
-constexpr std::array<DragCase, 13> Drags{{
+constexpr std::array<DragCase, 17> Drags{{
     {"a low handle up to the line stays",
      3, 2, 0, 50, 44, {"W69=2C W68=32", 44, 50}, {"W69=2C W68=32 W69=2C W68=32", 44, 50}},
     {"a low handle over the line is thrown back",
@@ -48,6 +48,15 @@ constexpr std::array<DragCase, 13> Drags{{
     {"a low handle of volts may not",
      19, 2, 1, 2.9, 2.8, {"W4D=E4 W45=F8", 2.661, 2.9},
      {"W4D=F0 W45=F8 W4D=F0 W45=F8", 2.661, 2.9}},
+    {"a half goes to the even whole number",
+     18, 3, 2.5, 10, 2.5, {"W4E=28 W46=30", 2.5, 3}, {"W4E=28 W46=28 W4E=28 W46=30", 2.5, 3}},
+    {"below zero too",
+     17, 3, -2.5, 0, -3.4, {"W4F=BB W47=C2", -2.5, -2}, {"W4F=BB W47=AF W4F=BB W47=C2", -2.5, -2}},
+    {"nothing keeps a high handle that is thrown back on the scale",
+     3, 3, 120, 125, 118, {"W69=78 W68=82", 120, 130}, {"W69=78 W68=76 W69=78 W68=82", 120, 130}},
+    {"nor a low one",
+     3, 2, -128, -126, -125, {"W69=FF W68=FE", -136.16, -126},
+     {"W69=FD W68=FE W69=FD W68=F3", -125, -115}},
     {"a band takes both handles along",
      3, 0, 10, 60, 30, {"W69=1E W68=50", 30, 80}, {"W69=A W68=3C W69=A W68=3C", 10, 60}},
     {"a narrow band needs no room between them",

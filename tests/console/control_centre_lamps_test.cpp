@@ -56,18 +56,6 @@ TEST_F(ControlCentreLamps, FollowTheBitsOfTheTabOnView) {
     }
 }
 
-TEST_F(ControlCentreLamps, KeepTheirStateUntilTheirTabComesUpAgain) {
-    EXPECT_EQ(LitBy(2, 0x20, 7), std::vector<int>{7});
-    link->Registers[0x20] = 0;
-    Tabs().setCurrentIndex(1);
-    panel->InterruptTick();
-    EXPECT_TRUE(Lamp(7).Value());
-    Tabs().setCurrentIndex(2);
-    EXPECT_TRUE(Lamp(7).Value());
-    panel->BargraphTick();
-    EXPECT_FALSE(Lamp(7).Value());
-}
-
 TEST_F(ControlCentreLamps, AClickOnTheChassisAlarmPulsesItsBitAlone) {
     Tabs().setCurrentIndex(2);
     link->KeepWrites = false;
@@ -107,18 +95,6 @@ TEST_F(ControlCentreLamps, GPIODigitsFollowTheRawLevels) {
     panel->GPIOTick();
     EXPECT_EQ(GPIO(16).text(), "1");
     EXPECT_EQ(GPIO(33).text(), "--");
-}
-
-TEST_F(ControlCentreLamps, AClickOnAnyGPIOLabelAsksForTheGPIOPanelAndNothingElse) {
-    QSignalSpy wanted(panel.get(), &ControlCentre::GPIOPanelWanted);
-    Click(GPIO(8));
-    panel->SetUpDisplay();
-    link->Take();
-    Click(GPIO(28));
-    QTest::keyClick(GPIO(8).parentWidget(), Qt::Key_Return);
-    QTest::keyClick(GPIO(8).parentWidget(), Qt::Key_Space);
-    EXPECT_EQ(wanted.count(), 4);
-    EXPECT_EQ(Traffic(), "");
 }
 
 } // namespace

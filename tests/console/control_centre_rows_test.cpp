@@ -1,8 +1,8 @@
 #include "console/control_centre_fixture.h"
 
 #include <device/display_rows.h>
-#include <link/link_error.h>
 
+#include <array>
 #include <vector>
 
 namespace tqx {
@@ -10,8 +10,6 @@ namespace {
 
 class ControlCentreRows : public test::ControlCentreTest {
 protected:
-    void Point(int row) { QTest::mouseMove(&Row(row), Row(row).rect().center()); }
-
     std::vector<int> VisibleRows(int first, int last) {
         std::vector<int> rows;
         for (int row = first; row <= last; ++row) {
@@ -27,26 +25,6 @@ protected:
         return Chart().Caption();
     }
 };
-
-TEST_F(ControlCentreRows, TakeTheColoursOfPointerAndPick) {
-    Point(3);
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::Hovered);
-    Click(Row(3));
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::Selected);
-    Point(0);
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
-    EXPECT_EQ(Row(0).ForeColor(), RowColour::Hovered);
-    Click(Row(0));
-    EXPECT_EQ(Row(0).ForeColor(), RowColour::Selected) << "the headings are a group of their own";
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
-    Click(Row(4));
-    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected);
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::Plain);
-    EXPECT_EQ(Row(0).ForeColor(), RowColour::SelectedAway);
-    Click(Row(4));
-    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected) << "a second click unpicks nothing";
-    EXPECT_EQ(panel->HoverRow, 4);
-}
 
 TEST_F(ControlCentreRows, ArePickedWithTheKeyboardToo) {
     Tabs().setCurrentIndex(1);
@@ -77,6 +55,7 @@ TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
     Click(Row(2));
     EXPECT_EQ(Traffic(), "");
     EXPECT_EQ(panel->StripGroup, 2);
+    EXPECT_EQ(Child<QLabel>("ChannelName").text(), "-12V") << "a heading is no channel";
     EXPECT_EQ(panel->SelectedChannel, 17);
     Chart().CaptionIndex(0);
     EXPECT_EQ(Chart().Caption(), "RPM");
@@ -101,6 +80,24 @@ TEST_F(ControlCentreRows, AClickWhoseReadFailsPutsNoChannelOnTheGaugeAndCanBeRep
     EXPECT_TRUE(MonitorRuns());
     EXPECT_EQ(panel->SelectedChannel, 4);
     EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected);
+}
+
+TEST_F(ControlCentreRows, HaveTheirLampBesideThem) {
+    constexpr std::array lamps{0, 2, 3,  4,  20, 1,  21, 22, 23, 24, 25, 26, 5,  6, 7,
+                               8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 27, 28};
+    link->Registers[0x00] = 0x08; // "Ain 8" and "Ain 9"
+    panel->SetUpDisplay();
+    for (int row = FirstTemperatureRow; row < RowCount; ++row) {
+        SCOPED_TRACE(row);
+        if (Row(row).isHidden()) {
+            continue;
+        }
+        AlarmLamp& lamp = Lamp(lamps.at(static_cast<std::size_t>(row - FirstTemperatureRow)));
+        ASSERT_EQ(lamp.parentWidget(), Row(row).parentWidget());
+        Tabs().setCurrentWidget(lamp.parentWidget());
+        QCoreApplication::processEvents();
+        EXPECT_NEAR(lamp.geometry().center().y(), Row(row).geometry().center().y(), 1);
+    }
 }
 
 TEST_F(ControlCentreRows, FollowThePinConfiguration) {
@@ -136,32 +133,6 @@ TEST_F(ControlCentreRows, FollowThePinConfiguration) {
     EXPECT_EQ(LegendOf(13), "");
     EXPECT_EQ(LegendOf(14), "");
     EXPECT_EQ(LegendOf(15), "3.3V Main") << "the legend lines do not close up";
-}
-
-TEST_F(ControlCentreRows, FirstEntrySetsUpChipGaugeChartAndMonitor) {
-    Tabs().setCurrentIndex(2);
-    link->Registers[0x68] = 90;
-    panel->SetUpControlCentre();
-    EXPECT_EQ(Traffic(), "R69 R68 W0=3 R1 R0 R7 R69 R68");
-    EXPECT_EQ(Tabs().currentIndex(), 0);
-    EXPECT_EQ(panel->SelectedChannel, 3);
-    EXPECT_EQ(panel->StripGroup, 0);
-    EXPECT_EQ(Row(3).ForeColor(), RowColour::SelectedAway);
-    EXPECT_EQ(Row(0).ForeColor(), RowColour::SelectedAway);
-    EXPECT_TRUE(MonitorRuns());
-    EXPECT_EQ(Gauge().PointerIndex(), 3);
-    EXPECT_EQ(Gauge().PointerValue(), 90);
-}
-
-TEST_F(ControlCentreRows, FirstEntryThatFailsLeavesTheMonitorStandingAndCanBeRepeated) {
-    for (const char* failing : {"BoardBus.ReadByte 58 69", "BoardBus.WriteByte 58 0"}) {
-        link->FailOn = failing;
-        EXPECT_THROW(panel->SetUpControlCentre(), LinkError);
-        EXPECT_FALSE(MonitorRuns());
-    }
-    link->FailOn.clear();
-    panel->SetUpControlCentre();
-    EXPECT_TRUE(MonitorRuns());
 }
 
 } // namespace

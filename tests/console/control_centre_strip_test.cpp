@@ -46,15 +46,6 @@ TEST_F(ControlCentreStrip, EachGroupBringsItsRangeTitleAndLegendsAndLeavesNoneBe
     }
 }
 
-TEST_F(ControlCentreStrip, LegendsTakeTheColoursOfTheirTraces) {
-    Click(Row(2));
-    for (int variable = 0; variable < 8; ++variable) {
-        Chart().VariableIndex(variable);
-        Chart().CaptionIndex(2 + variable);
-        EXPECT_EQ(Chart().CaptionColor(), Chart().VariableColor()) << variable;
-    }
-}
-
 TEST_F(ControlCentreStrip, TheTwo33VoltLegendsAreDecidedCrosswise) {
     Row(30).hide();
     Click(Row(1));

@@ -1,6 +1,7 @@
 #include "console/control_centre_fixture.h"
+#include "control_centre/monitor_tick.h"
 
-#include <link/link_error.h>
+#include <QLocale>
 
 #include <ostream>
 
@@ -44,6 +45,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{29, 3, 1, "R29 R22"}));
 
 TEST_F(ControlCentreTick, ShowsTheReadingOfTheChannelOnTheGauge) {
+    QLocale::setDefault(QLocale(QLocale::German)); // a comma and a thousands point
+
     struct Reading {
         std::int16_t Row;
         std::uint8_t Register;
@@ -65,25 +68,13 @@ TEST_F(ControlCentreTick, ShowsTheReadingOfTheChannelOnTheGauge) {
     panel->SelectedChannel = 6;
     panel->BargraphTick();
     EXPECT_EQ(Gauge().Caption(), "-11.963 V") << "a row without a channel leaves the gauge alone";
-}
 
-TEST_F(ControlCentreTick, ThatRaisesLeavesBurstModeOffAndTheNextOneRuns) {
-    for (const char* failing : {"BoardBus.ReadByte 58 28", "BoardBus.ReadByte 58 23"}) {
-        link->FailOn = failing;
-        EXPECT_THROW(panel->BargraphTick(), LinkError);
-        EXPECT_EQ(link->Take().back(), "PrinterPortLink.BurstMode 0");
-    }
-    link->FailOn.clear();
-    panel->BargraphTick();
-    EXPECT_EQ(Traffic(), "burst 1 R1F R28 R29 R20 R23 burst 0");
-}
-
-TEST_F(ControlCentreTick, OfTheSlowTimersReadsLampsOrLevelsWithoutBurstMode) {
-    Tabs().setCurrentIndex(2);
-    panel->InterruptTick();
-    EXPECT_EQ(Traffic(), "R20 R21 R23");
-    panel->GPIOTick();
-    EXPECT_EQ(Traffic(), "R24 R25 R23");
+    EXPECT_EQ(GaugeCaption(0.1, " V"), " 0.1 V");
+    EXPECT_EQ(GaugeCaption(100, " V"), " 100 V");
+    EXPECT_EQ(GaugeCaption(-0.0625, " V"), "-0.062 V") << "halves go to the even third decimal";
+    EXPECT_EQ(GaugeCaption(-0.0004, " V"), " 0 V") << "what rounds to nothing has no sign";
+    EXPECT_EQ(GaugeCaption(1e15, ""), " 1000000000000000");
+    QLocale::setDefault(QLocale::c());
 }
 
 TEST_F(ControlCentreTick, ComesFromItsTimerWhileTheMonitorRuns) {

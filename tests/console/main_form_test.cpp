@@ -1,14 +1,18 @@
 #include "shell/msg_box_frm.h"
+#include "support/hands.h"
 #include "support/recorded_bench.h"
 
 #include <console/main_form.h>
+#include <controls/linear_gauge.h>
 #include <device/bench.h>
+#include <link/link_error.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -46,7 +50,7 @@ public:
     void UnloadAll() override { Opened.emplace_back("unload"); }
 };
 
-class TheMainForm : public testing::Test {
+class TheMainForm : public testing::Test, protected test::Hands {
 protected:
     test::RecordedBench recorded;
     Bench& bench = recorded.Bench;
@@ -88,9 +92,11 @@ protected:
         return names;
     }
 
+    using Hands::Find;
+
     template <typename Control>
     Control* Find(const char* name) {
-        return form->findChild<Control*>(name);
+        return &Find<Control>(*form, name);
     }
 };
 
@@ -102,13 +108,6 @@ TEST_F(TheMainForm, LoadsInOrderAndThenLeavesTheChipAlone) {
     EXPECT_EQ(PanelsOnView(), "MainPanel");
     QTest::qWait(20);
     EXPECT_THAT(link->Take(), IsEmpty());
-}
-
-TEST_F(TheMainForm, ALoadThatFailsLeavesTheLinkNoWayToAWindow) {
-    test::RecordedBench other;
-    other.Link.FailOn = "EEPROMLink.EEPROMWait";
-    EXPECT_THROW(MainForm(other.Bench, tools), LinkError);
-    EXPECT_EQ(other.Bench.Link.Setup.Notice, nullptr);
 }
 
 TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAloneAndGivesItTheKeyboard) {
@@ -135,16 +134,6 @@ TEST_F(TheMainForm, EachPanelKeyLeavesItsPanelAloneAndGivesItTheKeyboard) {
     EXPECT_EQ(form->focusWidget()->objectName(), "HexTXT") << "it had the keyboard already";
 }
 
-TEST_F(TheMainForm, ASecondVisitToTheControlCentreStartsNothing) {
-    Press("ControlPanel1");
-    Press("ReadWrite1");
-    link->Take();
-    Press("ControlPanel1");
-    EXPECT_THAT(link->Take(), ElementsAre("SMBusLink.ReadByte 0 1", "SMBusLink.ReadByte 0 0",
-                                          "SMBusLink.ReadByte 0 7"));
-    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
-}
-
 TEST_F(TheMainForm, GoOnThePrinterPortWritesEverythingInOrder) {
     bench.Bus.BusCell.SlaveAddress = 0x58;
     bench.Bus.BusCell.PortAddress = 0x378;
@@ -168,25 +157,6 @@ TEST_F(TheMainForm, GoOnThePrinterPortWritesEverythingInOrder) {
     EXPECT_EQ(PanelsOnView(), "ControlCentrePanel");
 }
 
-TEST_F(TheMainForm, GoAnsweredCancelHidesTheWelcomePageAndDoesNothing) {
-    link->Take();
-    AnswerNext("CancelCMD");
-    Press("Go1");
-    EXPECT_EQ(PanelsOnView(), "");
-    EXPECT_THAT(link->Take(), IsEmpty());
-}
-
-TEST_F(TheMainForm, GoAfterSkipSendsOnlyWhatDoesNotLookAtIt) {
-    bench.Coms.Skipped = true;
-    link->Take();
-    AnswerNext("OKCMD");
-    Press("Go1");
-    form->StopMonitorTimers();
-    const auto calls = link->Take();
-    EXPECT_EQ(calls.front(), "SMBusLink.WriteByte 0 0 3");
-    EXPECT_THAT(calls, testing::Not(testing::Contains("SMBusLink.WriteByte 0 1D FF")));
-}
-
 TEST_F(TheMainForm, ABoxClosedWithoutAnAnswerGivesTheAnswerBefore) {
     AnswerNext(nullptr);
     EXPECT_EQ(form->QVNMsgBox("t", "first of the run", 0), 0);
@@ -198,13 +168,6 @@ TEST_F(TheMainForm, ABoxClosedWithoutAnAnswerGivesTheAnswerBefore) {
     EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 0);
     AnswerNext(nullptr);
     EXPECT_EQ(form->QVNMsgBox("t", "m", 1), 0);
-}
-
-TEST_F(TheMainForm, ToolKeysOpenTheirWindows) {
-    for (const char* key : {"Save1", "GPIO", "EraseEEPROM", "About1", "RegAccess"}) {
-        Press(key);
-    }
-    EXPECT_THAT(tools.Opened, ElementsAre("dump", "gpio", "erase", "about", "Register Access 1"));
 }
 
 TEST_F(TheMainForm, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
@@ -227,16 +190,44 @@ TEST_F(TheMainForm, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
     EXPECT_THAT(tools.Opened, ElementsAre("gpio"));
 }
 
-TEST_F(TheMainForm, ALinkThatFailsInTheMonitorIsToldOnceAndStopsIt) {
-    Press("ControlPanel1");
+TEST_F(TheMainForm, AFailedCallIsToldAndLeavesEveryPanelUsable) {
+    bench.Bus.BusCell = {.SlaveAddress = 0x2C, .PortAddress = 0x378, .ComsMedium = ComsSMBus};
+    const LinkError failure("cannot read", "the port is gone", "Plug it in again.");
+    Press("BlockReadWrite");
+    link->FailOn = "BoardBus.BlockRead";
+    Click(*form, "BlockReadCMD");
+    EXPECT_EQ(recorded.TakeFailures(), 1);
+    EXPECT_FALSE(Find<QWidget>("BlockReadCMD")->isEnabled()) << "until it is dealt with";
     link->Take();
     QString text;
     AnswerNext("OKCMD", &text);
-    form->LinkFailed(LinkError("cannot read", "the port is gone", "Plug it in again."));
-    EXPECT_TRUE(text.contains("the port is gone"));
-    EXPECT_TRUE(text.contains("Plug it in again."));
-    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+    form->LinkFailed(failure);
+    EXPECT_EQ(text, "The link to the TQX7716 failed|cannot read: the port is gone\n\n"
+                    "Plug it in again.");
     EXPECT_THAT(link->Take(), testing::Contains("PrinterPortLink.BurstMode 0"));
+    EXPECT_TRUE(Find<QWidget>("BlockReadCMD")->isEnabled());
+
+    Press("ControlPanel1");
+    auto& gauge = Find<LinearGauge>(*form, "limits_gauge");
+    const QPoint grip =
+        gauge.Geometry().HandleLine(gauge.Pointers().at(HighHandle)).center().toPoint();
+    link->FailOn = "SMBusLink.WriteByte";
+    QTest::mousePress(&gauge, Qt::LeftButton, Qt::NoModifier, grip);
+    const auto dragTo = [&gauge](const QPoint& point) {
+        QMouseEvent move(QEvent::MouseMove, point, gauge.mapToGlobal(point), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&gauge, &move);
+    };
+    dragTo(grip - QPoint(0, 20));
+    EXPECT_EQ(recorded.TakeFailures(), 1);
+    AnswerNext("OKCMD");
+    form->LinkFailed(failure);
+    EXPECT_EQ(Find<QAbstractButton>("VisStartCHK")->text(), "Start");
+    link->FailOn.clear();
+    link->Take();
+    dragTo(grip - QPoint(0, 40));
+    QTest::mouseRelease(&gauge, Qt::LeftButton, Qt::NoModifier, grip);
+    EXPECT_THAT(link->Take(), IsEmpty()) << "the pointer is in no hand any more";
 }
 
 } // namespace

@@ -33,12 +33,7 @@ protected:
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&console));
     }
 
-    template <class Widget = QWidget>
-    Widget& Find(const QString& name) {
-        return Hands::Find<Widget>(console, name);
-    }
-
-    std::string Text(const QString& label) { return Find<QLabel>(label).text().toStdString(); }
+    QWidget& Window() override { return console; }
 
     RowLabel& Row(int index) {
         return Find<RowLabel>(QString("read_writedisplaytext(%1)").arg(index));
@@ -67,14 +62,7 @@ protected:
         return bits;
     }
 
-    /// Types over what stands in the box, and confirms it.
-    void Enter(const char* box, const QString& keys) {
-        auto& entry = Find<NumberEntry>(box);
-        entry.selectAll();
-        QTest::keyClick(&entry, Qt::Key_Backspace);
-        QTest::keyClicks(&entry, keys);
-        QTest::keyClick(&entry, Qt::Key_Return);
-    }
+    void Enter(const char* box, const QString& keys) { Hands::Enter(Find(box), keys); }
 };
 
 } // namespace tqx

@@ -8,7 +8,6 @@
 namespace tqx {
 namespace {
 
-using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 class ChannelTableTest : public testing::Test {
@@ -33,26 +32,6 @@ protected:
                CaptionAt(at.MaxAddressPointer);
     }
 };
-
-TEST_F(ChannelTableTest, RowsAreKnownByTheirKindAndRefusedAsAnother) {
-    std::string kinds;
-    for (int row = -1; row <= RowCount; ++row) {
-        kinds += "HT.FV"[static_cast<int>(KindOfRow(row))];
-    }
-    EXPECT_EQ(kinds, ".HHHTTT.FFFFFFFFVVVVVVVVVVVVVVVVV.");
-    EXPECT_THROW(bench.Channels.FanOfRow(6), std::out_of_range);
-    EXPECT_THROW(bench.Channels.FanOfRow(15), std::out_of_range);
-    EXPECT_THROW(bench.Channels.VoltageOfRow(32), std::out_of_range);
-    EXPECT_THROW(bench.Channels.TemperatureOfRow(2), std::out_of_range);
-}
-
-TEST_F(ChannelTableTest, ConfiguringReadsTheTwoDivisorRegistersAndNothingElse) {
-    link.Registers[0x02] = 0x00;
-    link.Registers[0x03] = 0xFF;
-    bench.Channels.ConfigureChannels();
-    EXPECT_THAT(link.Take(), ElementsAre("SMBusLink.ReadByte 0 2", "SMBusLink.ReadByte 0 3"));
-    EXPECT_THAT(bench.Channels.Calculations.FanDivisors, ElementsAre(1, 1, 1, 1, 8, 8, 8, 8));
-}
 
 /// The register map names the channels in its own words, so the two tables check each other.
 TEST_F(ChannelTableTest, ChannelsStandOnTheRegistersThatCarryTheirName) {
@@ -98,14 +77,6 @@ TEST_F(ChannelTableTest, DefaultLimitsGoOutAsTheseBytesInThisOrder) {
         expected.push_back(std::string("SMBusLink.WriteByte 2D ") + write);
     }
     EXPECT_THAT(link.Take(), ElementsAreArray(expected));
-}
-
-TEST_F(ChannelTableTest, Ain9ReadsTheDefaultLimitsOfTheTemperatureOnItsOwnScale) {
-    bench.Channels.ConfigureChannels();
-    bench.Channels.WriteDefaultLimits();
-    EXPECT_NEAR(bench.Channels.VoltageOfRow(29).LowLimit(), 0.0197, 0.00005);
-    EXPECT_NEAR(bench.Channels.VoltageOfRow(29).HighLimit(), 0.885, 0.0005);
-    EXPECT_NEAR(bench.Channels.VoltageOfRow(16).LowLimit(), 0.726, 0.0005);
 }
 
 } // namespace

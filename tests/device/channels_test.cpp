@@ -8,8 +8,6 @@
 namespace tqx {
 namespace {
 
-using testing::ElementsAre;
-
 class Channels : public testing::Test {
 protected:
     test::RecordedBench recorded;
@@ -78,18 +76,6 @@ TEST_F(Channels, FanLimitsBecomeCounts) {
     }
 }
 
-TEST_F(Channels, DivisorsAreReadFromTwoRegistersAndKept) {
-    link.Registers[0x02] = 0b11'10'01'00;
-    link.Registers[0x03] = 0b00'01'10'11;
-    EXPECT_EQ(bench.Channels.Fans[6].Divisor(), 2);
-    EXPECT_THAT(link.Take(), ElementsAre("SMBusLink.ReadByte 2C 2", "SMBusLink.ReadByte 2C 3"));
-    EXPECT_THAT(bench.Channels.Calculations.FanDivisors, ElementsAre(1, 2, 4, 8, 8, 4, 2, 1));
-    link.Registers[0x02] = 0xFF;
-    bench.Channels.Fans[0].Speed();
-    EXPECT_THAT(link.Take(), ElementsAre("SMBusLink.ReadByte 2C 38"));
-    EXPECT_EQ(bench.Channels.Calculations.FanDivisors[0], 1);
-}
-
 TEST_F(Channels, CountsBecomeVolts) {
     EXPECT_FLOAT_EQ(VoltsOfCount(30, 192), 3.335F);
     EXPECT_FLOAT_EQ(VoltsOfCount(17, 255), 2.428F);
@@ -98,12 +84,6 @@ TEST_F(Channels, CountsBecomeVolts) {
         EXPECT_EQ(VoltsOfCount(row, 0), VoltsOfCount(row, 1)) << row;
         EXPECT_EQ(VoltsOfCount(row, 255), bench.Channels.VoltageOfRow(row).MaxVoltage) << row;
     }
-}
-
-TEST_F(Channels, AReadLimitIsNotRounded) {
-    link.Registers[0x4C] = 27;
-    const float volts = bench.Channels.VoltageOfRow(16).LowLimit();
-    EXPECT_FLOAT_EQ(volts, 0.026F + 27 * (6.634F - 0.026F) / 255);
 }
 
 TEST_F(Channels, VoltLimitsBecomeTheNearestByteOfTheirScale) {
@@ -154,21 +134,6 @@ TEST_F(Channels, DegreesWithoutAByteOfTheirOwnStayWithinAByte) {
         bench.Channels.TemperatureOfRow(4).MaxLimit(degrees);
         EXPECT_EQ(link.Registers[0x40], byte) << degrees;
     }
-}
-
-TEST_F(Channels, EachTransferLeavesItsRegisterAndByteInTheCell) {
-    link.Registers[0x2E] = 0x80;
-    bench.Channels.VoltageOfRow(18).Value();
-    EXPECT_EQ(bench.Bus.BusCell.RegisterPointer, 0x2E);
-    EXPECT_EQ(bench.Bus.BusCell.ReadValue, 0x80);
-    bench.Channels.TemperatureOfRow(5).MinLimit(-5);
-    EXPECT_EQ(bench.Bus.BusCell.RegisterPointer, 0x49);
-    EXPECT_EQ(bench.Bus.BusCell.WriteValue, 0x85);
-}
-
-TEST_F(Channels, AFailedReadPassesThrough) {
-    link.FailOn = "SMBusLink.ReadByte 2C 38";
-    EXPECT_THROW(bench.Channels.Fans[0].Speed(), LinkError);
 }
 
 } // namespace

@@ -56,12 +56,15 @@ protected:
 
     void Click(const QString& name) { Click(Window(), name); }
 
-    /// Types over what stands in an entry box, and confirms it.
-    static void Enter(QWidget& box, const QString& keys) {
+    /// Types over what stands in an entry box and, unless told otherwise, confirms it.
+    static void Enter(QWidget& box, const QString& keys, bool confirm = true) {
         box.setFocus();
         QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(&box, Qt::Key_Backspace);
         QTest::keyClicks(&box, keys);
-        QTest::keyClick(&box, Qt::Key_Return);
+        if (confirm) {
+            QTest::keyClick(&box, Qt::Key_Return);
+        }
     }
 };
 

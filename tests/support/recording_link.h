@@ -44,6 +44,8 @@ public:
 
     std::uint8_t Ports = 1;
     FrameBytes ReadFrame{};
+    /// The byte count that a block read gets from the chip.
+    std::uint8_t BlockCount = 32;
     FrameBytes Trace{};
     std::int16_t PEC = 0;
     bool PECGood = true;
@@ -138,7 +140,7 @@ public:
 
     void BlockRead(std::uint8_t first, std::uint8_t second, std::uint8_t& out) override {
         Note("BoardBus.BlockRead", {first, second});
-        out = 0;
+        out = BlockCount;
     }
 
     void BlockWrite(std::uint8_t count, const WriteBlock& frame) override {

@@ -140,8 +140,8 @@ TEST_F(ToolsTest, AModalWindowComesBackWhenItIsGoneAndOpensAfresh) {
 }
 
 TEST_F(ToolsTest, TheDumpWindowStopsTheMonitorAndStartsNothingAgain) {
-    main->StartMonitorTimers();
-    const auto& monitor = Find<QTimer>("BargraphTimer");
+    auto& monitor = Find<QTimer>("BargraphTimer");
+    monitor.start();
     ASSERT_TRUE(monitor.isActive());
     QTimer::singleShot(0, main.get(), [&] {
         EXPECT_FALSE(monitor.isActive());

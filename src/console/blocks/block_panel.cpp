@@ -77,11 +77,10 @@ QPushButton* BlockPanel::Button(const QString& name, const QString& caption,
 }
 
 QGroupBox* BlockPanel::MakeRegisterAccess() {
-    m_eraseEPROM = Button("EraseEPROMCMD", "Erase EEPROM", tr("Open the EEPROM erase window"));
+    m_eraseEPROM = Button("EraseEPROMCMD", "Erase EEPROM", "Open the EEPROM erase window");
     auto* coms = Button("EEPROMComsCMD", "EEPROM/RAM",
-                        tr("Open a new window on sixteen bytes of EEPROM or registers"));
-    auto* closeAll =
-        Button("CloseAllEEPROMCMD", "Close All", tr("Close every Register Access window"));
+                        "Open a new window on sixteen bytes of EEPROM or registers");
+    auto* closeAll = Button("CloseAllEEPROMCMD", "Close All", "Close every Register Access window");
     connect(m_eraseEPROM, &QPushButton::clicked, this, &BlockPanel::EraseEEPROMWanted);
     connect(coms, &QPushButton::clicked, this, &BlockPanel::EEPROMComsWanted);
     connect(closeAll, &QPushButton::clicked, this, &BlockPanel::CloseAllEEPROMWanted);
@@ -99,7 +98,7 @@ QGroupBox* BlockPanel::MakeRegisterAccess() {
 
 QGroupBox* BlockPanel::MakeBlockReadWrite() {
     auto* erase = Button("EraseEEPROMCMD", "Erase EEPROM",
-                         tr("Erase the EEPROM space that a block write is to go to"));
+                         "Erase the EEPROM space that a block write is to go to");
     connect(erase, &QPushButton::clicked, this, &BlockPanel::EraseEEPROMWanted);
     auto* notes = Note("NotesLBL", "When executing EEPROM block writes, please make sure you have "
                                    "erased the appropriate EEPROM address space first. ");
@@ -110,25 +109,25 @@ QGroupBox* BlockPanel::MakeBlockReadWrite() {
 
 QGroupBox* BlockPanel::MakeCommunications() {
     m_blockWrite = Button("BlockWriteCMD", "Block Write",
-                          tr("Write the bytes of the write row, as many as the byte count says"));
-    m_blockRead = Button("BlockReadCMD", "Block Read", tr("Read 32 bytes from the start position"));
+                          "Write the bytes of the write row, as many as the byte count says");
+    m_blockRead = Button("BlockReadCMD", "Block Read", "Read 32 bytes from the start position");
     m_blockWrite->setMinimumWidth(CommunicationsWidth);
     return Group("Communications", QBoxLayout::TopToBottom, {m_blockWrite, m_blockRead});
 }
 
 QGroupBox* BlockPanel::MakeUsefulFunctions() {
     auto* random = Button("RandDataFillCMD", "Random Data Fill",
-                          tr("Fill the write row with the next bytes of a fixed sequence"));
+                          "Fill the write row with the next bytes of a fixed sequence");
     auto* read =
-        Button("ReadDataFillCMD", "Read Data Fill", tr("Fill the write row with the bytes read"));
+        Button("ReadDataFillCMD", "Read Data Fill", "Fill the write row with the bytes read");
     connect(random, &QPushButton::clicked, this, &BlockPanel::RandomDataFill);
     connect(read, &QPushButton::clicked, this, &BlockPanel::ReadDataFill);
     return Group("Useful Functions", QBoxLayout::LeftToRight, {random, read});
 }
 
 QGroupBox* BlockPanel::MakeCleanUpDisplay() {
-    auto* fcs = Button("ClearFcsCMD", "Clear Fcs", tr("Clear every PEC read-out"));
-    auto* read = Button("ClearReadCMD", "Clear Read", tr("Clear the bytes read"));
+    auto* fcs = Button("ClearFcsCMD", "Clear Fcs", "Clear every PEC read-out");
+    auto* read = Button("ClearReadCMD", "Clear Read", "Clear the bytes read");
     connect(fcs, &QPushButton::clicked, this, [this] {
         m_grid->ClearPEC();
         m_frame->ClearPEC();
@@ -236,14 +235,14 @@ void BlockPanel::UsePECClicked(bool use) {
 
 void BlockPanel::RandomDataFill() {
     for (int column = 1; column <= GridColumns; ++column) {
-        m_grid->BlockWriteTXT(column).Value(m_random.NextByte());
+        m_grid->WriteEntry(column).Value(m_random.NextByte());
     }
 }
 
 void BlockPanel::ReadDataFill() {
     for (int column = 1; column <= GridColumns; ++column) {
-        const auto byte = ByteOf(m_grid->ReadDataLBL(column).text(), 16);
-        m_grid->BlockWriteTXT(column).Value(byte.value_or(0));
+        const auto byte = ByteOf(m_grid->ReadData(column).text(), 16);
+        m_grid->WriteEntry(column).Value(byte.value_or(0));
     }
 }
 

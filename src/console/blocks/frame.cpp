@@ -19,7 +19,7 @@ BlockFrame::BlockFrame(QWidget* parent)
     : QFrame(parent)
     , m_usePEC(new QCheckBox("Use PEC")) {
     m_usePEC->setObjectName("UsePECCHK");
-    m_usePEC->setToolTip(tr("Take a Packet Error Code into block transfers"));
+    m_usePEC->setToolTip("Take a Packet Error Code into block transfers");
     connect(m_usePEC, &QCheckBox::clicked, this, &BlockFrame::UsePECClicked);
 
     auto* grid = new QGridLayout(this);
@@ -50,9 +50,9 @@ BlockFrame::BlockFrame(QWidget* parent)
         palette.setColor(QPalette::Disabled, QPalette::Text, QColor(look::QuietInk));
         shown->setPalette(palette);
     }
-    m_slaveAddress->setToolTip(tr("The chip's address on the bus"));
-    m_command->setToolTip(tr("A0 for a block write, A1 for a block read"));
-    m_byteCount->setToolTip(tr("How many bytes to write, 1 to 20 in hexadecimal"));
+    m_slaveAddress->setToolTip("The chip's address on the bus");
+    m_command->setToolTip("A0 for a block write, A1 for a block read");
+    m_byteCount->setToolTip("How many bytes to write, 1 to 20 in hexadecimal");
     connect(m_byteCount, &NumberEntry::EntryConfirmed, this, &BlockFrame::ByteCountEntered);
 }
 

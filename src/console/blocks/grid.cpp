@@ -1,18 +1,22 @@
 #include "blocks/grid.h"
 
-#include "blocks/hex_bytes.h"
-
 #include <controls/look.h>
 #include <controls/number_text.h>
 
+#include <QAction>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <algorithm>
-#include <vector>
 
 namespace tqx {
 namespace {
@@ -51,6 +55,16 @@ QLabel* ByteLabel(const char* name, int column, BandRow row) {
     return label;
 }
 
+/// The digits of one word of the text, without the marks that say "hexadecimal".
+QString DigitsOf(QString word) {
+    if (word.startsWith("0x", Qt::CaseInsensitive)) {
+        word.remove(0, 2);
+    } else if (word.endsWith('h', Qt::CaseInsensitive)) {
+        word.chop(1);
+    }
+    return word;
+}
+
 /// Shows `text`, or that there is none, and names it for a screen reader.
 void Show(QLabel& label, const QString& what, int column, const QString& text) {
     label.setText(text);
@@ -58,6 +72,63 @@ void Show(QLabel& label, const QString& what, int column, const QString& text) {
 }
 
 } // namespace
+
+std::optional<std::vector<std::uint8_t>> ParseHexBytes(const QString& text) {
+    static const QRegularExpression between("[\\s,;:]+");
+    static const QRegularExpression digitsOnly("^(?:[0-9A-Fa-f]|(?:[0-9A-Fa-f]{2})+)$");
+    std::vector<std::uint8_t> bytes;
+    for (const QString& word : text.split(between, Qt::SkipEmptyParts)) {
+        const QString digits = DigitsOf(word);
+        if (!digitsOnly.match(digits).hasMatch()) {
+            return std::nullopt;
+        }
+        for (qsizetype at = 0; at < digits.size(); at += 2) {
+            bytes.push_back(static_cast<std::uint8_t>(digits.mid(at, 2).toUInt(nullptr, 16)));
+        }
+    }
+    return bytes;
+}
+
+QString FormatHexBytes(std::span<const std::uint8_t> bytes, int perLine) {
+    QString text;
+    for (std::size_t i = 0; i < bytes.size(); ++i) {
+        if (i > 0) {
+            text += i % static_cast<std::size_t>(perLine) == 0 ? '\n' : ' ';
+        }
+        text += QString("%1").arg(bytes[i], 2, 16, QChar('0')).toUpper();
+    }
+    return text;
+}
+
+BlockByteEntry::BlockByteEntry(QWidget* parent)
+    : NumberEntry(Hexadecimal, parent) {}
+
+void BlockByteEntry::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Paste)) {
+        PasteClipboard();
+        return;
+    }
+    NumberEntry::keyPressEvent(event);
+}
+
+void BlockByteEntry::contextMenuEvent(QContextMenuEvent* event) {
+    QMenu* menu = createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (auto* paste = menu->findChild<QAction*>("edit-paste")) {
+        paste->disconnect();
+        connect(paste, &QAction::triggered, this, &BlockByteEntry::PasteClipboard);
+    }
+    menu->popup(event->globalPos());
+}
+
+void BlockByteEntry::dropEvent(QDropEvent* event) {
+    event->acceptProposedAction();
+    Q_EMIT Pasted(event->mimeData()->text());
+}
+
+void BlockByteEntry::PasteClipboard() {
+    Q_EMIT Pasted(QGuiApplication::clipboard()->text());
+}
 
 BlockGrid::BlockGrid(QWidget* parent)
     : QWidget(parent) {
@@ -77,11 +148,11 @@ QWidget* BlockGrid::MakeHeading() {
     heading->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     auto* key = new QLabel("Key");
     key->setFont(look::WordsFont(look::Size::Text, look::Strong));
-    m_copy = new QPushButton(tr("Copy Reading"));
+    m_copy = new QPushButton("Copy Reading");
     m_copy->setObjectName("CopyReadingCMD");
     m_copy->setAutoDefault(false);
     m_copy->setMinimumWidth(m_copy->sizeHint().width() + 4 * look::Grid);
-    m_copy->setToolTip(tr("Copy the data read as hexadecimal text"));
+    m_copy->setToolTip("Copy the data read as hexadecimal text");
     connect(m_copy, &QPushButton::clicked, this, &BlockGrid::CopyReading);
 
     auto* line = new QHBoxLayout(heading);
@@ -128,9 +199,10 @@ void BlockGrid::MakeColumn(QGridLayout& band, int column, int at) {
     made.Fcs = ByteLabel("FcsLBL", column, FcsRow);
     made.Write = new BlockByteEntry;
     made.Write->setObjectName(QString("BlockWriteTXT(%1)").arg(column));
-    made.Write->setAccessibleName(tr("Byte %1 to write, in hexadecimal").arg(column));
+    made.Write->setAccessibleName(QStringLiteral("Byte %1 to write, in hexadecimal").arg(column));
     made.Write->setToolTip(
-        tr("Byte %1 to write. Pasted bytes go here and into the boxes that follow").arg(column));
+        QStringLiteral("Byte %1 to write. Pasted bytes go here and into the boxes that follow")
+            .arg(column));
     made.Write->setAlignment(Qt::AlignCenter);
     made.Write->setFont(look::NumbersFont(look::Size::Large));
     made.Write->Put("00");
@@ -147,7 +219,7 @@ void BlockGrid::MakeColumn(QGridLayout& band, int column, int at) {
 void BlockGrid::ShowReading(std::span<const std::uint8_t> bytes) {
     for (std::size_t i = 0; i < bytes.size(); ++i) {
         const int column = static_cast<int>(i) + 1;
-        Show(ReadDataLBL(column), tr("Byte read"), column, HexText(bytes[i]));
+        Show(ReadData(column), "Byte read", column, HexText(bytes[i]));
     }
     m_copy->setEnabled(true);
 }
@@ -155,20 +227,20 @@ void BlockGrid::ShowReading(std::span<const std::uint8_t> bytes) {
 void BlockGrid::ShowPEC(std::span<const std::uint8_t> trace) {
     for (std::size_t i = 0; i < trace.size(); ++i) {
         const int column = static_cast<int>(i) + 1;
-        Show(FcsLBL(column), tr("PEC after byte"), column, HexText(trace[i]));
+        Show(PECAfter(column), "PEC after byte", column, HexText(trace[i]));
     }
 }
 
 void BlockGrid::ClearReading() {
     for (int column = 1; column <= GridColumns; ++column) {
-        Show(ReadDataLBL(column), tr("Byte read"), column, NoValue);
+        Show(ReadData(column), "Byte read", column, NoValue);
     }
     m_copy->setEnabled(false);
 }
 
 void BlockGrid::ClearPEC() {
     for (int column = 1; column <= GridColumns; ++column) {
-        Show(FcsLBL(column), tr("PEC after byte"), column, NoValue);
+        Show(PECAfter(column), "PEC after byte", column, NoValue);
     }
 }
 
@@ -181,7 +253,7 @@ void BlockGrid::EnableAll() {
 
 void BlockGrid::EnableReading(int columns) {
     for (int column = 1; column <= GridColumns; ++column) {
-        ReadDataLBL(column).setEnabled(column <= columns);
+        ReadData(column).setEnabled(column <= columns);
     }
 }
 
@@ -202,16 +274,16 @@ void BlockGrid::CopyReading() {
 void BlockGrid::Paste(int column, const QString& text) {
     const auto bytes = ParseHexBytes(text);
     if (!bytes) {
-        Q_EMIT PasteRefused(tr("The text pasted is no list of hexadecimal bytes."));
+        Q_EMIT PasteRefused("The text pasted is no list of hexadecimal bytes.");
         return;
     }
     const std::size_t room = m_columns.size() + 1 - static_cast<std::size_t>(column);
     const std::size_t count = std::min(bytes->size(), room);
     for (std::size_t i = 0; i < count; ++i) {
-        BlockWriteTXT(column + static_cast<int>(i)).Value((*bytes)[i]);
+        WriteEntry(column + static_cast<int>(i)).Value((*bytes)[i]);
     }
     if (count < bytes->size()) {
-        Q_EMIT PasteRefused(tr("Only the first %1 of the %2 bytes pasted have a box.")
+        Q_EMIT PasteRefused(QStringLiteral("Only the first %1 of the %2 bytes pasted have a box.")
                                 .arg(count)
                                 .arg(bytes->size()));
     }

@@ -1,13 +1,15 @@
 #pragma once
 
-#include "blocks/byte_entry.h"
+#include <controls/number_entry.h>
 
 #include <QLabel>
 #include <QWidget>
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <vector>
 
 class QGridLayout;
 class QPushButton;
@@ -16,6 +18,35 @@ namespace tqx {
 
 /// Bytes of the longest block, and columns of the grid.
 inline constexpr int GridColumns = 32;
+
+/// The bytes that a hexadecimal text stands for, as data sheets, dumps and programs write them:
+/// "00 1A ff", "001AFF", "0x00, 0x1A", "00h 1Ah". Blanks, line ends, commas, colons and
+/// semicolons part the bytes; a run of digits is taken in pairs. Nothing when anything else stands
+/// in the text, or a run of more than two digits cannot be paired.
+std::optional<std::vector<std::uint8_t>> ParseHexBytes(const QString& text);
+
+/// `bytes` with two digits each, `perLine` in a line, parted by blanks.
+QString FormatHexBytes(std::span<const std::uint8_t> bytes, int perLine);
+
+/// One byte of the block to write. Text that is pasted or dropped on it may be more than one byte
+/// and is handed over whole, in place of going into this box alone.
+class BlockByteEntry : public NumberEntry {
+    Q_OBJECT
+
+public:
+    explicit BlockByteEntry(QWidget* parent = nullptr);
+
+Q_SIGNALS:
+    void Pasted(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void PasteClipboard();
+};
 
 /// The grid of the block panel: a column for each byte of a block, 1 to 32, with its number, the
 /// data read, the running PEC after it and the data to write. It stands in two bands of 16 columns.
@@ -27,11 +58,11 @@ public:
 
     /// @name The members of a column, 1 to 32
     /// @{
-    QLabel& ReadDataLBL(int column) const { return *Of(column).Read; }
+    QLabel& ReadData(int column) const { return *Of(column).Read; }
 
-    QLabel& FcsLBL(int column) const { return *Of(column).Fcs; }
+    QLabel& PECAfter(int column) const { return *Of(column).Fcs; }
 
-    BlockByteEntry& BlockWriteTXT(int column) const { return *Of(column).Write; }
+    BlockByteEntry& WriteEntry(int column) const { return *Of(column).Write; }
 
     /// @}
 

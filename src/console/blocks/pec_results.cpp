@@ -15,16 +15,16 @@ constexpr int MarkSize = 7 * look::Grid;
 PECMark::PECMark(QWidget* parent)
     : QWidget(parent) {
     setObjectName("PECOKShape");
-    setToolTip(tr("Green: the PEC was good. Red: it was not. Grey: not known"));
+    setToolTip("Green: the PEC was good. Red: it was not. Grey: not known");
     setFixedSize(MarkSize, MarkSize);
     Show(State::Unknown);
 }
 
 void PECMark::Show(State state) {
     m_state = state;
-    setAccessibleName(state == State::Good  ? tr("PEC good")
-                      : state == State::Bad ? tr("PEC bad")
-                                            : tr("PEC not known"));
+    setAccessibleName(state == State::Good  ? "PEC good"
+                      : state == State::Bad ? "PEC bad"
+                                            : "PEC not known");
     update();
 }
 

@@ -15,12 +15,12 @@ BlockStart::BlockStart(QWidget* parent)
     , m_highByte(new HighByteCombo)
     , m_lowByte(new NumberEntry(NumberEntry::Hexadecimal)) {
     m_accessEEPROM->setObjectName("AccessEEPROMCHK");
-    m_accessEEPROM->setToolTip(tr("Ticked: blocks go to the EEPROM. Unticked: to the registers"));
-    m_highByte->setToolTip(tr("High byte of the EEPROM address"));
+    m_accessEEPROM->setToolTip("Ticked: blocks go to the EEPROM. Unticked: to the registers");
+    m_highByte->setToolTip("High byte of the EEPROM address");
     m_highByte->setEnabled(false);
     m_lowByte->setObjectName("LowByteTXT");
-    m_lowByte->setAccessibleName(tr("Low byte of the EEPROM address, or the register"));
-    m_lowByte->setToolTip(tr("Low byte of the EEPROM address, or the register"));
+    m_lowByte->setAccessibleName("Low byte of the EEPROM address, or the register");
+    m_lowByte->setToolTip("Low byte of the EEPROM address, or the register");
     m_lowByte->Put("0");
     connect(m_accessEEPROM, &QCheckBox::clicked, m_highByte, &QComboBox::setEnabled);
 

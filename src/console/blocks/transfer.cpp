@@ -14,7 +14,6 @@
 
 #include <algorithm>
 #include <span>
-#include <string_view>
 #include <utility>
 
 namespace tqx {
@@ -39,33 +38,6 @@ std::span<const std::uint8_t> Data(const FrameBytes& frame, std::size_t head, un
     return std::span(frame).subspan(head, count);
 }
 
-/// Hears for as long as a scope lasts whether the link gives a notice, and passes it on.
-class NoticeWatch {
-public:
-    explicit NoticeWatch(LinkSetup& setup)
-        : m_setup(setup)
-        , m_door(std::move(setup.Notice)) {
-        m_setup.Notice = [this](std::string_view title, std::string_view message) {
-            m_heard = true;
-            if (m_door) {
-                m_door(title, message);
-            }
-        };
-    }
-
-    ~NoticeWatch() { m_setup.Notice = std::move(m_door); }
-
-    NoticeWatch(const NoticeWatch&) = delete;
-    NoticeWatch& operator=(const NoticeWatch&) = delete;
-
-    bool Heard() const { return m_heard; }
-
-private:
-    LinkSetup& m_setup;
-    NoticeDoor m_door;
-    bool m_heard = false;
-};
-
 } // namespace
 
 BlockTransfer::BlockTransfer(Bench& bench, MessageDoor message, const BlockControls& controls)
@@ -79,7 +51,7 @@ BoardBus& BlockTransfer::Bus() {
 
 void BlockTransfer::Read() {
     m_bench.Link->PrinterPortLink().BurstMode(true);
-    m_panel.BlockReadCMD.setEnabled(false);
+    m_panel.ReadButton.setEnabled(false);
     if (m_panel.Frame.UsePEC()) {
         m_panel.Results.Wait();
     }
@@ -100,15 +72,14 @@ void BlockTransfer::Read() {
         whole ? ShowReadPEC() : m_panel.Results.Show(false);
     }
     Bus().ByteDelay(0);
-    m_panel.BlockReadCMD.setEnabled(true);
+    m_panel.ReadButton.setEnabled(true);
     m_bench.Link->PrinterPortLink().BurstMode(false);
 }
 
 bool BlockTransfer::ReceiveBlock() {
-    const NoticeWatch watch(m_bench.Link.Setup);
-    std::uint8_t dropped = 0;
-    Bus().BlockRead(0xAA, 0x0A, dropped);
-    return !watch.Heard();
+    std::uint8_t count = 0;
+    Bus().BlockRead(0xAA, 0x0A, count);
+    return count == GridColumns;
 }
 
 void BlockTransfer::ShowReadPEC() {
@@ -125,8 +96,8 @@ void BlockTransfer::Write() {
     ClearBlockDisplay();
     m_panel.Frame.Command(WriteCommand);
     KeepByteCountInBlock();
-    m_panel.BlockWriteCMD.setEnabled(false);
-    m_panel.BlockReadCMD.setEnabled(false);
+    m_panel.WriteButton.setEnabled(false);
+    m_panel.ReadButton.setEnabled(false);
     if (m_panel.Frame.UsePEC()) {
         m_panel.Results.Wait();
     }
@@ -136,8 +107,8 @@ void BlockTransfer::Write() {
     if (m_panel.Start.AccessEEPROM()) {
         WriteEEPROMMode(ReadMode);
     }
-    m_panel.BlockWriteCMD.setEnabled(true);
-    m_panel.BlockReadCMD.setEnabled(true);
+    m_panel.WriteButton.setEnabled(true);
+    m_panel.ReadButton.setEnabled(true);
     Bus().ByteDelay(0);
     Bus().EEPROMTarget(false);
 }
@@ -172,7 +143,7 @@ void BlockTransfer::ShowWritePEC() {
 WriteBlock BlockTransfer::MakeFrame() const {
     WriteBlock frame{};
     for (unsigned i = 0; i < m_panel.Frame.ByteCount(); ++i) {
-        const BlockByteEntry& entry = m_panel.Grid.BlockWriteTXT(static_cast<int>(i) + 1);
+        const BlockByteEntry& entry = m_panel.Grid.WriteEntry(static_cast<int>(i) + 1);
         frame[WriteHead + i] = static_cast<std::uint8_t>(entry.Value());
     }
     return frame;

@@ -16,8 +16,8 @@ class PECResults;
 
 /// What a block transfer reads from the panel and shows on it.
 struct BlockControls {
-    QPushButton& BlockReadCMD;
-    QPushButton& BlockWriteCMD;
+    QPushButton& ReadButton;
+    QPushButton& WriteButton;
     BlockGrid& Grid;
     BlockFrame& Frame;
     BlockStart& Start;
@@ -48,8 +48,9 @@ private:
     void ResetReadColumns();
     /// Moves the chip's address pointer to the start of the block.
     void SetBlockStart();
-    /// False when the link broke the read off with a notice: it then still holds the block and the
-    /// PEC of an earlier one, which must not be shown as this one's.
+    /// False when the chip's count was not that of a whole block: the link has said so and broken
+    /// the read off, and still holds an earlier block with its PEC, which must not be shown as this
+    /// one's.
     bool ReceiveBlock();
     void WriteEEPROMMode(std::uint8_t mode);
     bool WriteProtected();

@@ -1,7 +1,5 @@
 #include "control_centre/channel_rows.h"
 
-#include "control_centre/monitor_rows.h"
-
 #include <controls/number_text.h>
 #include <controls/row_label.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "control_centre/monitor_state.h"
+#include "control_centre/monitor_rows.h"
 
 #include <controls/row_label.h>
 #include <device/display_rows.h>

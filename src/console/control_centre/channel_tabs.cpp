@@ -35,7 +35,7 @@ enum Column { LampColumn, RowColumn };
 
 void AddLine(QGridLayout& grid, QWidget& lamp, RowLabel& label) {
     const int line = grid.rowCount();
-    lamp.setAccessibleName(ChannelTabs::tr("Alarm of %1").arg(label.text()));
+    lamp.setAccessibleName(QStringLiteral("Alarm of %1").arg(label.text()));
     lamp.setToolTip(lamp.accessibleName());
     grid.addWidget(&lamp, line, LampColumn, Qt::AlignCenter);
     grid.addWidget(&label, line, RowColumn);
@@ -70,7 +70,7 @@ void AddInformation(QGridLayout& grid, int index, QWidget* page) {
 ChannelTabs::ChannelTabs(const ChannelRows& rows, const StatusLamps& lamps, QWidget* parent)
     : QTabWidget(parent) {
     setObjectName(QStringLiteral("BargraphTab"));
-    setAccessibleName(tr("Channels"));
+    setAccessibleName("Channels");
     setDocumentMode(true); // the displays need no frame
     for (const TabPage& page : Pages) {
         const int tab = addTab(NewPage(page.Tab, rows, lamps), QString::fromLatin1(page.Caption));
@@ -100,11 +100,11 @@ QWidget* ChannelTabs::NewPage(MonitorTab tab, const ChannelRows& rows, const Sta
 void ChannelTabs::AddChassisLine(QGridLayout& grid, AlarmLamp& lamp, QWidget* page) {
     m_chassis = new RowLabel(QStringLiteral("CI"), page);
     m_chassis->setObjectName(QStringLiteral("CITXT"));
-    m_chassis->setAccessibleName(tr("CI, chassis intrusion: clear the alarm"));
+    m_chassis->setAccessibleName("CI, chassis intrusion: clear the alarm");
     AddRule(grid, page);
     AddLine(grid, lamp, *m_chassis);
     for (QWidget* widget : std::initializer_list<QWidget*>{m_chassis, &lamp}) {
-        widget->setToolTip(tr("Chassis intrusion: click to clear the alarm"));
+        widget->setToolTip("Chassis intrusion: click to clear the alarm");
         widget->setCursor(Qt::PointingHandCursor);
     }
     connect(m_chassis, &RowLabel::clicked, this, &ChannelTabs::ChassisClicked);

@@ -47,12 +47,11 @@ ControlCentre::ControlCentre(Bench& bench, QWidget* parent)
     , m_lamps(bench.Bus, this)
     , m_tabs(*new ChannelTabs(m_rows, m_lamps, this))
     , m_gpio(*new GPIODisplay(bench.Bus, this))
-    , m_visStart(*new QPushButton(this))
+    , m_startStop(*new QPushButton(this))
     , m_channelName(*new QLabel(this))
-    , m_timers(m_visStart, this)
+    , m_timers(m_startStop, this)
     , m_sizes(m_gauge, m_chart, [this](int row) { return m_rows.Visible(row); })
-    , m_handles(bench, m_gauge, *this)
-    , m_limits(bench, m_gauge, m_sizes, m_handles, *this)
+    , m_limits(bench, m_gauge, m_sizes, *this)
     , m_tick(bench, m_gauge, m_chart, m_lamps, *this) {
     setObjectName(QStringLiteral("ControlCentrePanel"));
     m_gauge.setObjectName(QStringLiteral("limits_gauge"));
@@ -70,9 +69,9 @@ void ControlCentre::ConnectParts() {
                 OnLink(failures, [this, row] { RowClicked(row); }));
     }
     connect(&m_gauge, &LinearGauge::PointerMoved, this,
-            OnLink(failures, [this] { m_handles.PointerMoved(); }));
+            OnLink(failures, [this] { m_limits.PointerMoved(); }));
     connect(&m_gauge, &LinearGauge::PointerSettled, this,
-            OnLink(failures, [this] { m_handles.PointerSettled(); }));
+            OnLink(failures, [this] { m_limits.PointerSettled(); }));
     connect(&m_tabs, &ChannelTabs::ChassisClicked, this,
             OnLink(failures, [this] { m_lamps.ClearChassisAlarm(); }));
     connect(&m_gpio, &GPIODisplay::clicked, this, &ControlCentre::GPIOPanelWanted);
@@ -107,7 +106,7 @@ void ControlCentre::OrderTabs() {
     // The channel tabs with their rows come first by themselves.
     QWidget* last = m_tabs.LastRow();
     for (QWidget* next :
-         std::initializer_list<QWidget*>{&m_gauge, &m_chart, &m_visStart, &m_rows.Row(0),
+         std::initializer_list<QWidget*>{&m_gauge, &m_chart, &m_startStop, &m_rows.Row(0),
                                          &m_rows.Row(1), &m_rows.Row(2), &m_gpio}) {
         setTabOrder(last, next);
         last = next;
@@ -117,7 +116,7 @@ void ControlCentre::OrderTabs() {
 void ControlCentre::AddBargraph(QVBoxLayout& column) {
     m_channelName.setObjectName(QStringLiteral("ChannelName"));
     m_channelName.setFont(look::NumbersFont(look::Size::Text, look::Strong));
-    m_channelName.setToolTip(tr("The channel on the bargraph"));
+    m_channelName.setToolTip("The channel on the bargraph");
 
     auto* const line = new QHBoxLayout;
     line->addWidget(NewHeading(QStringLiteral("SSPanel6"), QStringLiteral("Bargraph"), this));
@@ -134,8 +133,8 @@ void ControlCentre::AddBargraph(QVBoxLayout& column) {
 }
 
 void ControlCentre::AddBottomLine(QHBoxLayout& line) {
-    m_visStart.setToolTip(tr("Start or stop the monitor"));
-    m_visStart.setMinimumWidth(22 * look::Grid);
+    m_startStop.setToolTip("Start or stop the monitor");
+    m_startStop.setMinimumWidth(22 * look::Grid);
 
     auto* const groups = new QWidget(this);
     look::MakeDisplay(*groups);
@@ -147,7 +146,7 @@ void ControlCentre::AddBottomLine(QHBoxLayout& line) {
     }
 
     line.setSpacing(2 * look::Grid);
-    line.addWidget(&m_visStart);
+    line.addWidget(&m_startStop);
     line.addStretch();
     line.addWidget(NewHeading(QStringLiteral("SSPanel1"), QStringLiteral("Graph"), this));
     line.addWidget(groups);
@@ -165,7 +164,7 @@ void ControlCentre::RowClicked(int row) {
     if (!IsHeadingRow(row)) {
         const QString channel = m_rows.Row(row).text();
         m_channelName.setText(channel);
-        m_gauge.setAccessibleName(tr("Bargraph of %1").arg(channel));
+        m_gauge.setAccessibleName(QStringLiteral("Bargraph of %1").arg(channel));
     }
     m_limits.LoadChannelLimits(row);
     if (!m_timers.VisStart()) {
@@ -186,7 +185,7 @@ void ControlCentre::SetUpControlCentre() {
     StopMonitorTimers();
     WriteAt(m_bench.Bus, reg::Config1, StartUp);
     SetUpDisplay();
-    m_limits.ShowTemperatureLimits(FirstTemperatureRow);
+    m_limits.ShowLimits(FirstTemperatureRow);
     m_timers.OfferStop();
     StartMonitorTimers();
 }

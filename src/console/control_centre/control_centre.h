@@ -1,9 +1,7 @@
 #pragma once
 
-#include "control_centre/channel_limits.h"
 #include "control_centre/channel_rows.h"
-#include "control_centre/limit_handles.h"
-#include "control_centre/monitor_state.h"
+#include "control_centre/gauge_limits.h"
 #include "control_centre/monitor_tick.h"
 #include "control_centre/monitor_timers.h"
 #include "control_centre/size_strip_bar.h"
@@ -84,12 +82,11 @@ private:
     StatusLamps m_lamps;
     ChannelTabs& m_tabs;
     GPIODisplay& m_gpio;
-    QAbstractButton& m_visStart;
+    QAbstractButton& m_startStop;
     QLabel& m_channelName;
     MonitorTimers m_timers;
     SizeStripBar m_sizes;
-    LimitHandles m_handles;
-    ChannelLimits m_limits;
+    GaugeLimits m_limits;
     MonitorTick m_tick;
 };
 

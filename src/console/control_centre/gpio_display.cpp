@@ -44,8 +44,8 @@ GPIODisplay::GPIODisplay(LinkNewComPort& bus, QWidget* parent)
     : QAbstractButton(parent)
     , m_bus(bus) {
     setObjectName(QStringLiteral("GPIODisplay"));
-    setAccessibleName(tr("GPIO levels"));
-    setToolTip(tr("Click to change"));
+    setAccessibleName("GPIO levels");
+    setToolTip("Click to change");
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     look::MakeDisplay(*this);
@@ -66,7 +66,7 @@ GPIODisplay::GPIODisplay(LinkNewComPort& bus, QWidget* parent)
         m_gpio.at(line) = NewLabel(this, QStringLiteral("0"), digitFont, look::DisplayInk);
         for (const int index : {placeholder, line}) {
             m_gpio.at(index)->setObjectName(QStringLiteral("GPIO(%1)").arg(index));
-            m_gpio.at(index)->setToolTip(tr("Click to change"));
+            m_gpio.at(index)->setToolTip("Click to change");
             grid->addWidget(m_gpio.at(index), 1, column);
         }
         grid->setColumnMinimumWidth(column, 5 * look::Grid);
@@ -86,7 +86,8 @@ void GPIODisplay::ShowGPIOLevels() {
 void GPIODisplay::Write(int firstLine, int lineCount, unsigned levels) {
     for (int bit = 0; bit < lineCount; ++bit) {
         const bool high = (levels >> bit & 1U) != 0;
-        kit::ShowReadout(*m_gpio.at(firstLine + bit), tr("GPIO line %1").arg(firstLine + bit),
+        kit::ShowReadout(*m_gpio.at(firstLine + bit),
+                         QStringLiteral("GPIO line %1").arg(firstLine + bit),
                          high ? QStringLiteral("1") : QStringLiteral("0"));
     }
 }
@@ -104,8 +105,8 @@ void GPIODisplay::SayLevels() {
             high << QString::number(line);
         }
     }
-    const QString levels =
-        high.isEmpty() ? tr("No line is high") : tr("High: %1").arg(high.join(", "));
+    const QString levels = high.isEmpty() ? QStringLiteral("No line is high")
+                                          : QStringLiteral("High: %1").arg(high.join(", "));
     if (levels != accessibleDescription()) {
         setAccessibleDescription(levels);
     }

@@ -1,38 +1,32 @@
 #include "control_centre/monitor_tick.h"
 
-#include "control_centre/gauge_caption.h"
 #include "control_centre/status_lamps.h"
 #include "control_centre/strip_groups.h"
 
 #include <controls/linear_gauge.h>
+#include <controls/number_text.h>
 #include <controls/strip_chart.h>
 #include <device/bench.h>
+#include <device/rounding.h>
 #include <link/burst_scope.h>
 
+#include <array>
+#include <charconv>
 #include <cstdint>
 #include <optional>
 
 namespace tqx {
-namespace {
 
-/// Reads the channel of a row: degrees, revolutions per minute or volts. Nothing for a row that
-/// has no channel.
-std::optional<double> ReadChannel(ChannelTable& channels, int row) {
-    switch (KindOfRow(row)) {
-    case RowKind::Temperature:
-        return channels.TemperatureOfRow(row).Value();
-    case RowKind::Fan:
-        return channels.FanOfRow(row).Speed();
-    case RowKind::Voltage:
-        return channels.VoltageOfRow(row).Value();
-    case RowKind::Heading:
-    case RowKind::None:
-        break;
-    }
-    return std::nullopt;
+QString GaugeCaption(double reading, std::string_view suffix) {
+    // Adding 0 turns a negative zero, which a small negative reading rounds to, into a plain one.
+    const double rounded = RoundToEven(reading, 3) + 0.0;
+    std::array<char, 352> text{}; // the longest double without an exponent, and three decimals
+    const auto [end, error] =
+        std::to_chars(text.data(), text.data() + text.size(), rounded, std::chars_format::fixed);
+    QString caption = rounded < 0 ? QString() : QStringLiteral(" ");
+    caption += QLatin1String(text.data(), end - text.data());
+    return caption + TextOf(suffix);
 }
-
-} // namespace
 
 MonitorTick::MonitorTick(Bench& bench, LinearGauge& gauge, StripChart& chart, StatusLamps& lamps,
                          const MonitorState& state)
@@ -53,7 +47,7 @@ void MonitorTick::Run(MonitorTab tab) {
 
 void MonitorTick::ShowSelectedChannel() {
     const int row = m_state.SelectedChannel;
-    const std::optional<double> reading = ReadChannel(m_bench.Channels, row);
+    const std::optional<double> reading = m_bench.Channels.Reading(row);
     if (!reading) {
         return;
     }
@@ -68,7 +62,7 @@ void MonitorTick::FeedStrip() {
     }
     std::int16_t variable = 0;
     for (const GroupTrace& trace : StripGroups[group].Traces) {
-        m_chart.AddStripPoint(variable++, ReadChannel(m_bench.Channels, trace.Row).value());
+        m_chart.AddStripPoint(variable++, m_bench.Channels.Reading(trace.Row).value());
     }
 }
 

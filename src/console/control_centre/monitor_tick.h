@@ -1,7 +1,10 @@
 #pragma once
 
 #include "control_centre/monitor_rows.h"
-#include "control_centre/monitor_state.h"
+
+#include <QString>
+
+#include <string_view>
 
 namespace tqx {
 
@@ -9,6 +12,11 @@ class LinearGauge;
 class StatusLamps;
 class StripChart;
 struct Bench;
+
+/// The text under the gauge: `reading` rounded to three decimals (ties to even) in its shortest
+/// decimal form with a point, whatever the locale, then `suffix`. A reading that is not negative
+/// has a blank where the minus would stand.
+QString GaugeCaption(double reading, std::string_view suffix);
 
 /// The work of one `BargraphTimer` tick: gauge, chart and lamps, with the link in burst mode.
 ///

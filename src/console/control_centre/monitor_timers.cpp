@@ -23,36 +23,36 @@ void Enable(QTimer& timer) {
 
 } // namespace
 
-MonitorTimers::MonitorTimers(QAbstractButton& visStart, QObject* parent)
+MonitorTimers::MonitorTimers(QAbstractButton& startStop, QObject* parent)
     : QObject(parent)
     , BargraphTimer(this)
     , GPIOTimer(this)
     , InterruptTimer(this)
-    , m_visStart(visStart) {
+    , m_startStop(startStop) {
     SetUp(BargraphTimer, QStringLiteral("BargraphTimer"), 5ms);
     SetUp(GPIOTimer, QStringLiteral("GPIOTimer"), 500ms);
     SetUp(InterruptTimer, QStringLiteral("InterruptTimer"), 500ms);
     BargraphTimer.setTimerType(Qt::PreciseTimer);
-    m_visStart.setObjectName(QStringLiteral("VisStartCHK"));
-    m_visStart.setCheckable(true);
+    m_startStop.setObjectName(QStringLiteral("VisStartCHK"));
+    m_startStop.setCheckable(true);
     StopMonitorTimers();
-    connect(&m_visStart, &QAbstractButton::clicked, this, &MonitorTimers::VisStartClicked);
+    connect(&m_startStop, &QAbstractButton::clicked, this, &MonitorTimers::VisStartClicked);
 }
 
 void MonitorTimers::StartMonitorTimers() {
     for (QTimer* timer : {&BargraphTimer, &GPIOTimer, &InterruptTimer}) {
         Enable(*timer);
     }
-    m_visStart.setText(QStringLiteral("Stop"));
-    m_visStart.setChecked(true);
+    m_startStop.setText(QStringLiteral("Stop"));
+    m_startStop.setChecked(true);
 }
 
 void MonitorTimers::StopMonitorTimers() {
     BargraphTimer.stop();
     GPIOTimer.stop();
     InterruptTimer.stop();
-    m_visStart.setText(QStringLiteral("Start"));
-    m_visStart.setChecked(false);
+    m_startStop.setText(QStringLiteral("Start"));
+    m_startStop.setChecked(false);
 }
 
 void MonitorTimers::VisStartClicked() {
@@ -64,12 +64,12 @@ void MonitorTimers::VisStartClicked() {
 }
 
 bool MonitorTimers::VisStart() const {
-    return m_visStart.isChecked();
+    return m_startStop.isChecked();
 }
 
 void MonitorTimers::OfferStop() {
-    m_visStart.setText(QStringLiteral("Stop"));
-    m_visStart.setEnabled(true);
+    m_startStop.setText(QStringLiteral("Stop"));
+    m_startStop.setEnabled(true);
 }
 
 } // namespace tqx

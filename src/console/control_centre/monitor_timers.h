@@ -13,8 +13,8 @@ class MonitorTimers : public QObject {
     Q_OBJECT
 
 public:
-    /// `visStart` is a checkable button; it becomes `VisStartCHK`.
-    MonitorTimers(QAbstractButton& visStart, QObject* parent);
+    /// `startStop` is a checkable button; it becomes `VisStartCHK`.
+    MonitorTimers(QAbstractButton& startStop, QObject* parent);
 
     QTimer BargraphTimer;
     QTimer GPIOTimer;
@@ -32,7 +32,7 @@ public:
     void OfferStop();
 
 private:
-    QAbstractButton& m_visStart;
+    QAbstractButton& m_startStop;
 };
 
 } // namespace tqx

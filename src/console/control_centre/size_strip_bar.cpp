@@ -1,8 +1,8 @@
 #include "control_centre/size_strip_bar.h"
 
-#include "control_centre/gauge_pointers.h"
 #include "control_centre/strip_groups.h"
 
+#include <controls/linear_gauge.h>
 #include <controls/number_text.h>
 #include <controls/strip_captions.h>
 #include <controls/strip_chart.h>

@@ -7,6 +7,14 @@ namespace tqx {
 class LinearGauge;
 class StripChart;
 
+/// The bands by their pointer numbers. Both span from the low to the high handle; on a fan they are
+/// collapsed, and the low handle is the only one.
+/// @{
+inline constexpr int BandA = 0;
+inline constexpr int BandB = 1;
+
+/// @}
+
 /// Sizes the gauge for a channel and the strip chart for a group of channels.
 class SizeStripBar {
 public:

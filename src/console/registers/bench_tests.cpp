@@ -67,12 +67,12 @@ QPushButton* UpdateButton(const QString& name, const QString& means) {
 
 } // namespace
 
-BenchTests::BenchTests(QWidget& page, RegisterEntries& entries, const LinkFailures& failures,
+BenchTests::BenchTests(QWidget& page, WriteBoxes& boxes, const LinkFailures& failures,
                        std::function<void(std::uint8_t)> write, QObject* parent)
     : QObject(parent)
     , m_write(std::move(write)) {
     MakeAddressPointer(page);
-    MakeWriteFields(entries, failures);
+    MakeWriteFields(boxes, failures);
 }
 
 void BenchTests::MakeAddressPointer(QWidget& page) {
@@ -86,103 +86,103 @@ void BenchTests::MakeAddressPointer(QWidget& page) {
     auto* caption = new QLabel("Address Pointer");
     caption->setObjectName("AddPTR");
     caption->hide();
-    m_addrptrTXT = Field("AddrptrTXT", tr("Address of any register, in hexadecimal"));
-    m_addrptrTXT->installEventFilter(this);
-    m_addrPtrCMD = UpdateButton("ADDrPTRCMD", tr("Set the address pointer"));
+    m_pointer = Field("AddrptrTXT", "Address of any register, in hexadecimal");
+    m_pointer->installEventFilter(this);
+    m_setPointer = UpdateButton("ADDrPTRCMD", "Set the address pointer");
 
     auto* grid = new QGridLayout(frame);
     grid->addWidget(test, 0, 0, 1, 2);
     grid->addWidget(caption, 1, 0, 1, 2);
-    grid->addWidget(m_addrptrTXT, 2, 0);
-    grid->addWidget(m_addrPtrCMD, 2, 1);
+    grid->addWidget(m_pointer, 2, 0);
+    grid->addWidget(m_setPointer, 2, 1);
     if (auto* pageGrid = qobject_cast<QGridLayout*>(page.layout())) {
         pageGrid->addWidget(frame, pageGrid->rowCount(), 0, Qt::AlignLeft | Qt::AlignBottom);
     }
-    connect(m_addrPtrCMD, &QPushButton::clicked, this, &BenchTests::SetPointer);
+    connect(m_setPointer, &QPushButton::clicked, this, &BenchTests::SetPointer);
 }
 
-void BenchTests::MakeWriteFields(RegisterEntries& entries, const LinkFailures& failures) {
-    m_text6 = Field("Text6", tr("Byte to write, in hexadecimal"));
-    m_command4 = UpdateButton("Command4", tr("Write the hexadecimal byte"));
-    m_text7 = Field("Text7", tr("Byte to write, in decimal"));
-    m_command5 = UpdateButton("Command5", tr("Write the decimal byte"));
-    constexpr int row = RegisterEntries::OldWriteFieldsRow;
-    QGridLayout& grid = entries.Grid();
-    grid.addWidget(m_command4, row, 0);
-    grid.addWidget(m_text6, row, 1);
-    grid.addWidget(m_command5, row, 2);
-    grid.addWidget(m_text7, row, 3);
+void BenchTests::MakeWriteFields(WriteBoxes& boxes, const LinkFailures& failures) {
+    m_hex = Field("Text6", "Byte to write, in hexadecimal");
+    m_sendHex = UpdateButton("Command4", "Write the hexadecimal byte");
+    m_dec = Field("Text7", "Byte to write, in decimal");
+    m_sendDec = UpdateButton("Command5", "Write the decimal byte");
+    constexpr int row = WriteBoxes::OldWriteFieldsRow;
+    QGridLayout& grid = boxes.Grid();
+    grid.addWidget(m_sendHex, row, 0);
+    grid.addWidget(m_hex, row, 1);
+    grid.addWidget(m_sendDec, row, 2);
+    grid.addWidget(m_dec, row, 3);
 
-    connect(m_text6, &QLineEdit::textChanged, this,
-            [this] { Paint(*m_command4, look::BenchChanged); });
-    connect(m_text7, &QLineEdit::textChanged, this,
-            [this] { Paint(*m_command5, look::BenchChanged); });
-    connect(m_command4, &QPushButton::clicked, this,
+    connect(m_hex, &QLineEdit::textChanged, this,
+            [this] { Paint(*m_sendHex, look::BenchChanged); });
+    connect(m_dec, &QLineEdit::textChanged, this,
+            [this] { Paint(*m_sendDec, look::BenchChanged); });
+    connect(m_sendHex, &QPushButton::clicked, this,
             OnLink(failures, [this] { SendHexadecimal(); }));
-    connect(m_command5, &QPushButton::clicked, this, OnLink(failures, [this] { SendDecimal(); }));
+    connect(m_sendDec, &QPushButton::clicked, this, OnLink(failures, [this] { SendDecimal(); }));
 }
 
 bool BenchTests::EntryEnabled() const {
     // Their own state: a window that is disabled as a whole does not change it.
-    return m_text6->isEnabledTo(m_text6->parentWidget());
+    return m_hex->isEnabledTo(m_hex->parentWidget());
 }
 
 void BenchTests::EntryEnabled(bool enabled) {
-    m_text6->setEnabled(enabled);
-    m_text7->setEnabled(enabled);
-    m_command4->setEnabled(enabled);
-    m_command5->setEnabled(enabled);
+    m_hex->setEnabled(enabled);
+    m_dec->setEnabled(enabled);
+    m_sendHex->setEnabled(enabled);
+    m_sendDec->setEnabled(enabled);
 }
 
 bool BenchTests::eventFilter(QObject* watched, QEvent* event) {
-    if (watched == m_addrptrTXT && event->type() == QEvent::MouseButtonPress) {
-        Paint(*m_addrPtrCMD, look::BenchChanged);
+    if (watched == m_pointer && event->type() == QEvent::MouseButtonPress) {
+        Paint(*m_setPointer, look::BenchChanged);
     }
     return QObject::eventFilter(watched, event);
 }
 
 void BenchTests::SetPointer() {
-    const auto address = ByteOf(m_addrptrTXT->text(), 16);
+    const auto address = ByteOf(m_pointer->text(), 16);
     if (!address) {
-        Paint(*m_addrPtrCMD, look::BenchChanged);
+        Paint(*m_setPointer, look::BenchChanged);
         return;
     }
-    Paint(*m_addrPtrCMD, look::BenchSent);
+    Paint(*m_setPointer, look::BenchSent);
     Q_EMIT PointerSet(*address);
 }
 
 void BenchTests::SendHexadecimal() {
-    const QString text = m_text6->text();
+    const QString text = m_hex->text();
     if (LeadingNumber(text, 16) > 0xFF || text == "0" || text.isEmpty()) {
-        Refuse(*m_command4);
+        Refuse(*m_sendHex);
         return;
     }
     if (!IsCapitalHexDigit(text.back()) || !IsCapitalHexDigit(text.front())) {
-        m_text6->setText("00");
+        m_hex->setText("00");
     }
     if (EntryEnabled()) {
-        Send(*m_text6, 16, *m_text7, 10, *m_command4);
+        Send(*m_hex, 16, *m_dec, 10, *m_sendHex);
     }
 }
 
 void BenchTests::SendDecimal() {
-    const QString text = m_text7->text();
+    const QString text = m_dec->text();
     if (LeadingNumber(text, 10) > 0xFF || text == "0") {
-        Refuse(*m_command5);
+        Refuse(*m_sendDec);
         return;
     }
     const QString looked = text.right(2) + text.left(1);
     if (!std::ranges::all_of(looked, IsDecimalDigit)) {
-        m_text7->setText("00");
+        m_dec->setText("00");
     }
     if (EntryEnabled()) {
-        Send(*m_text7, 10, *m_text6, 16, *m_command5);
+        Send(*m_dec, 10, *m_hex, 16, *m_sendDec);
     }
 }
 
 void BenchTests::Refuse(QPushButton& button) {
-    m_text7->setText("00");
-    m_text6->setText("00");
+    m_dec->setText("00");
+    m_hex->setText("00");
     Paint(button, look::BenchChanged);
 }
 
@@ -197,8 +197,8 @@ void BenchTests::Send(const QLineEdit& field, int base, QLineEdit& other, int ot
     }
     m_write(*value);
     other.setText(QString::number(*value, otherBase).toUpper());
-    Paint(*m_command4, look::BenchSent);
-    Paint(*m_command5, look::BenchSent);
+    Paint(*m_sendHex, look::BenchSent);
+    Paint(*m_sendDec, look::BenchSent);
 }
 
 } // namespace tqx

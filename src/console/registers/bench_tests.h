@@ -11,7 +11,7 @@
 
 namespace tqx {
 
-class RegisterEntries;
+class WriteBoxes;
 
 /// Two groups of bench controls that are created hidden and that nothing shows: an address pointer
 /// that reaches every register, and an older pair of write fields.
@@ -23,9 +23,9 @@ class BenchTests : public QObject {
     Q_OBJECT
 
 public:
-    /// Puts the address pointer on `page` and the write fields under the boxes of `entries`.
+    /// Puts the address pointer on `page` and the write fields under the boxes of `boxes`.
     /// `write` sends a byte to the selected register.
-    BenchTests(QWidget& page, RegisterEntries& entries, const LinkFailures& failures,
+    BenchTests(QWidget& page, WriteBoxes& boxes, const LinkFailures& failures,
                std::function<void(std::uint8_t)> write, QObject* parent);
 
     /// The Entry flag of the register displayed last. True at start.
@@ -41,7 +41,7 @@ protected:
 
 private:
     void MakeAddressPointer(QWidget& page);
-    void MakeWriteFields(RegisterEntries& entries, const LinkFailures& failures);
+    void MakeWriteFields(WriteBoxes& boxes, const LinkFailures& failures);
 
     void SetPointer();
     void SendHexadecimal();
@@ -52,12 +52,12 @@ private:
               QPushButton& button);
 
     std::function<void(std::uint8_t)> m_write;
-    QLineEdit* m_addrptrTXT = nullptr;
-    QPushButton* m_addrPtrCMD = nullptr;
-    QLineEdit* m_text6 = nullptr;
-    QLineEdit* m_text7 = nullptr;
-    QPushButton* m_command4 = nullptr;
-    QPushButton* m_command5 = nullptr;
+    QLineEdit* m_pointer = nullptr;
+    QPushButton* m_setPointer = nullptr;
+    QLineEdit* m_hex = nullptr;
+    QLineEdit* m_dec = nullptr;
+    QPushButton* m_sendHex = nullptr;
+    QPushButton* m_sendDec = nullptr;
 };
 
 } // namespace tqx

@@ -67,7 +67,7 @@ RegisterReadout::RegisterReadout(QWidget* parent)
 }
 
 void RegisterReadout::TypeLabel(std::string_view text) {
-    kit::ShowReadout(*m_typeLabel, tr("Current register"), TextOf(text));
+    kit::ShowReadout(*m_typeLabel, "Current register", TextOf(text));
 }
 
 void RegisterReadout::Address(std::uint8_t address) {

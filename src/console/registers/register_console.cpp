@@ -34,15 +34,14 @@ RegisterConsole::RegisterConsole(Bench& bench, QWidget* parent)
     , m_rows(new RegisterRows)
     , m_readout(new RegisterReadout)
     , m_bits(new RegisterBits)
-    , m_entries(new RegisterEntries)
+    , m_writeBoxes(new WriteBoxes)
     , m_benchTests(new BenchTests(
-          m_rows->Page(RegisterTab::Main), *m_entries, m_bench.Failures,
+          m_rows->Page(RegisterTab::Main), *m_writeBoxes, m_bench.Failures,
           [this](std::uint8_t value) { WriteEntry(value); }, this))
-    , m_timer3(new QTimer(this)) {
+    , m_continuousTimer(new QTimer(this)) {
     setObjectName("ReadWritePanel");
-    m_timer3->setObjectName("Timer3");
-    MakeReadWriteGroup();
-    MakeLayout();
+    m_continuousTimer->setObjectName("Timer3");
+    MakeLayout(*MakeReadWriteGroup());
     Connect();
 }
 
@@ -52,13 +51,13 @@ RegisterConsole::~RegisterConsole() {
     m_bits->disconnect(this);
 }
 
-void RegisterConsole::MakeReadWriteGroup() {
-    m_continuous = new QPushButton(tr("Read Continuously"));
+QWidget* RegisterConsole::MakeReadWriteGroup() {
+    m_continuous = new QPushButton("Read Continuously");
     m_continuous->setObjectName("SSRibbon5");
     m_continuous->setCheckable(true);
     m_continuous->setAutoDefault(false);
     m_continuous->setMinimumWidth(m_continuous->sizeHint().width() + 4 * look::Grid);
-    m_continuous->setToolTip(tr("Read the register on view again and again"));
+    m_continuous->setToolTip("Read the register on view again and again");
     m_continuousLabel = new QLabel;
     m_continuousLabel->setObjectName("continuous_reading_label");
     StopContinuousReading();
@@ -66,9 +65,9 @@ void RegisterConsole::MakeReadWriteGroup() {
     auto* heading = new QLabel("(Click Digits)");
     heading->setObjectName("bitname(9)");
     look::SetInk(*heading, look::QuietInk);
-    m_readOnly = new QLabel(tr("Read only"));
+    m_readOnly = new QLabel("Read only");
     m_readOnly->setObjectName("ReadOnlyNote");
-    m_readOnly->setToolTip(tr("Bits and boxes write nothing to this register"));
+    m_readOnly->setToolTip("Bits and boxes write nothing to this register");
     m_readOnly->hide();
     auto* headings = new QHBoxLayout;
     headings->addWidget(heading, 1);
@@ -85,19 +84,19 @@ void RegisterConsole::MakeReadWriteGroup() {
     column->addLayout(toggle);
     column->addLayout(headings);
     column->addWidget(m_bits);
-    m_readWrite = group;
+    return group;
 }
 
-void RegisterConsole::MakeLayout() {
+void RegisterConsole::MakeLayout(QWidget& readWrite) {
     auto* side = new QVBoxLayout;
     side->setSpacing(2 * look::Grid);
     side->addWidget(m_readout);
-    side->addWidget(m_readWrite);
-    side->addWidget(m_entries);
+    side->addWidget(&readWrite);
+    side->addWidget(m_writeBoxes);
     side->addStretch(1);
     m_readout->setFixedWidth(ReadoutWidth);
-    m_readWrite->setFixedWidth(ReadoutWidth);
-    m_entries->setFixedWidth(ReadoutWidth);
+    readWrite.setFixedWidth(ReadoutWidth);
+    m_writeBoxes->setFixedWidth(ReadoutWidth);
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -124,16 +123,17 @@ void RegisterConsole::Connect() {
             OnLink(failures, [this](int bit) { FlipBit(bit); }));
 
     connect(
-        &m_entries->HexTXT(), &NumberEntry::EntryConfirmed, this,
-        OnLink(failures, [this](const QString& text) { Enter(text, 16, m_entries->DecTXT()); }));
+        &m_writeBoxes->Hex(), &NumberEntry::EntryConfirmed, this,
+        OnLink(failures, [this](const QString& text) { Enter(text, 16, m_writeBoxes->Dec()); }));
     connect(
-        &m_entries->DecTXT(), &NumberEntry::EntryConfirmed, this,
-        OnLink(failures, [this](const QString& text) { Enter(text, 10, m_entries->HexTXT()); }));
+        &m_writeBoxes->Dec(), &NumberEntry::EntryConfirmed, this,
+        OnLink(failures, [this](const QString& text) { Enter(text, 10, m_writeBoxes->Hex()); }));
 
     connect(m_benchTests, &BenchTests::PointerSet, this, &RegisterConsole::SetPointer);
 
     connect(m_continuous, &QPushButton::clicked, this, &RegisterConsole::SwitchContinuousReading);
-    connect(m_timer3, &QTimer::timeout, this, OnLink(failures, [this] { ContinuousRead(); }));
+    connect(m_continuousTimer, &QTimer::timeout, this,
+            OnLink(failures, [this] { ContinuousRead(); }));
 }
 
 BusCell& RegisterConsole::Cell() const {
@@ -142,7 +142,7 @@ BusCell& RegisterConsole::Cell() const {
 
 void RegisterConsole::ClickRow(int row) {
     if (row != m_selectedRegister) {
-        m_entries->NothingWritten();
+        m_writeBoxes->NothingWritten();
     }
     m_selectedRegister = row;
     m_rows->ClickRow(row);
@@ -157,23 +157,15 @@ void RegisterConsole::DisplayRegister(int index) {
     m_readout->Clear();
     m_bits->Clear();
     m_readout->TypeLabel(entry.TypeLabel);
-    if (entry.OwnLegends) {
-        m_bits->Legends(entry.Legends);
-    } else {
-        ShowDefaultLegends();
-    }
-    SetEntryEnabled(!entry.Entry);
+    m_bits->Legends(entry.Legends);
+    SetEntryEnabled(entry.Entry);
     RefreshReadDisplay();
     ShowBits();
 }
 
-void RegisterConsole::ShowDefaultLegends() {
-    m_bits->Legends(DefaultLegends);
-}
-
-void RegisterConsole::SetEntryEnabled(bool readOnly) {
-    m_benchTests->EntryEnabled(!readOnly);
-    m_readOnly->setVisible(readOnly);
+void RegisterConsole::SetEntryEnabled(bool enabled) {
+    m_benchTests->EntryEnabled(enabled);
+    m_readOnly->setVisible(!enabled);
 }
 
 void RegisterConsole::RefreshReadDisplay() {
@@ -215,7 +207,7 @@ void RegisterConsole::FlipBit(int bit) {
     Cell().WriteValue =
         static_cast<std::uint8_t>(set ? Cell().ReadValue | mask : Cell().ReadValue & ~mask);
     m_bench.Bus.WriteRegister();
-    m_entries->PreviousValueWritten(Cell().WriteValue);
+    m_writeBoxes->PreviousValueWritten(Cell().WriteValue);
     m_bench.Bus.ReadRegister();
 }
 
@@ -233,7 +225,7 @@ void RegisterConsole::WriteEntry(std::uint8_t value) {
     Cell().WriteValue = value;
     Cell().RegisterPointer = static_cast<std::uint8_t>(m_selectedRegister);
     m_bench.Bus.WriteRegister();
-    m_entries->PreviousValueWritten(value);
+    m_writeBoxes->PreviousValueWritten(value);
     ShowBits();
 }
 
@@ -248,12 +240,12 @@ void RegisterConsole::SwitchContinuousReading(bool on) {
         StopContinuousReading();
         return;
     }
-    m_timer3->start(ContinuousInterval);
+    m_continuousTimer->start(ContinuousInterval);
     m_continuousLabel->setText("Continuous Reading is On");
 }
 
 void RegisterConsole::StopContinuousReading() {
-    m_timer3->stop();
+    m_continuousTimer->stop();
     m_continuousLabel->setText("Continuous Reading is Off");
     m_continuous->setChecked(false);
 }

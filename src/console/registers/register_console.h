@@ -16,9 +16,9 @@ struct BusCell;
 class BenchTests;
 class NumberEntry;
 class RegisterBits;
-class RegisterEntries;
 class RegisterReadout;
 class RegisterRows;
+class WriteBoxes;
 
 /// The register console, `ReadWritePanel`: every named register as a row under its tab, the value
 /// and the bits of the one selected, two boxes that write a whole byte to it, and continuous
@@ -33,9 +33,8 @@ public:
 
     /// Makes the register at `index`, 0 to 111, the one on view, and reads it once.
     void DisplayRegister(int index);
-    void ShowDefaultLegends();
     /// Whether the register on view takes bit flips and entries; says so where it does not.
-    void SetEntryEnabled(bool readOnly);
+    void SetEntryEnabled(bool enabled);
     /// Reads the register at RegisterPointer and shows its address and value.
     void RefreshReadDisplay();
     /// Shows the bits of the byte on show, which during an entry is the byte written.
@@ -46,8 +45,8 @@ public:
     void StopContinuousReading();
 
 private:
-    void MakeReadWriteGroup();
-    void MakeLayout();
+    QWidget* MakeReadWriteGroup();
+    void MakeLayout(QWidget& readWrite);
     void Connect();
 
     void ClickRow(int row);
@@ -67,14 +66,13 @@ private:
     RegisterRows* m_rows;
     RegisterReadout* m_readout;
     RegisterBits* m_bits;
-    RegisterEntries* m_entries;
-    QWidget* m_readWrite = nullptr;
+    WriteBoxes* m_writeBoxes;
     QPushButton* m_continuous = nullptr;
     QLabel* m_continuousLabel = nullptr;
     /// On view while the register takes no writes: a click on a bit then does nothing.
     QLabel* m_readOnly = nullptr;
     BenchTests* m_benchTests;
-    QTimer* m_timer3;
+    QTimer* m_continuousTimer;
 
     /// The row clicked last, to which entries go.
     int m_selectedRegister = 0;

@@ -16,7 +16,7 @@ namespace tqx {
 RegisterRows::RegisterRows(QWidget* parent)
     : QTabWidget(parent) {
     setObjectName("RWTAB");
-    setAccessibleName(tr("Registers by group"));
+    setAccessibleName("Registers by group");
     for (std::size_t tab = 0; tab < m_pages.size(); ++tab) {
         MakePage(static_cast<RegisterTab>(tab));
     }

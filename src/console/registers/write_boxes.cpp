@@ -38,11 +38,11 @@ QLabel* Quiet(const QString& text) {
 
 } // namespace
 
-RegisterEntries::RegisterEntries(QWidget* parent)
+WriteBoxes::WriteBoxes(QWidget* parent)
     : QGroupBox("Write", parent)
     , m_grid(new QGridLayout(this))
-    , m_hexTXT(Entry("HexTXT", NumberEntry::Hexadecimal, "00", "Byte to write, in hexadecimal"))
-    , m_decTXT(Entry("DecTXT", NumberEntry::Decimal, "0", "Byte to write, in decimal"))
+    , m_hex(Entry("HexTXT", NumberEntry::Hexadecimal, "00", "Byte to write, in hexadecimal"))
+    , m_dec(Entry("DecTXT", NumberEntry::Decimal, "0", "Byte to write, in decimal"))
     , m_writtenHex(WrittenLabel("p_Value_written_hex_label"))
     , m_writtenDec(WrittenLabel("p_Value_written_dec_label")) {
     setObjectName("SSPanel37");
@@ -51,9 +51,9 @@ RegisterEntries::RegisterEntries(QWidget* parent)
     m_grid->setColumnStretch(1, 1);
     m_grid->setColumnStretch(3, 1);
     m_grid->addWidget(new QLabel("Hex"), 0, 0);
-    m_grid->addWidget(m_hexTXT, 0, 1);
+    m_grid->addWidget(m_hex, 0, 1);
     m_grid->addWidget(new QLabel("Dec"), 0, 2);
-    m_grid->addWidget(m_decTXT, 0, 3);
+    m_grid->addWidget(m_dec, 0, 3);
     m_grid->addWidget(Quiet("Previous value written:"), 2, 0, 1, 4);
     m_grid->addWidget(Quiet("(Hex)"), 3, 0);
     m_grid->addWidget(m_writtenHex, 3, 1);
@@ -62,12 +62,12 @@ RegisterEntries::RegisterEntries(QWidget* parent)
     NothingWritten();
 }
 
-void RegisterEntries::PreviousValueWritten(std::uint8_t value) {
+void WriteBoxes::PreviousValueWritten(std::uint8_t value) {
     kit::ShowReadout(*m_writtenHex, WrittenInHex, HexText(value));
     kit::ShowReadout(*m_writtenDec, WrittenInDec, QString::number(value));
 }
 
-void RegisterEntries::NothingWritten() {
+void WriteBoxes::NothingWritten() {
     kit::ShowReadout(*m_writtenHex, WrittenInHex, {});
     kit::ShowReadout(*m_writtenDec, WrittenInDec, {});
 }

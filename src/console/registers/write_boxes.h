@@ -13,11 +13,11 @@ namespace tqx {
 
 /// `SSPanel37`: the two boxes in which a whole byte is entered, and the byte written last. They are
 /// write fields: they show what was entered, not what the register holds.
-class RegisterEntries : public QGroupBox {
+class WriteBoxes : public QGroupBox {
     Q_OBJECT
 
 public:
-    explicit RegisterEntries(QWidget* parent = nullptr);
+    explicit WriteBoxes(QWidget* parent = nullptr);
 
     /// The byte that went to the register on view last.
     void PreviousValueWritten(std::uint8_t value);
@@ -29,14 +29,14 @@ public:
 
     QGridLayout& Grid() const { return *m_grid; }
 
-    NumberEntry& HexTXT() const { return *m_hexTXT; }
+    NumberEntry& Hex() const { return *m_hex; }
 
-    NumberEntry& DecTXT() const { return *m_decTXT; }
+    NumberEntry& Dec() const { return *m_dec; }
 
 private:
     QGridLayout* m_grid;
-    NumberEntry* m_hexTXT;
-    NumberEntry* m_decTXT;
+    NumberEntry* m_hex;
+    NumberEntry* m_dec;
     QLabel* m_writtenHex;
     QLabel* m_writtenDec;
 };

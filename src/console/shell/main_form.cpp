@@ -1,19 +1,20 @@
 #include "console/main_form.h"
 
 #include "blocks/block_panel.h"
-#include "console/link_failure_notice.h"
+#include "console/message_door.h"
 #include "console/version.h"
 #include "control_centre/control_centre.h"
 #include "registers/register_console.h"
+#include "shell/main_panel.h"
 #include "shell/msg_box_frm.h"
 #include "shell/toolbar_keys.h"
-#include "shell/welcome_panel.h"
 
 #include <controls/factories.h>
 #include <controls/look.h>
 #include <controls/number_text.h>
 #include <device/bench.h>
 #include <device/register_addresses.h>
+#include <link/link_error.h>
 #include <link/link_new_com_port.h>
 
 #include <QAction>
@@ -43,13 +44,13 @@ MainForm::MainForm(Bench& bench, ToolWindows& tools, const QString& boardNote, Q
     , m_bench(bench)
     , m_tools(tools) {
     setObjectName("MainForm");
-    setWindowTitle(tr("TQX7716 Evaluation Software"));
-    MakeToolbar();
+    setWindowTitle("TQX7716 Evaluation Software");
+    QToolBar& toolbar = MakeToolbar();
+    MakePanels(toolbar.actions());
     if (!boardNote.isEmpty()) {
-        setWindowTitle(tr("%1 - %2").arg(windowTitle(), boardNote));
-        AddBoardNote(boardNote);
+        setWindowTitle(windowTitle() + " - " + boardNote);
+        AddBoardNote(toolbar, boardNote);
     }
-    MakePanels();
     ConnectPanels();
     resize(1120, 720);
     Load();
@@ -60,69 +61,68 @@ MainForm::~MainForm() {
     m_bench.Link.Setup.Notice = nullptr;
 }
 
-void MainForm::MakeToolbar() {
-    m_toolbar = addToolBar(tr("Tools"));
-    m_toolbar->setObjectName("Toolbar1");
-    m_toolbar->setMovable(false);
-    m_toolbar->setContextMenuPolicy(Qt::PreventContextMenu);
-    m_toolbar->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    m_toolbar->setIconSize({24, 24});
+QToolBar& MainForm::MakeToolbar() {
+    QToolBar& toolbar = *addToolBar("Tools");
+    toolbar.setObjectName("Toolbar1");
+    toolbar.setMovable(false);
+    toolbar.setContextMenuPolicy(Qt::PreventContextMenu);
+    toolbar.setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+    toolbar.setIconSize({24, 24});
     for (const ToolbarKey& key : ToolbarKeys) {
-        auto* action = m_toolbar->addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(key.Icon)),
-                                            tr(key.Name));
-        m_keys << action;
+        auto* action =
+            toolbar.addAction(QIcon(QStringLiteral(":/icons/%1.svg").arg(key.Icon)), key.Name);
         action->setObjectName(key.Key);
-        action->setToolTip(tr(key.Tooltip));
+        action->setToolTip(key.Tooltip);
         action->setShortcut(QKeySequence(key.Shortcut));
         connect(action, &QAction::triggered, this,
                 OnLink(m_bench.Failures, [this, action] { KeyPressed(action->objectName()); }));
-        auto* button = m_toolbar->widgetForAction(action);
+        auto* button = toolbar.widgetForAction(action);
         button->setObjectName(key.Key);
         button->setFocusPolicy(Qt::TabFocus);
         button->setMinimumWidth(19 * look::Grid);
     }
+    return toolbar;
 }
 
-void MainForm::AddBoardNote(const QString& text) {
+void MainForm::AddBoardNote(QToolBar& toolbar, const QString& text) {
     auto* space = new QWidget;
     space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    m_toolbar->addWidget(space);
+    toolbar.addWidget(space);
     auto* note = new QLabel(text);
     note->setObjectName("BoardNote");
     note->setFont(look::WordsFont(look::Size::Text, look::Strong));
     note->setContentsMargins(0, 0, 3 * look::Grid, 0);
     look::SetInk(*note, look::QuietInk);
-    m_toolbar->addWidget(note);
+    toolbar.addWidget(note);
 }
 
-void MainForm::MakePanels() {
-    m_mainPanel = new WelcomePanel(m_keys);
-    m_readWritePanel = new RegisterConsole(m_bench);
-    m_controlCentrePanel = new ControlCentre(m_bench);
-    m_blockReadCRCPanel = new BlockPanel(
+void MainForm::MakePanels(const QList<QAction*>& actions) {
+    m_welcome = new MainPanel(actions, QStringLiteral("Version ") + VersionText);
+    m_registers = new RegisterConsole(m_bench);
+    m_controlCentre = new ControlCentre(m_bench);
+    m_blocks = new BlockPanel(
         m_bench, [this](const QString& title, const QString& message, std::uint8_t okOnly) {
             return QVNMsgBox(title, message, okOnly);
         });
 
     auto* centre = new QWidget;
     auto* layout = new QGridLayout(centre);
-    m_panels = {m_mainPanel, m_readWritePanel, m_controlCentrePanel, m_blockReadCRCPanel};
+    m_panels = {m_welcome, m_registers, m_controlCentre, m_blocks};
     for (QWidget* panel : m_panels) {
         layout->addWidget(panel, 0, 0);
     }
     setCentralWidget(centre);
-    ShowOnly(m_mainPanel);
+    ShowOnly(m_welcome);
 }
 
 void MainForm::ConnectPanels() {
-    connect(m_controlCentrePanel, &ControlCentre::GPIOPanelWanted, this,
+    connect(m_controlCentre, &ControlCentre::GPIOPanelWanted, this,
             OnLink(m_bench.Failures, [this] { m_tools.ShowGPIOConfig(*this); }));
-    connect(m_blockReadCRCPanel, &BlockPanel::EraseEEPROMWanted, this,
+    connect(m_blocks, &BlockPanel::EraseEEPROMWanted, this,
             OnLink(m_bench.Failures, [this] { m_tools.ShowEraseEEPROM(*this); }));
-    connect(m_blockReadCRCPanel, &BlockPanel::EEPROMComsWanted, this,
+    connect(m_blocks, &BlockPanel::EEPROMComsWanted, this,
             OnLink(m_bench.Failures, [this] { OpenEEPROMCom("Register Spy"); }));
-    connect(m_blockReadCRCPanel, &BlockPanel::CloseAllEEPROMWanted, this,
-            &MainForm::CloseAllEEPROMComs);
+    connect(m_blocks, &BlockPanel::CloseAllEEPROMWanted, this, &MainForm::CloseAllEEPROMComs);
 }
 
 /// Only once nothing can raise any more: the way leads to a window, which must be there.
@@ -133,10 +133,9 @@ void MainForm::ShowLinkNotices() {
 }
 
 void MainForm::Load() {
-    m_mainPanel->Version(tr("Version %1").arg(VersionText));
     m_bench.Link.Setup.BitDelayCount = LoadedBitDelayCount;
     m_bench.Channels.ConfigureChannels();
-    m_blockReadCRCPanel->Load();
+    m_blocks->Load();
     EEPROMLink& eeprom = m_bench.Link->PrinterPortLink().EEPROMLink();
     eeprom.EEPROMWait(false);
     eeprom.EEPROMDelay(0);
@@ -146,10 +145,8 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
                                  std::uint8_t okOnly) {
     QWidget* const inFront = QApplication::activeModalWidget();
     MsgBoxFRM box(inFront != nullptr || !isVisible() ? inFront : this);
-    connect(&box, &MsgBoxFRM::UserResponse, this, [this](std::uint8_t response) {
-        m_answered = true;
-        m_response = response;
-    });
+    connect(&box, &MsgBoxFRM::UserResponse, this,
+            [this](std::uint8_t response) { m_response = response; });
     if (box.parentWidget() != nullptr) {
         box.setWindowModality(Qt::WindowModal); // a window that is none of the console's goes on
     }
@@ -158,19 +155,15 @@ std::uint8_t MainForm::QVNMsgBox(const QString& title, const QString& message,
     if (box.isVisible()) {
         return 0; // the program ends around the box: nobody has agreed to anything
     }
-    return m_answered ? m_response : 0;
-}
-
-void MainForm::StartMonitorTimers() {
-    m_controlCentrePanel->StartMonitorTimers();
+    return m_response;
 }
 
 void MainForm::StopMonitorTimers() {
-    m_controlCentrePanel->StopMonitorTimers();
+    m_controlCentre->StopMonitorTimers();
 }
 
 void MainForm::StopContinuousReading() {
-    m_readWritePanel->StopContinuousReading();
+    m_registers->StopContinuousReading();
 }
 
 void MainForm::StopAllTimers() {
@@ -185,13 +178,13 @@ void MainForm::LinkFailed(const LinkError& error) {
     } catch (const LinkError&) {
         // The link is down already, and the user hears of it below.
     }
-    m_blockReadCRCPanel->Recover();
-    m_controlCentrePanel->LetGo();
-    if (!m_controlCentrePanel->ControlCentreReady) {
-        m_controlCentrePanel->hide(); // half set up it writes no limit; the next entry starts anew
+    m_blocks->Recover();
+    m_controlCentre->LetGo();
+    if (!m_controlCentre->ControlCentreReady) {
+        m_controlCentre->hide(); // half set up it writes no limit; the next entry starts anew
     }
     if (std::ranges::all_of(m_panels, &QWidget::isHidden)) {
-        ShowOnly(m_mainPanel); // the failure came between two panels
+        ShowOnly(m_welcome); // the failure came between two panels
     }
     if (m_tellingOfFailure) {
         return;
@@ -253,32 +246,32 @@ void MainForm::KeyPressed(const QString& key) {
 }
 
 void MainForm::ShowReadWrite() {
-    ShowOnly(m_readWritePanel);
+    ShowOnly(m_registers);
     StopMonitorTimers();
 }
 
 void MainForm::ShowControlPanel() {
     StopContinuousReading();
-    m_readWritePanel->hide();
-    m_mainPanel->hide();
-    m_controlCentrePanel->SetUpDisplay();
-    m_blockReadCRCPanel->hide();
-    m_controlCentrePanel->show();
-    GiveKeyboard(*m_controlCentrePanel);
-    if (!m_controlCentrePanel->ControlCentreReady) {
-        m_controlCentrePanel->SetUpControlCentre();
+    m_registers->hide();
+    m_welcome->hide();
+    m_controlCentre->SetUpDisplay();
+    m_blocks->hide();
+    m_controlCentre->show();
+    GiveKeyboard(*m_controlCentre);
+    if (!m_controlCentre->ControlCentreReady) {
+        m_controlCentre->SetUpControlCentre();
     }
-    m_controlCentrePanel->ControlCentreReady = true;
+    m_controlCentre->ControlCentreReady = true;
 }
 
 void MainForm::ShowBlockReadWrite() {
-    m_blockReadCRCPanel->Enter();
-    ShowOnly(m_blockReadCRCPanel);
+    m_blocks->Enter();
+    ShowOnly(m_blocks);
     StopAllTimers();
 }
 
 void MainForm::Go() {
-    m_mainPanel->hide();
+    m_welcome->hide();
     if (QVNMsgBox("Information",
                   "Would you like to automatically initialize the TQX7716 evaluation system",
                   0) == 0) {
@@ -292,12 +285,12 @@ void MainForm::Go() {
     m_bench.Coms.WriteRegisterByte(reg::Mask6, 0xFF);
     m_bench.Coms.WriteRegisterByte(reg::GPIOConfig3, 0x55);
     m_bench.Coms.WriteRegisterByte(reg::GPIOConfig4, 0x55);
-    m_controlCentrePanel->SetUpDisplay();
-    m_controlCentrePanel->SetUpControlCentre();
+    m_controlCentre->SetUpDisplay();
+    m_controlCentre->SetUpControlCentre();
     m_bench.Channels.WriteDefaultLimits();
-    m_controlCentrePanel->OfferStop();
-    ShowOnly(m_controlCentrePanel);
-    m_controlCentrePanel->ControlCentreReady = true;
+    m_controlCentre->OfferStop();
+    ShowOnly(m_controlCentre);
+    m_controlCentre->ControlCentreReady = true;
 }
 
 void MainForm::OpenEEPROMCom(const QString& caption) {

@@ -1,6 +1,9 @@
 #include "shell/msg_box_frm.h"
 
+#include "console/message_door.h"
+
 #include <controls/look.h>
+#include <link/link_error.h>
 
 #include <QDialogButtonBox>
 #include <QKeyEvent>
@@ -15,13 +18,21 @@ constexpr int TextWidth = 95 * look::Grid;
 
 } // namespace
 
+LinkFailureNotice NoticeOf(const LinkError& error) {
+    QString text = QString::fromUtf8(error.what());
+    if (!error.Advice().empty()) {
+        text += "\n\n" + QString::fromStdString(error.Advice());
+    }
+    return {.Title = "The link to the TQX7716 failed", .Text = text};
+}
+
 MsgBoxFRM::MsgBoxFRM(QWidget* parent)
     : QDialog(parent)
     , m_message(new QLabel)
-    , m_ok(new QPushButton(tr("OK")))
-    , m_cancel(new QPushButton(tr("Cancel"))) {
+    , m_ok(new QPushButton("OK"))
+    , m_cancel(new QPushButton("Cancel")) {
     setObjectName("MsgBoxFRM");
-    setWindowTitle(tr("Message Box"));
+    setWindowTitle("Message Box");
     m_message->setObjectName("MessageLBL");
     m_message->setTextFormat(Qt::PlainText);
     m_message->setWordWrap(true);

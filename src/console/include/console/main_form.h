@@ -2,13 +2,10 @@
 
 #include "console/tool_windows.h"
 
-#include <link/link_error.h>
-
 #include <QMainWindow>
 
 #include <cstdint>
 
-class QAction;
 class QToolBar;
 
 namespace tqx {
@@ -16,8 +13,8 @@ namespace tqx {
 struct Bench;
 class BlockPanel;
 class ControlCentre;
+class LinkError;
 class RegisterConsole;
-class WelcomePanel;
 
 /// The main window: the toolbar, the four panels of which one is on view, the monitor's switches
 /// and the application's message box.
@@ -41,7 +38,6 @@ public:
     /// there was none; one that stands while the program ends gives 0. Timers go on behind the box.
     std::uint8_t QVNMsgBox(const QString& title, const QString& message, std::uint8_t okOnly);
 
-    void StartMonitorTimers();
     void StopMonitorTimers();
     void StopContinuousReading();
     /// The monitor, then continuous reading.
@@ -52,9 +48,10 @@ public:
 
     void EEPROMComFormCounter(std::int16_t count) { m_eepromComFormCounter = count; }
 
-    /// The end of a failed link call, at the top of the application: everything that reads by
-    /// itself stops, burst mode is let go, the block panel can be used again, a panel is on view,
-    /// and the user is told once; failures that come while the message stands are not told again.
+    /// What is done about a failed link call once its handler has ended: everything that reads by
+    /// itself stops, burst mode ends, the block panel can be used again, the gauge's pointer is let
+    /// go, a panel is on view, and the user is told once; failures that come while the message
+    /// stands are not told again.
     void LinkFailed(const LinkError& error);
 
     Bench& TheBench() { return m_bench; }
@@ -68,9 +65,9 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void MakeToolbar();
-    void AddBoardNote(const QString& text);
-    void MakePanels();
+    QToolBar& MakeToolbar();
+    static void AddBoardNote(QToolBar& toolbar, const QString& text);
+    void MakePanels(const QList<QAction*>& actions);
     void ConnectPanels();
     void ShowLinkNotices();
     void Load();
@@ -88,20 +85,16 @@ private:
 
     Bench& m_bench;
     ToolWindows& m_tools;
-    QToolBar* m_toolbar = nullptr;
-    /// The toolbar's keys in their order on the bar.
-    QList<QAction*> m_keys;
-    WelcomePanel* m_mainPanel = nullptr;
-    RegisterConsole* m_readWritePanel = nullptr;
-    ControlCentre* m_controlCentrePanel = nullptr;
-    BlockPanel* m_blockReadCRCPanel = nullptr;
-
-    /// The panels, of which one is on view.
+    QWidget* m_welcome = nullptr;
+    RegisterConsole* m_registers = nullptr;
+    ControlCentre* m_controlCentre = nullptr;
+    BlockPanel* m_blocks = nullptr;
+    /// These four, of which one is on view.
     QList<QWidget*> m_panels;
 
     std::int16_t m_eepromComFormCounter = 0;
+    /// The last answer given in a message box.
     std::uint8_t m_response = 0;
-    bool m_answered = false;
     bool m_tellingOfFailure = false;
 };
 

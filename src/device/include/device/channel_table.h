@@ -7,10 +7,18 @@
 #include "device/voltage.h"
 
 #include <array>
+#include <optional>
 
 namespace tqx {
 
 class LinkNewComPort;
+
+/// The limits of a channel in its unit: degrees Celsius, revolutions per minute or volts.
+struct ChannelLimits {
+    double Low = 0;
+    /// A fan has none.
+    std::optional<double> High;
+};
 
 /// The 28 channels of the chip, each known by its row on the control centre.
 class ChannelTable {
@@ -45,6 +53,15 @@ public:
     Fan& FanOfRow(int row);
     Voltage& VoltageOfRow(int row);
     Temperature& TemperatureOfRow(int row);
+    /// @}
+
+    /// @name The channel of a row, whatever its kind
+    /// Nothing is read or written for a row without a channel. A voltage's limits are taken as
+    /// floats, a temperature's as the nearest whole degrees.
+    /// @{
+    std::optional<double> Reading(int row);
+    std::optional<ChannelLimits> ReadLimits(int row);
+    void WriteLimits(int row, const ChannelLimits& limits);
     /// @}
 
 private:

@@ -34,6 +34,11 @@ constexpr RowKind KindOfRow(int row) {
     return row < FirstVoltageRow ? RowKind::Fan : RowKind::Voltage;
 }
 
+/// A row of a temperature, a fan or a voltage.
+constexpr bool HasChannel(int row) {
+    return KindOfRow(row) != RowKind::Heading && KindOfRow(row) != RowKind::None;
+}
+
 inline constexpr std::array<std::string_view, RowCount> RowCaptions{
     "Temp",  "Voltage", "Fan Revs.", "IntTemp", "ExtTemp0", "ExtTemp1", "ExtTemp2", "Fan 0",
     "Fan 1", "Fan 2",   "Fan 3",     "Fan 4",   "Fan 5",    "Fan 6",    "Fan 7",    "Vbatt",

@@ -33,9 +33,7 @@ struct RegisterEntry {
     RegisterTab Tab;
     /// True: the register console lets the user write it. Says nothing of what the chip does.
     bool Entry;
-    /// DefaultLegends where OwnLegends is False.
     BitLegends Legends;
-    bool OwnLegends;
     /// Empty for most rows.
     std::string_view Tooltip;
 };

@@ -21,7 +21,6 @@ constexpr RegisterEntry Row(std::uint8_t address, std::string_view caption,
             .Tab = tab,
             .Entry = entry,
             .Legends = DefaultLegends,
-            .OwnLegends = false,
             .Tooltip = tab == RegisterTab::AIN ? "Click to set as default" : ""};
 }
 
@@ -182,7 +181,6 @@ constexpr std::array<RegisterEntry, 112> WithOwnLegends() {
     std::array<RegisterEntry, 112> map = Rows;
     for (const OwnLegendsRow& row : OwnLegends) {
         map[row.Address].Legends = row.Legends;
-        map[row.Address].OwnLegends = true;
     }
     return map;
 }
@@ -191,10 +189,5 @@ constexpr std::array<RegisterEntry, 112> WithOwnLegends() {
 
 /// The named registers 00h to 6Fh; the index is the address.
 inline constexpr std::array<RegisterEntry, 112> RegisterMap = register_map_detail::WithOwnLegends();
-
-/// The entry of the register at `address`; null for 70h to FFh, which have no name.
-constexpr const RegisterEntry* FindRegister(std::uint8_t address) {
-    return address < RegisterMap.size() ? &RegisterMap[address] : nullptr;
-}
 
 } // namespace tqx

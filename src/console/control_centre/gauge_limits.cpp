@@ -1,12 +1,13 @@
-#include "control_centre/limit_handles.h"
+#include "control_centre/gauge_limits.h"
 
-#include "control_centre/gauge_pointers.h"
-#include "control_centre/monitor_rows.h"
+#include "control_centre/size_strip_bar.h"
 
+#include <controls/linear_gauge.h>
+#include <controls/number_text.h>
 #include <device/bench.h>
 #include <device/rounding.h>
 
-#include <cstdint>
+#include <limits>
 
 namespace tqx {
 namespace {
@@ -29,14 +30,79 @@ double PercentOfScale(const LinearGauge& gauge, double percent) {
     return gauge.ScaleMax() / 100 * percent;
 }
 
+/// The suffix of the caption without its blank.
+QString UnitOfRow(int row) {
+    return TextOf(MonitorRows.at(static_cast<std::size_t>(row)).Suffix).trimmed();
+}
+
+/// Each leaves PointerIndex at the pointer it names.
+/// @{
+double HandleValue(LinearGauge& gauge, int handle) {
+    gauge.PointerIndex(handle);
+    return gauge.PointerValue();
+}
+
+void SetHandle(LinearGauge& gauge, int handle, double value) {
+    gauge.PointerIndex(handle);
+    gauge.PointerValue(value);
+}
+
+void SetBand(LinearGauge& gauge, int band, double from, double to) {
+    gauge.PointerIndex(band);
+    gauge.PointerFrom(from);
+    gauge.PointerTo(to);
+}
+
+/// @}
+
 } // namespace
 
-LimitHandles::LimitHandles(Bench& bench, LinearGauge& gauge, const MonitorState& state)
+GaugeLimits::GaugeLimits(Bench& bench, LinearGauge& gauge, SizeStripBar& sizes, MonitorState& state)
     : m_bench(bench)
     , m_gauge(gauge)
+    , m_sizes(sizes)
     , m_state(state) {}
 
-void LimitHandles::PointerMoved() {
+void GaugeLimits::LoadChannelLimits(int row) {
+    if (IsHeadingRow(row)) {
+        m_state.StripGroup = static_cast<std::int16_t>(row);
+        m_sizes.SizeStrip(row);
+    } else {
+        PutOnGauge(row);
+    }
+    if (!IsFanRow(m_state.SelectedChannel)) {
+        AdjustBargraphHandlesETC();
+    }
+}
+
+void GaugeLimits::PutOnGauge(int row) {
+    m_state.SelectedChannel = static_cast<std::int16_t>(row);
+    m_sizes.SizeGauge(row);
+    m_gauge.Unit(UnitOfRow(row));
+    try {
+        ShowLimits(row);
+    } catch (...) {
+        // The handles still stand where another channel had them.
+        m_state.SelectedChannel = 0;
+        m_sizes.PrepareNoHandleGauge();
+        m_gauge.BarValue(std::numeric_limits<double>::quiet_NaN());
+        m_gauge.Caption(QString());
+        throw;
+    }
+}
+
+void GaugeLimits::ShowLimits(int row) {
+    const std::optional<ChannelLimits> limits = m_bench.Channels.ReadLimits(row);
+    if (!limits) {
+        return;
+    }
+    SetHandle(m_gauge, LowHandle, limits->Low);
+    if (limits->High) {
+        SetHandle(m_gauge, HighHandle, *limits->High);
+    }
+}
+
+void GaugeLimits::PointerMoved() {
     if (WritesOn(ComsSMBus)) {
         WriteLimits();
     }
@@ -45,7 +111,7 @@ void LimitHandles::PointerMoved() {
     }
 }
 
-void LimitHandles::PointerSettled() {
+void GaugeLimits::PointerSettled() {
     if (!IsFanRow(m_state.SelectedChannel)) {
         AdjustBargraphHandlesETC();
     }
@@ -54,7 +120,7 @@ void LimitHandles::PointerSettled() {
     }
 }
 
-void LimitHandles::AdjustBargraphHandlesETC() {
+void GaugeLimits::AdjustBargraphHandlesETC() {
     switch (m_gauge.PointerIndex()) {
     case BandA:
         BandMoved(BandB);
@@ -73,7 +139,7 @@ void LimitHandles::AdjustBargraphHandlesETC() {
     }
 }
 
-void LimitHandles::BandMoved(int other) {
+void GaugeLimits::BandMoved(int other) {
     const double low = m_gauge.PointerFrom();
     const double high = m_gauge.PointerTo();
     SetBand(m_gauge, other, low, high);
@@ -81,7 +147,7 @@ void LimitHandles::BandMoved(int other) {
     SetHandle(m_gauge, HighHandle, high);
 }
 
-void LimitHandles::LowHandleMoved() {
+void GaugeLimits::LowHandleMoved() {
     const FixedPoint low = ToFixedPoint(m_gauge.PointerValue());
     const FixedPoint high = ToFixedPoint(HandleValue(m_gauge, HighHandle));
     m_gauge.PointerIndex(LowHandle);
@@ -93,7 +159,7 @@ void LimitHandles::LowHandleMoved() {
     UpdateBands();
 }
 
-void LimitHandles::HighHandleMoved() {
+void GaugeLimits::HighHandleMoved() {
     const int high = RoundToInteger(m_gauge.PointerValue());
     const int low = RoundToInteger(HandleValue(m_gauge, LowHandle));
     m_gauge.PointerIndex(HighHandle);
@@ -105,39 +171,28 @@ void LimitHandles::HighHandleMoved() {
     UpdateBands();
 }
 
-void LimitHandles::UpdateBands() {
+void GaugeLimits::UpdateBands() {
     const double low = HandleValue(m_gauge, LowHandle);
     const double high = HandleValue(m_gauge, HighHandle);
     SetBand(m_gauge, BandA, low, high);
     SetBand(m_gauge, BandB, low, high);
 }
 
-bool LimitHandles::WritesOn(std::uint8_t medium) const {
+bool GaugeLimits::WritesOn(std::uint8_t medium) const {
     return m_state.ControlCentreReady && m_bench.Bus.BusCell.ComsMedium == medium;
 }
 
-void LimitHandles::WriteLimits() {
+void GaugeLimits::WriteLimits() {
     const int row = m_state.SelectedChannel;
-    switch (KindOfRow(row)) {
-    case RowKind::Temperature: {
-        Temperature& temperature = m_bench.Channels.TemperatureOfRow(row);
-        temperature.MinLimit(RoundToInteger(HandleValue(m_gauge, LowHandle)));
-        temperature.MaxLimit(RoundToInteger(HandleValue(m_gauge, HighHandle)));
-        break;
+    if (!HasChannel(row)) {
+        return;
     }
-    case RowKind::Fan:
-        m_bench.Channels.FanOfRow(row).Limit(HandleValue(m_gauge, LowHandle));
-        break;
-    case RowKind::Voltage: {
-        Voltage& voltage = m_bench.Channels.VoltageOfRow(row);
-        voltage.LowLimit(static_cast<float>(HandleValue(m_gauge, LowHandle)));
-        voltage.HighLimit(static_cast<float>(HandleValue(m_gauge, HighHandle)));
-        break;
+    ChannelLimits limits;
+    limits.Low = HandleValue(m_gauge, LowHandle);
+    if (!IsFanRow(row)) {
+        limits.High = HandleValue(m_gauge, HighHandle);
     }
-    case RowKind::Heading:
-    case RowKind::None:
-        break;
-    }
+    m_bench.Channels.WriteLimits(row, limits);
 }
 
 } // namespace tqx
