@@ -70,10 +70,6 @@ TEST_F(EndSignalsTest, EndARunningMonitor) {
     ExpectEnded();
 }
 
-TEST_F(EndSignalsTest, EndEraseAll) {
-    EndWithin("EraseEEPROM", {"EraseAllCMD"});
-}
-
 TEST_F(EndSignalsTest, EndADump) {
     dialogs.FileName = folder.filePath("dump.txt");
     EndWithin("Save1", {"BrowseCMD", "DumpCMD"});

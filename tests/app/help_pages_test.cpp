@@ -4,7 +4,6 @@
 #include <tools/tools.h>
 
 #include <QAction>
-#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -68,14 +67,6 @@ TEST_F(HelpPagesTest, TheMainWindowGivesThePageOfThePanelOnView) {
         EXPECT_EQ(PageOf(*toolbar), page);
     }
     EXPECT_EQ(PageOf(*main.findChild<QWidget*>("MainStripChart")), "strip-chart");
-}
-
-TEST_F(HelpPagesTest, AWindowWithoutAPageTakesThatOfTheWindowBehindIt) {
-    PressToolbar("ReadWrite1");
-    const QDialog dialog(&main);
-    EXPECT_EQ(PageOf(dialog), "registers");
-    const QWidget stranger;
-    EXPECT_EQ(PageOf(stranger), "index");
 }
 
 TEST_F(HelpPagesTest, F1OpensThePageBesideTheProgram) {

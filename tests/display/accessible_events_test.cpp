@@ -1,18 +1,16 @@
 // What a screen reader is told while the program runs, as Qt hands it to the desktop.
 
-#include "app/board_program.h"
-#include "control_centre/control_centre.h"
+#include "registers/bit_digit.h"
 
-#include <console/main_form.h>
 #include <controls/alarm_lamp.h>
 #include <controls/linear_gauge.h>
 #include <controls/row_label.h>
 #include <controls/strip_chart.h>
-#include <search/init_form.h>
 
-#include <QAbstractButton>
 #include <QAccessible>
+#include <QApplication>
 #include <QFocusEvent>
+#include <QTest>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -27,7 +25,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
-using testing::SizeIs;
 using testing::StartsWith;
 
 using Texts = std::vector<std::string>;
@@ -187,64 +184,14 @@ TEST(AccessibleEvents, AChartTellsWhatTheHandDoesAndNoSample) {
     EXPECT_THAT(listener.Take(chart), ElementsAre("name Strip chart: Temperature"));
 }
 
-/// The whole program on the simulated board.
-class AccessibleProgram : public test::BoardProgram {
-protected:
-    void SetUp() override {
-        program.Start();
-        for (const char* button : {"NextCMD", "NextCMD", "FinishCMD"}) {
-            Find<QAbstractButton>(*program.Wizard(), button).click();
-        }
-    }
-
-    MainForm& Main() { return *program.Main(); }
-
-    void Press(const char* toolbarKey) { Find<QAbstractButton>(Main(), toolbarKey).click(); }
-
-    /// The control centre with its timers at rest.
-    ControlCentre& Centre() {
-        Press("ControlPanel1");
-        Main().StopMonitorTimers();
-        return Find<ControlCentre>(Main(), "ControlCentrePanel");
-    }
-};
-
-TEST_F(AccessibleProgram, ABitTellsItsLevelAndAReadOutWhatItShows) {
-    Press("ReadWrite1");
-    QTest::mouseClick(&Find(Main(), "read_writedisplaytext(0)"), Qt::LeftButton);
-    QWidget& bit = Find(Main(), "bit0");
-    QWidget& value = Find(Main(), "p_Value_read_hex_label");
+TEST(AccessibleEvents, ABitTellsItsLevel) {
+    BitDigit bit(0);
+    bit.Caption("0");
     Listener listener;
-    QTest::mouseClick(&bit, Qt::LeftButton);
-    EXPECT_THAT(listener.Take(bit), Contains(testing::AnyOf("checked", "no longer checked")));
-    QTest::mouseClick(&Find(Main(), "read_writedisplaytext(22)"), Qt::LeftButton);
-    EXPECT_THAT(listener.Take(value), Contains("name Value, hexadecimal: 41"));
-}
-
-TEST_F(AccessibleProgram, ALevelThatChangesIsTold) {
-    ControlCentre& centre = Centre();
-    centre.GPIOTick();
-    QWidget& display = Find(centre, "GPIODisplay");
-    Listener listener;
-    centre.GPIOTick();
-    EXPECT_THAT(listener.Take(display), IsEmpty());
-    for (const int line : {8, 12}) {
-        board.TheChip().GPIOLevel(line, !board.TheChip().GPIOLevel(line));
-    }
-    centre.GPIOTick();
-    EXPECT_THAT(listener.Take(display), SizeIs(1));
-    EXPECT_THAT(Find(centre, "GPIO(8)").accessibleName().toStdString(), StartsWith("GPIO line 8:"));
-}
-
-TEST_F(AccessibleProgram, ATickTellsNoSample) {
-    ControlCentre& centre = Centre();
-    auto& chart = Find<StripChart>(centre, "MainStripChart");
-    Listener listener;
-    for (int tick = 0; tick < 10; ++tick) {
-        centre.BargraphTick();
-        chart.DrawFrame();
-    }
-    EXPECT_THAT(listener.Take(chart), IsEmpty());
+    bit.Caption("1");
+    EXPECT_THAT(listener.Take(bit), Contains("checked"));
+    bit.Caption("0");
+    EXPECT_THAT(listener.Take(bit), Contains("no longer checked"));
 }
 
 } // namespace
