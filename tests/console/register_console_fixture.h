@@ -1,6 +1,6 @@
 #pragma once
 
-#include "registers/bit_digit.h"
+#include "registers/bits.h"
 #include "registers/register_console.h"
 #include "support/hands.h"
 #include "support/recorded_bench.h"

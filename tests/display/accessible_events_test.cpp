@@ -1,6 +1,6 @@
 // What a screen reader is told while the program runs, as Qt hands it to the desktop.
 
-#include "registers/bit_digit.h"
+#include "registers/bits.h"
 
 #include <controls/alarm_lamp.h>
 #include <controls/linear_gauge.h>
