@@ -3,7 +3,7 @@
 #include "board_page.h"
 
 #include <controls/combos.h>
-#include <simulated/gpio_lines.h>
+#include <simulated/chip.h>
 
 #include <array>
 
