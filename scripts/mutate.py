@@ -132,8 +132,9 @@ def set_up():
                     *(f"-D{name}={value}" for name, value in options.items())],
                    check=True, stdout=subprocess.DEVNULL)
     declared = "".join(lists.read_text() for lists in TREE.glob("tests/*/CMakeLists.txt"))
-    return [f"{name}_tests" for name in re.findall(r"tqx_test\((\w+)_tests", declared)
-            if name not in LEFT_OUT]
+    found = re.findall(r"tqx_test\((\w+)_tests( QT)?", declared)
+    cheapest_first = sorted(found, key=lambda test: (test[1], test[0] == "app", test[0]))
+    return [f"{name}_tests" for name, _ in cheapest_first if name not in LEFT_OUT]
 
 
 def judge(path, before, after, programs, known):
@@ -142,7 +143,7 @@ def judge(path, before, after, programs, known):
     `known` is what a program is without a fault and how long it may take, found out at first need.
     """
     nearest = path.relative_to(TREE).parts[1] + "_tests"
-    for program in sorted(programs, key=lambda name: (name != nearest, name == "app_tests")):
+    for program in sorted(programs, key=lambda name: name != nearest):
         if program not in known:
             path.write_text(before)
             good = build(program)
