@@ -14,7 +14,7 @@ fail() {
 # every program has its man page.
 check_programs() {
     local root=$1 entry program icon
-    for program in tqx7716-console tqx7716-simulator; do
+    for program in tqx7716-console tqx7716-simulator tqx7716; do
         [ -x "$root/bin/$program" ] || fail "$root/bin/$program is missing"
         [ -s "$root/share/man/man1/$program.1.gz" ] || fail "$program has no man page"
     done
@@ -48,10 +48,24 @@ check_start() {
     [ $status -eq 124 ] || fail "$1/bin/tqx7716-simulator ended by itself, status $status"
 }
 
+# check_command ROOT: the command works on its board, and its completion knows the registers.
+check_command() {
+    "$1/bin/tqx7716" --simulated read EEPROM3 >/dev/null || fail "$1/bin/tqx7716 does not work"
+    (
+        PATH=$1/bin:$PATH
+        # shellcheck disable=SC1090,SC1091
+        source "$1/share/bash-completion/completions/tqx7716"
+        COMP_WORDS=(tqx7716 read Comp) COMP_CWORD=2
+        _tqx7716
+        [ "${COMPREPLY[*]}" = CompanyID ]
+    ) || fail "the completion does not work"
+}
+
 check_tree() {
     check_programs "$1"
     check_handbook "$1"
     check_start "$1"
+    check_command "$1"
 }
 
 # check_version VERSION: what is written by hand names the version that is built.
