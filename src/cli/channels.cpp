@@ -7,7 +7,7 @@
 #include <jobs/files.h>
 #include <jobs/recording.h>
 #include <link/burst_scope.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <algorithm>
 #include <iterator>

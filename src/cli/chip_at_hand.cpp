@@ -2,6 +2,8 @@
 
 #include "texts.h"
 
+#include <device/eeprom_map.h>
+#include <device/register_addresses.h>
 #include <jobs/chip_image.h>
 #include <jobs/chip_scan.h>
 #include <jobs/dump_format.h>
@@ -18,20 +20,17 @@
 namespace tqx::cli {
 namespace {
 
-constexpr std::array<std::string_view, FaultCount> FaultNames{
+constexpr std::array<std::string_view, sim::FaultCount> FaultNames{
     "no-answer",   "data-stuck-low", "data-stuck-high",   "clock-stuck-low", "wrong-pec",
     "short-count", "slow-bus",       "lost-eeprom-write", "link-fails"};
 
 /// What a simulated board has behind it when the command begins: fans turn and it is warm.
 constexpr std::chrono::minutes TimeInUse{10};
 
-/// The mode bits of "EEPROM 3", here on the chip itself.
-constexpr std::uint8_t ModeRegister = 0x13;
-
 constexpr std::uint8_t BitDelayCount = 100;
 
 /// A fault and at which of its occasions it strikes: "link-fails" or "link-fails:40".
-void SwitchOn(Faults& faults, const std::string& text) {
+void SwitchOn(sim::Faults& faults, const std::string& text) {
     const std::size_t colon = std::min(text.find(':'), text.size());
     const auto* const name = std::ranges::find(FaultNames, text.substr(0, colon));
     const auto nth = colon == text.size() ? 1U : NumberIn(text.substr(colon + 1)).value_or(0);
@@ -43,17 +42,17 @@ void SwitchOn(Faults& faults, const std::string& text) {
         throw Refusal(WrongUse, "there is no fault " + text + "; the faults are " + names +
                                     ", each with :N to strike at every Nth occasion");
     }
-    faults.Every(static_cast<Fault>(name - FaultNames.begin()), nth);
+    faults.Every(static_cast<sim::Fault>(name - FaultNames.begin()), nth);
 }
 
 /// Puts back what a file kept. The EEPROM goes through its modes, as on the bus.
-void Load(Chip& chip, const ChipImage& image) {
-    chip.Write(ModeRegister, 0x04);
-    for (std::uint16_t page = 0; page < EEPROM::Size; page += EEPROM::PageSize) {
+void Load(sim::Chip& chip, const ChipImage& image) {
+    chip.Write(reg::EEPROM3, eeprom::EraseBit);
+    for (std::uint16_t page = 0; page < ChipImage::EEPROMSize; page += eeprom::PageSize) {
         chip.WriteEEPROM(page, 0);
     }
-    chip.Write(ModeRegister, 0x02);
-    for (std::uint16_t i = 0; i < EEPROM::Size; ++i) {
+    chip.Write(reg::EEPROM3, eeprom::WriteBit);
+    for (std::uint16_t i = 0; i < ChipImage::EEPROMSize; ++i) {
         chip.WriteEEPROM(i, image.EEPROM.at(i).value_or(0xFF));
     }
     for (std::size_t i = 0; i < image.Registers.size(); ++i) {
@@ -75,7 +74,7 @@ void AddRows(std::string& text, int count, ReadByte read, RowText row) {
 }
 
 /// The board as a register dump, which `compare` can read.
-std::string DumpOf(Chip& chip) {
+std::string DumpOf(sim::Chip& chip) {
     const DumpStamp stamp = DumpStamp::Now();
     std::string text = dump::RAMStart(stamp);
     AddRows(
@@ -83,7 +82,8 @@ std::string DumpOf(Chip& chip) {
         [](int at, dump::Row bytes) { return dump::RAMRow(static_cast<std::uint8_t>(at), bytes); });
     text += dump::RAMEnd(stamp) + dump::EEPROMStart(stamp);
     AddRows(
-        text, EEPROM::Size, [&](int i) { return chip.ReadEEPROM(static_cast<std::uint16_t>(i)); },
+        text, ChipImage::EEPROMSize,
+        [&](int i) { return chip.ReadEEPROM(static_cast<std::uint16_t>(i)); },
         [](int at, dump::Row bytes) {
             return dump::EEPROMRow(static_cast<std::uint8_t>(0x80 + at / 256),
                                    static_cast<std::uint8_t>(at), bytes);
@@ -149,8 +149,8 @@ void ChipAtHand::MakeSimulated() {
         throw Refusal(WrongUse, "the simulated board has no nodes, only port 378h and an SMBus");
     }
     const auto now = [this, begin = m_around.Now()] { return m_age + m_around.Now() - begin; };
-    m_simulated = std::make_unique<SimulatedBoard>(
-        SimulatedBoardOptions{.BoardMode = m_where.Inverted, .Seed = m_where.Seed, .Now = now});
+    m_simulated = std::make_unique<sim::SimulatedBoard>(sim::SimulatedBoardOptions{
+        .BoardMode = m_where.Inverted, .Seed = m_where.Seed, .Now = now});
     m_age = TimeInUse; // once it has been switched on
     m_simulated->BusHertz(m_where.BusHertz);
     for (const std::string& fault : m_where.Faults) {

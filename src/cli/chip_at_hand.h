@@ -76,7 +76,7 @@ private:
 
     const Where& m_where;
     Surroundings& m_around;
-    std::unique_ptr<SimulatedBoard> m_simulated;
+    std::unique_ptr<sim::SimulatedBoard> m_simulated;
     std::unique_ptr<LinuxBoard> m_real;
     std::unique_ptr<tqx::Bench> m_bench;
     std::optional<unsigned> m_port;        // base address

@@ -74,7 +74,7 @@ void AddWhere(CLI::App& app, Where& where) {
                    "A fault such as link-fails or no-answer:3 (every third time); can be repeated")
         ->group(simulated)
         ->allow_extra_args(false);
-    app.add_option("--seed", where.Seed, "What its values and faults follow")->group(simulated);
+    app.add_option("--seed", where.Seed, "What its measured values follow")->group(simulated);
     app.add_option("--bus-hertz", where.BusHertz, "Clock rate of its bus; 0 is as fast as possible")
         ->group(simulated)
         ->check(CLI::Range(0.0, 1e9));

@@ -5,7 +5,7 @@
 #include <device/channel_registers.h>
 #include <device/register_addresses.h>
 #include <jobs/recording.h>
-#include <link/cell_transfer.h>
+#include <link/link_new_com_port.h>
 
 #include <optional>
 
