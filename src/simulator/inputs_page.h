@@ -21,7 +21,6 @@ namespace sim {
 class SimulatedBoard;
 }
 
-
 /// How an input of the board is named and set.
 struct InputRange {
     QString Caption;

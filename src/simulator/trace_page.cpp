@@ -36,9 +36,10 @@ bool TraceModel::Refresh() {
     beginResetModel();
     m_version = m_trace.Version();
     m_lines = m_trace.Lines();
-    const auto longest = std::max_element(
-        m_lines.begin(), m_lines.end(),
-        [](const sim::TraceLine& a, const sim::TraceLine& b) { return a.Text.size() < b.Text.size(); });
+    const auto longest = std::max_element(m_lines.begin(), m_lines.end(),
+                                          [](const sim::TraceLine& a, const sim::TraceLine& b) {
+                                              return a.Text.size() < b.Text.size();
+                                          });
     if (longest != m_lines.end()) {
         const QFontMetrics metrics(m_face);
         const QString text = TextOf(static_cast<int>(longest - m_lines.begin()));

@@ -72,7 +72,7 @@ protected:
     /// Where the mouse takes a pointer.
     QPoint On(int pointer) {
         const GaugePointer& it = m_gauge.Pointers()[static_cast<std::size_t>(pointer)];
-        return (pointer < 2 ? m_gauge.Plan().Band(it) : m_gauge.Geometry().Flag(pointer, it))
+        return (pointer < 2 ? m_gauge.Plan().Band(it) : m_gauge.Plan().Flag(pointer, it))
             .center()
             .toPoint();
     }
