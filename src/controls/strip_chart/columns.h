@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strip_chart/trace.h"
+#include "strip_chart/history.h"
 
 #include <span>
 

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "strip_chart/history.h"
 #include "strip_chart/view.h"
-#include "strip_chart/wall.h"
 
 #include <QRect>
 #include <QSize>

@@ -1,7 +1,5 @@
 #include "strip_chart/hand.h"
 
-#include "strip_chart/overlay.h"
-
 #include <algorithm>
 #include <cmath>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "strip_chart/layers.h"
+#include "strip_chart/drawing.h"
 
 #include <QPointF>
 

@@ -1,8 +1,205 @@
 #pragma once
 
-#include "strip_chart/trace.h"
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace tqx {
+
+/// The last `capacity` entries of a row, oldest first. Its memory is asked for at the first entry
+/// and touched only as entries come, so an unused one costs nothing.
+template <typename Entry>
+class StripRing {
+public:
+    explicit StripRing(std::size_t capacity)
+        : m_capacity(capacity) {}
+
+    std::size_t Size() const { return m_size; }
+
+    bool Empty() const { return m_size == 0; }
+
+    bool Full() const { return m_size == m_capacity; }
+
+    /// Entry `index` of Size(), 0 the oldest.
+    const Entry& operator[](std::size_t index) const { return m_entries[Place(index)]; }
+
+    Entry& operator[](std::size_t index) { return m_entries[Place(index)]; }
+
+    const Entry& Oldest() const { return m_entries[m_oldest]; }
+
+    const Entry& Newest() const { return (*this)[m_size - 1]; }
+
+    /// Adds an entry, in place of the oldest when the ring is full.
+    void Push(const Entry& entry) {
+        if (!m_entries) {
+            m_entries = std::make_unique_for_overwrite<Entry[]>(m_capacity);
+        }
+        m_entries[m_next] = entry;
+        m_next = m_next + 1 == m_capacity ? 0 : m_next + 1;
+        if (m_size < m_capacity) {
+            ++m_size;
+        } else {
+            m_oldest = m_next;
+        }
+    }
+
+    /// Keeps the oldest `count` entries only.
+    void Truncate(std::size_t count) {
+        m_size = std::min(m_size, count);
+        m_next = Place(m_size);
+    }
+
+    void Clear() { m_size = m_oldest = m_next = 0; }
+
+    /// The index of the first entry for which `reached` holds; it must go on holding for all that
+    /// follow. Size() when there is none.
+    template <typename Reached>
+    std::size_t FirstWhere(Reached reached) const {
+        std::size_t low = 0;
+        std::size_t count = m_size;
+        while (count > 0) {
+            const std::size_t half = count / 2;
+            if (reached((*this)[low + half])) {
+                count = half;
+            } else {
+                low += half + 1;
+                count -= half + 1;
+            }
+        }
+        return low;
+    }
+
+private:
+    std::size_t Place(std::size_t index) const {
+        const std::size_t place = m_oldest + index;
+        return place >= m_capacity ? place - m_capacity : place;
+    }
+
+    std::size_t m_capacity;
+    std::size_t m_size = 0;
+    std::size_t m_oldest = 0;
+    std::size_t m_next = 0;
+    std::unique_ptr<Entry[]> m_entries;
+};
+
+/// Nanoseconds since the first sample of a run.
+using StripTime = std::int64_t;
+
+inline constexpr StripTime StripSecond = 1'000'000'000;
+
+struct StripSample {
+    StripTime Time;
+    double Value; ///< not a number marks a gap
+};
+
+/// What the samples of one stretch of time came to.
+struct StripSlot {
+    std::uint32_t Index; ///< the stretch begins at Index times the width of the level's slots
+    float Low = std::numeric_limits<float>::infinity();
+    float High = -std::numeric_limits<float>::infinity();
+    float Last = std::numeric_limits<float>::quiet_NaN();
+
+    /// Whether it holds nothing but gaps.
+    bool Gap() const { return Low > High; }
+
+    void Take(float value) {
+        Low = value < Low ? value : Low;
+        High = value > High ? value : High;
+        Last = value;
+    }
+
+    void Take(const StripSlot& later) {
+        Low = later.Low < Low ? later.Low : Low;
+        High = later.High > High ? later.High : High;
+        Last = later.Last;
+    }
+};
+
+/// A sample as a cursor reads it.
+struct StripReading {
+    StripTime Time;
+    double Value;
+    bool Exact; ///< False when Time is only known to the width of a slot
+};
+
+/// The history of one variable: every sample of the recent past, and for the rest of the run the
+/// lowest and the highest per slot of time, in levels of ever wider slots. Each level reaches
+/// further back than the one before; the widest doubles its slots rather than forget, so a peak
+/// stays for as long as the run lasts. Memory is bounded by MemoryBound.
+class StripTrace {
+public:
+    static constexpr std::size_t RawCapacity = 65536;
+    static constexpr std::size_t SlotCapacity = 12288;
+    static constexpr int LevelCount = 7;
+    static constexpr StripTime NarrowestSlot = StripTime{1} << 26; // 67 ms
+    static constexpr std::size_t MemoryBound =
+        RawCapacity * sizeof(StripSample) + LevelCount * SlotCapacity * sizeof(StripSlot);
+
+    /// Adds a sample in constant time. A time before the newest sample's counts as that one's.
+    void Add(StripTime time, double value) {
+        if (time < m_newest) {
+            time = m_newest;
+        }
+        m_newest = time;
+        m_raw.Push({time, value});
+        Level& level = m_levels.front();
+        const auto index = static_cast<std::uint32_t>(time >> level.Shift);
+        if (index != level.Open.Index || !level.IsOpen) {
+            OpenSlot(0, index);
+        }
+        level.Open.Take(static_cast<float>(value));
+    }
+
+    void Clear();
+
+    bool Empty() const { return m_raw.Empty(); }
+
+    const StripRing<StripSample>& Raw() const { return m_raw; }
+
+    /// Width of the slots of `level`, 0 to LevelCount - 1.
+    StripTime SlotWidth(int level) const { return StripTime{1} << At(level).Shift; }
+
+    const StripRing<StripSlot>& Closed(int level) const { return At(level).Closed; }
+
+    /// The slot of `level` that still grows; null when there is none. Together with the open ones
+    /// of all narrower levels it holds what Closed(level) does not.
+    const StripSlot* Open(int level) const { return At(level).IsOpen ? &At(level).Open : nullptr; }
+
+    /// The time from which on the raw samples (level -1) or a level's slots are complete.
+    StripTime CompleteFrom(int level) const;
+
+    /// The last sample at or before `time`; nothing before the first one of the run.
+    std::optional<StripReading> ReadAt(StripTime time) const;
+
+private:
+    struct Level {
+        int Shift = 0; ///< slots are 2 to the power of Shift nanoseconds wide
+        bool IsOpen = false;
+        StripSlot Open{};
+        StripRing<StripSlot> Closed{SlotCapacity};
+    };
+
+    static constexpr int FirstShift = std::countr_zero(static_cast<std::uint64_t>(NarrowestSlot));
+    static constexpr int ShiftStep = 2;
+
+    static std::array<Level, LevelCount> MakeLevels();
+
+    const Level& At(int level) const { return m_levels[static_cast<std::size_t>(level)]; }
+
+    void OpenSlot(std::size_t level, std::uint32_t index);
+    void CloseSlot(std::size_t level);
+    void DoubleWidestSlots();
+
+    StripTime m_newest = std::numeric_limits<StripTime>::min();
+    StripRing<StripSample> m_raw{RawCapacity};
+    std::array<Level, LevelCount> m_levels = MakeLevels();
+};
 
 inline constexpr int StripVariableCount = 18;
 
@@ -49,6 +246,35 @@ private:
     StripTime m_origin = 0;
     StripTime m_newest = 0;
     bool m_empty = true;
+};
+
+/// What the clock on the wall said in the course of a run. Intervals are measured by a clock that
+/// never jumps; the wall clock only names moments. When it is set anew, what was recorded before
+/// keeps its names.
+class StripWall {
+public:
+    /// A stretch of the run in which the wall clock ran steadily.
+    struct Stretch {
+        StripTime From;   ///< time of the run
+        StripTime Offset; ///< what is added to a time of the run to have the wall clock's
+    };
+
+    /// Notes that at `time` the wall clock said `wall`, in nanoseconds since 1970.
+    void Note(StripTime time, StripTime wall);
+
+    void Clear() { m_stretches.clear(); }
+
+    /// Nanoseconds since 1970 at `time`.
+    StripTime At(StripTime time) const;
+
+    /// The stretches, by rising time; there are none before the first note.
+    const std::vector<Stretch>& Stretches() const { return m_stretches; }
+
+private:
+    static constexpr StripTime SmallestJump = StripSecond / 4;
+    static constexpr std::size_t MostStretches = 256;
+
+    std::vector<Stretch> m_stretches;
 };
 
 } // namespace tqx

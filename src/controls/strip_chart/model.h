@@ -2,14 +2,44 @@
 
 #include "controls/strip_captions.h"
 #include "strip_chart/geometry.h"
-#include "strip_chart/inks.h"
+#include "strip_chart/history.h"
 
+#include <QColor>
 #include <QPoint>
 #include <QString>
 
 #include <optional>
 
 namespace tqx {
+
+/// How a trace is drawn.
+struct StripInk {
+    QRgb Colour;
+    bool Cased; ///< too light for white paper alone: it gets a thin dark casing
+    bool Shown = true;
+
+    bool operator==(const StripInk&) const = default;
+};
+
+using StripInks = std::array<StripInk, StripVariableCount>;
+
+/// The inks of variables 0 to 17, all shown.
+StripInks DefaultStripInks();
+
+/// The contrast of `ink` to `paper`, from 1 to 21.
+double ContrastRatio(QRgb ink, QRgb paper);
+
+/// Below this contrast to the paper a trace or a swatch is cased.
+inline constexpr double LeastStripContrast = 2.0;
+
+/// A colour as the domain writes it, 0x00BBGGRR, and back.
+constexpr std::uint32_t ToBgr(QRgb colour) {
+    return (colour & 0xFFU) << 16 | (colour & 0xFF00U) | (colour >> 16 & 0xFFU);
+}
+
+constexpr QRgb FromBgr(std::uint32_t colour) {
+    return 0xFF000000U | ToBgr(colour);
+}
 
 struct StripCaption {
     QString Text;
@@ -102,5 +132,26 @@ QString StripStandstillText(const StripModel& model);
 /// The legend line that the keyboard is on, and the traces that are hidden; empty when there are
 /// none of either.
 QString StripLegendText(const StripModel& model);
+
+/// What the cursors of a chart read: a line per trace that is shown, a column per cursor and, with
+/// both, one of differences, second minus first.
+struct StripReadout {
+    struct Line {
+        int Variable;
+        QString Name;
+        std::vector<QString> Values;
+    };
+
+    std::vector<int> Cursors;      ///< which ones stand, 0 and 1
+    std::vector<QString> Headings; ///< moments of the cursors, then what lies between them
+    std::vector<Line> Lines;
+
+    /// The table as text, with tabs between its columns.
+    QString Text() const;
+};
+
+/// A cursor reads the sample before it. It reads nothing, "-", in a gap and where nothing was
+/// recorded; a value that is only known to the width of a slot of time is marked with "~".
+StripReadout ReadOut(const StripModel& model);
 
 } // namespace tqx

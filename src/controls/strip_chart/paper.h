@@ -1,7 +1,7 @@
 #pragma once
 
 #include "strip_chart/geometry.h"
-#include "strip_chart/inks.h"
+#include "strip_chart/model.h"
 
 #include <QImage>
 

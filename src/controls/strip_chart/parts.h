@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/strip_chart.h"
-#include "strip_chart/commands.h"
+#include "strip_chart/actions.h"
 #include "strip_chart/hand.h"
 
 #include <QBasicTimer>
