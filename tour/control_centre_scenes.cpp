@@ -30,7 +30,7 @@ constexpr std::chrono::sys_seconds TourBegin{std::chrono::sys_days{std::chrono::
                                              std::chrono::hours(9)};
 
 /// A chart on the tour's own time.
-StripClock ClockOf(const TourClock& clock) {
+strip::Clock ClockOf(const TourClock& clock) {
     return {.Steady = [&clock] { return clock.Now(); },
             .Wall =
                 [&clock] {

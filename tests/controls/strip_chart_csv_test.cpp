@@ -5,7 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 using testing::ElementsAre;
@@ -31,18 +31,18 @@ private:
     qint64 m_room;
 };
 
-StripModel Model() {
-    StripModel model;
-    model.Zone = [](StripTime) { return 3600; };
-    model.Wall.Note(0, 1'700'000'000 * StripSecond);
+Model NewModel() {
+    Model model;
+    model.Zone = [](Time) { return 3600; };
+    model.Wall.Note(0, 1'700'000'000 * Second);
     model.View.ColumnCount(600);
     return model;
 }
 
-std::vector<std::string> Lines(const StripModel& model, const StripSelection& selection) {
+std::vector<std::string> Lines(const Model& model, const Selection& selection) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    EXPECT_TRUE(WriteStripCsv(buffer, model, selection));
+    EXPECT_TRUE(WriteCsv(buffer, model, selection));
     std::vector<std::string> lines;
     for (const QByteArray& line : buffer.data().trimmed().split('\n')) {
         lines.push_back(line.toStdString());
@@ -51,16 +51,16 @@ std::vector<std::string> Lines(const StripModel& model, const StripSelection& se
 }
 
 TEST(StripCsv, ATickIsARowAndAGapAnEmptyCell) {
-    StripModel model = Model();
+    Model model = NewModel();
     model.Captions[FirstLegendCaption].Text = "+5V, \"main\"";
-    StripHistory& history = model.History;
+    History& history = model.History;
     history.Add(0, 0, static_cast<double>(1.498F));
     history.Add(2, 1'000'000, 0.1);
     history.Add(0, 5'000'000, std::numeric_limits<double>::quiet_NaN());
     history.Add(2, 6'000'000, -11.5);
     history.Add(2, 11'000'000, std::numeric_limits<double>::infinity());
-    history.Add(0, 2 * StripSecond, 7);
-    history.Add(2, 4 * StripSecond, 8);
+    history.Add(0, 2 * Second, 7);
+    history.Add(2, 4 * Second, 8);
     model.View.Newest(history.Newest());
     EXPECT_THAT(Lines(model, SelectAll(model)),
                 ElementsAre("Time,Seconds,Kind,\"+5V, \"\"main\"\"\",Variable 2",
@@ -72,10 +72,10 @@ TEST(StripCsv, ATickIsARowAndAGapAnEmptyCell) {
 }
 
 TEST(StripCsv, WhatIsNoLongerKeptSampleBySampleKeepsItsPeaks) {
-    StripModel model = Model();
+    Model model = NewModel();
     constexpr int Count = 200'000;
     for (int i = 0; i < Count; ++i) {
-        model.History.Add(0, i * StripSecond / 100, i == 1234 ? 99.0 : i == 5678 ? -99.0 : 1.0);
+        model.History.Add(0, i * Second / 100, i == 1234 ? 99.0 : i == 5678 ? -99.0 : 1.0);
     }
     const std::vector<std::string> lines = Lines(model, SelectAll(model));
     const auto ending = [&lines](const std::string& end) {
@@ -84,20 +84,20 @@ TEST(StripCsv, WhatIsNoLongerKeptSampleBySampleKeepsItsPeaks) {
     };
     EXPECT_EQ(ending(",max,99"), 1);
     EXPECT_EQ(ending(",min,-99"), 1);
-    EXPECT_EQ(ending(",sample,1"), static_cast<std::ptrdiff_t>(StripTrace::RawCapacity));
+    EXPECT_EQ(ending(",sample,1"), static_cast<std::ptrdiff_t>(Trace::RawCapacity));
     EXPECT_LT(lines.size(), 120'000U);
 }
 
 TEST(StripCsv, AFullDiskIsNotTakenForSuccess) {
-    StripModel model = Model();
+    Model model = NewModel();
     for (int i = 0; i < 10'000; ++i) {
-        model.History.Add(0, i * StripSecond, i);
+        model.History.Add(0, i * Second, i);
     }
     for (const qint64 room : {0, 100, 100'000}) {
         FullDevice device(room);
-        EXPECT_FALSE(WriteStripCsv(device, model, SelectAll(model))) << room;
+        EXPECT_FALSE(WriteCsv(device, model, SelectAll(model))) << room;
     }
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::strip

@@ -324,11 +324,11 @@ TEST_F(StripChartHand, AFileThatCannotBeWrittenIsToldAndACancelledDialogIsNot) {
 
 TEST_F(StripChartHand, CaptionsAndColoursAreAddressedByTheirNumber) {
     std::set<std::uint32_t> colours;
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+    for (int variable = 0; variable < strip::VariableCount; ++variable) {
         chart.VariableIndex(variable);
         colours.insert(chart.VariableColor());
     }
-    EXPECT_EQ(colours.size(), static_cast<std::size_t>(StripVariableCount));
+    EXPECT_EQ(colours.size(), static_cast<std::size_t>(strip::VariableCount));
     EXPECT_EQ(*colours.rbegin() >> 24, 0U);
     chart.CaptionIndex(3);
     chart.CaptionColor(0x0000FF);

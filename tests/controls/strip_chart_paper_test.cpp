@@ -5,27 +5,27 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 constexpr QSize Size(300, 120);
-constexpr StripTime Tick = StripSecond / 50;
+constexpr Time Tick = Second / 50;
 
 /// A paper with everything that it is drawn from.
 class StripPaperDrawing : public testing::Test {
 protected:
-    StripHistory history;
-    StripWall wall;
-    StripZone zone = [](StripTime) { return 0; };
-    StripPaperSetup setup;
-    StripPaper paper;
+    History history;
+    Wall wall;
+    Zone zone = [](Time) { return 0; };
+    PaperSetup setup;
+    Paper paper;
 
     void SetUp() override {
         wall.Note(0, 0);
-        setup.Inks = DefaultStripInks();
+        setup.Inks = DefaultInks();
         setup.Wall = &wall;
         setup.Zone = &zone;
-        setup.TimeStep = 10 * StripSecond;
+        setup.TimeStep = 10 * Second;
         setup.ValueStep = 20;
         setup.View.ColumnCount(Size.width());
         setup.View.Values({0, 100}, {0, 100});
@@ -45,20 +45,20 @@ protected:
 
     /// What the same run shows when it is drawn at once.
     QImage DrawnAtOnce() {
-        StripPaper anew;
+        Paper anew;
         anew.Resize(Size);
         anew.Draw(history, setup);
         return Shown(anew);
     }
 
-    static QImage Shown(const StripPaper& of) {
+    static QImage Shown(const Paper& of) {
         QImage image(Size, QImage::Format_RGB32);
         QPainter painter(&image);
         of.CopyTo(painter, QPoint(0, 0), image.rect());
         return image;
     }
 
-    StripTime now = 0;
+    Time now = 0;
 };
 
 TEST_F(StripPaperDrawing, ManySmallStepsShowWhatOneDrawingShows) {
@@ -93,19 +93,19 @@ TEST_F(StripPaperDrawing, AFrameDrawsTheNewColumnsOnly) {
     EXPECT_TRUE(paper.Draw(history, setup).Empty());
     now += 1; // within the newest column
     history.Add(0, now, 50);
-    const StripPaper::Change change = paper.Draw(history, setup);
+    const Paper::Change change = paper.Draw(history, setup);
     EXPECT_EQ(change.End, Size.width());
     EXPECT_GE(change.Begin, Size.width() - 3);
 }
 
 TEST_F(StripPaperDrawing, AHiddenTraceAndValuesBeyondThePaperLeaveItBlank) {
     setup.ValueStep = 1000;
-    setup.TimeStep = 1000 * StripSecond;
-    setup.View.Newest(120 * StripSecond);
+    setup.TimeStep = 1000 * Second;
+    setup.View.Newest(120 * Second);
     const QImage blank = DrawnAtOnce();
     const double infinity = std::numeric_limits<double>::infinity();
     for (const double value : {-12.0, 1e300, infinity, -infinity, -1e300, 112.0}) {
-        now += 20 * StripSecond;
+        now += 20 * Second;
         history.Add(2, now, value);
     }
     history.Add(5, now, 50);
@@ -116,11 +116,11 @@ TEST_F(StripPaperDrawing, AHiddenTraceAndValuesBeyondThePaperLeaveItBlank) {
 }
 
 TEST(StripInks, OnlyTracesTooLightForThePaperAreCased) {
-    const StripInks inks = DefaultStripInks();
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+    const Inks inks = DefaultInks();
+    for (int variable = 0; variable < VariableCount; ++variable) {
         EXPECT_EQ(inks[static_cast<std::size_t>(variable)].Cased, variable == 10) << variable;
     }
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::strip

@@ -8,23 +8,23 @@
 #include <random>
 #include <vector>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
 
 /// A run with ticks that come irregularly, now and then a stop, a gap or a peak.
-std::vector<StripSample> RandomRun(std::size_t count, unsigned seed, StripTime pace) {
+std::vector<Sample> RandomRun(std::size_t count, unsigned seed, Time pace) {
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> noise(-1, 1);
     std::uniform_int_distribution<int> dice(0, 9999);
-    std::vector<StripSample> samples;
-    StripTime time = 0;
+    std::vector<Sample> samples;
+    Time time = 0;
     double value = 0;
     for (std::size_t i = 0; i < count; ++i) {
-        time += pace + static_cast<StripTime>(noise(random) * 0.9 * static_cast<double>(pace));
+        time += pace + static_cast<Time>(noise(random) * 0.9 * static_cast<double>(pace));
         const int throwOf = dice(random);
-        time += throwOf == 0 ? 30 * StripSecond : 0;
+        time += throwOf == 0 ? 30 * Second : 0;
         value += noise(random);
         const double peak = throwOf < 5 ? 500 * noise(random) : 0;
         samples.push_back({time, throwOf > 9990 ? NaN : value + peak});
@@ -33,9 +33,9 @@ std::vector<StripSample> RandomRun(std::size_t count, unsigned seed, StripTime p
 }
 
 /// Lowest and highest sample from `from` up to but without `until`.
-StripExtent BruteForce(const std::vector<StripSample>& samples, StripTime from, StripTime until) {
-    StripExtent extent;
-    auto sample = std::ranges::lower_bound(samples, from, {}, &StripSample::Time);
+Extent BruteForce(const std::vector<Sample>& samples, Time from, Time until) {
+    Extent extent;
+    auto sample = std::ranges::lower_bound(samples, from, {}, &Sample::Time);
     for (; sample != samples.end() && sample->Time < until; ++sample) {
         if (!std::isnan(sample->Value)) {
             extent.Take(static_cast<float>(sample->Value));
@@ -45,23 +45,23 @@ StripExtent BruteForce(const std::vector<StripSample>& samples, StripTime from, 
 }
 
 TEST(StripTrace, EveryPeakOfTheRunIsInItsColumnAtEveryZoom) {
-    const std::vector<StripSample> samples = RandomRun(400'000, 1, 12'000'000);
-    StripTrace trace;
-    for (const StripSample& sample : samples) {
+    const std::vector<Sample> samples = RandomRun(400'000, 1, 12'000'000);
+    Trace trace;
+    for (const Sample& sample : samples) {
         trace.Add(sample.Time, sample.Value);
     }
-    const StripTime end = samples.back().Time;
-    const StripExtent all = BruteForce(samples, 0, end + 1);
+    const Time end = samples.back().Time;
+    const Extent all = BruteForce(samples, 0, end + 1);
     for (const int count : {1, 7, 100, 740, 3000}) {
-        const StripColumns columns{0, end / count + 1};
-        std::vector<StripExtent> extents(static_cast<std::size_t>(count));
+        const Columns columns{0, end / count + 1};
+        std::vector<Extent> extents(static_cast<std::size_t>(count));
         FindExtents(trace, columns, extents);
-        StripExtent drawn;
+        Extent drawn;
         for (int column = 0; column < count; ++column) {
             // A slot that stands across a border of columns belongs to the one of its beginning.
-            const StripTime slack = columns.Width / 2;
-            const StripExtent got = extents[static_cast<std::size_t>(column)];
-            const StripExtent inner =
+            const Time slack = columns.Width / 2;
+            const Extent got = extents[static_cast<std::size_t>(column)];
+            const Extent inner =
                 BruteForce(samples, columns.Begin(column) + slack, columns.Begin(column + 1));
             if (!inner.Empty()) {
                 ASSERT_LE(got.Low, inner.Low) << count << " columns, column " << column;
@@ -77,7 +77,7 @@ TEST(StripTrace, EveryPeakOfTheRunIsInItsColumnAtEveryZoom) {
 }
 
 TEST(StripTrace, ReadsTheSampleBeforeAMoment) {
-    StripTrace trace;
+    Trace trace;
     EXPECT_FALSE(trace.ReadAt(0).has_value());
     trace.Add(100, 1.5);
     trace.Add(200, NaN);
@@ -93,49 +93,49 @@ TEST(StripTrace, ReadsTheSampleBeforeAMoment) {
 TEST(StripTrace, AWeekAtAHundredTicksASecondKeepsItsPeaksWithinItsMemory) {
     // One sample in 8 s stands for the rate: the bound follows from the capacities alone, and what
     // is to be shown is that the widest level takes years by doubling and forgets nothing.
-    StripTrace trace;
-    constexpr StripTime Step = 8 * StripSecond;
+    Trace trace;
+    constexpr Time Step = 8 * Second;
     constexpr std::int64_t Count = 8'000'000; // two years
     for (std::int64_t i = 0; i < Count; ++i) {
         trace.Add(i * Step, i == 5 ? -70.0 : i == Count / 3 ? 90.0 : 1.0);
     }
-    std::vector<StripExtent> extents(100);
-    const StripColumns columns{0, Count * Step / 100};
+    std::vector<Extent> extents(100);
+    const Columns columns{0, Count * Step / 100};
     FindExtents(trace, columns, extents);
     EXPECT_EQ(extents[0].Low, -70.0F);
     EXPECT_EQ(extents[33].High, 90.0F);
     EXPECT_EQ(extents[50].High, 1.0F);
     EXPECT_EQ(extents[99].Low, 1.0F);
-    EXPECT_LE(trace.Closed(StripTrace::LevelCount - 1).Size(), StripTrace::SlotCapacity);
+    EXPECT_LE(trace.Closed(Trace::LevelCount - 1).Size(), Trace::SlotCapacity);
 }
 
 TEST(StripHistory, SeventeenTracesOfADayStayBelow48MiB) {
-    EXPECT_LT(StripTrace::MemoryBound * StripVariableCount, 44U << 20);
+    EXPECT_LT(Trace::MemoryBound * VariableCount, 44U << 20);
     // A day at 100 ticks a second ends in levels that reach back to its beginning.
-    StripTrace trace;
-    constexpr StripTime Tick = StripSecond / 100;
-    constexpr StripTime Day = StripTime{24} * 3600 * StripSecond;
-    for (StripTime i = 0; i < Day / Tick; ++i) {
+    Trace trace;
+    constexpr Time Tick = Second / 100;
+    constexpr Time Day = Time{24} * 3600 * Second;
+    for (Time i = 0; i < Day / Tick; ++i) {
         trace.Add(i * Tick, i == 12345 ? 1e6 : static_cast<double>(i % 100));
     }
-    EXPECT_EQ(trace.CompleteFrom(StripTrace::LevelCount - 1), 0);
-    std::vector<StripExtent> extents(740);
+    EXPECT_EQ(trace.CompleteFrom(Trace::LevelCount - 1), 0);
+    std::vector<Extent> extents(740);
     FindExtents(trace, {0, Day / 740}, extents);
     EXPECT_EQ(extents[1].High, 1e6F);
     EXPECT_EQ(extents[2].High, 99.0F);
 }
 
 TEST(StripColumns, ALineRunsThroughTheColumnsBetweenItsSamplesButNotAcrossAGap) {
-    StripTrace trace;
+    Trace trace;
     trace.Add(5, 0);
     trace.Add(25, 20);
     trace.Add(30, NaN);
     trace.Add(45, 7);
-    std::vector<StripExtent> extents(6);
+    std::vector<Extent> extents(6);
     FindExtents(trace, {0, 10}, extents);
     const auto is = [](float low, float high) {
-        return testing::AllOf(testing::Field(&StripExtent::Low, low),
-                              testing::Field(&StripExtent::High, high));
+        return testing::AllOf(testing::Field(&Extent::Low, low),
+                              testing::Field(&Extent::High, high));
     };
     EXPECT_THAT(extents[0], is(0, 5));
     EXPECT_THAT(extents[1], is(5, 15));
@@ -146,30 +146,30 @@ TEST(StripColumns, ALineRunsThroughTheColumnsBetweenItsSamplesButNotAcrossAGap) 
 }
 
 TEST(StripColumns, SamplesFarApartAreNotJoined) {
-    StripTrace trace;
+    Trace trace;
     trace.Add(0, 1);
-    trace.Add(StripLongestJoin, 1);
-    trace.Add(3 * StripLongestJoin, 1);
-    std::vector<StripExtent> extents(40);
-    FindExtents(trace, {0, StripLongestJoin / 10}, extents);
+    trace.Add(LongestJoin, 1);
+    trace.Add(3 * LongestJoin, 1);
+    std::vector<Extent> extents(40);
+    FindExtents(trace, {0, LongestJoin / 10}, extents);
     EXPECT_FALSE(extents[5].Empty());
     EXPECT_TRUE(extents[15].Empty());
 }
 
 TEST(StripTrace, InfiniteAndHugeValuesSurvive) {
-    StripTrace trace;
+    Trace trace;
     const double infinity = std::numeric_limits<double>::infinity();
-    StripTime time = 0;
+    Time time = 0;
     for (const double value : {0.0, infinity, -infinity, 1e300, -1e300, NaN, 1.0}) {
         trace.Add(time += 30'000'000, value);
     }
-    for (const StripTime width : {StripTime{1'000'000}, StripTime{50'000'000}, 9 * StripSecond}) {
-        std::vector<StripExtent> extents(50);
+    for (const Time width : {Time{1'000'000}, Time{50'000'000}, 9 * Second}) {
+        std::vector<Extent> extents(50);
         FindExtents(trace, {0, width}, extents);
         EXPECT_TRUE(std::any_of(extents.begin(), extents.end(),
-                                [](const StripExtent& extent) { return !extent.Empty(); }));
+                                [](const Extent& extent) { return !extent.Empty(); }));
     }
 }
 
 } // namespace
-} // namespace tqx
+} // namespace tqx::strip

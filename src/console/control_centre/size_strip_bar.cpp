@@ -105,7 +105,7 @@ void SetCaption(StripChart& chart, int caption, std::string_view text) {
 }
 
 void SetLegend(StripChart& chart, int variable, std::string_view text) {
-    SetCaption(chart, FirstLegendCaption + variable, text);
+    SetCaption(chart, strip::FirstLegendCaption + variable, text);
     chart.VariableIndex(variable);
     chart.CaptionColor(chart.VariableColor());
 }
@@ -115,18 +115,19 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
     chart.ClearStrip();
     chart.StripSetting24(0);
     SetYRange(chart, group);
-    SetCaption(chart, TitleCaption, group.Title);
+    SetCaption(chart, strip::TitleCaption, group.Title);
     int variable = 0;
     for (const GroupTrace& trace : group.Traces) {
         chart.NameVariable(variable, TextOf(trace.Legend));
         if (trace.RowTested == AlwaysWritten || rowVisible(trace.RowTested)) {
             SetLegend(chart, variable, trace.Legend);
         } else {
-            SetCaption(chart, FirstLegendCaption + variable, {});
+            SetCaption(chart, strip::FirstLegendCaption + variable, {});
         }
         ++variable;
     }
-    for (int caption = FirstLegendCaption + variable; caption < StripCaptionCount; ++caption) {
+    for (int caption = strip::FirstLegendCaption + variable; caption < strip::CaptionCount;
+         ++caption) {
         SetCaption(chart, caption, {});
     }
 }

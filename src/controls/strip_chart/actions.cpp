@@ -30,8 +30,8 @@ struct Entry {
     bool EndsGroup = false;
 };
 
-/// In the order of StripCommand, which is the order of the menu.
-constexpr std::array<Entry, static_cast<std::size_t>(StripCommand::Count)> Entries = {{
+/// In the order of strip::Command, which is the order of the menu.
+constexpr std::array<Entry, static_cast<std::size_t>(strip::Command::Count)> Entries = {{
     {QT_TRANSLATE_NOOP("StripChart", "&Freeze the picture"), {"Space"}, true},
     {QT_TRANSLATE_NOOP("StripChart", "Back to &live"), {"Home"}},
     {QT_TRANSLATE_NOOP("StripChart", "&Whole run"), {"W"}, false, true},
@@ -54,7 +54,7 @@ constexpr std::array<Entry, static_cast<std::size_t>(StripCommand::Count)> Entri
 
 } // namespace
 
-StripCommands::StripCommands(QWidget& chart) {
+strip::Commands::Commands(QWidget& chart) {
     for (std::size_t i = 0; i < Entries.size(); ++i) {
         auto* action =
             new QAction(QCoreApplication::translate("StripChart", Entries[i].Text), &chart);
@@ -72,7 +72,7 @@ StripCommands::StripCommands(QWidget& chart) {
     }
 }
 
-void StripCommands::FillMenu(QMenu& menu) const {
+void strip::Commands::FillMenu(QMenu& menu) const {
     for (std::size_t i = 0; i < Entries.size(); ++i) {
         menu.addAction(m_actions[i]);
         if (Entries[i].EndsGroup) {
@@ -81,7 +81,7 @@ void StripCommands::FillMenu(QMenu& menu) const {
     }
 }
 
-QString StripCommands::Keys() const {
+QString strip::Commands::Keys() const {
     QString text = QCoreApplication::translate(
         "StripChart", "Left and Right move the cursor (with Shift ten steps) or the view; "
                       "Page Up and Page Down turn a page of time; Ctrl+Up and Ctrl+Down move the "
@@ -145,41 +145,41 @@ void StripChart::PlaceButtons() {
 }
 
 void StripChart::ConnectCommands() {
-    const auto on = [this](StripCommand command, auto does) {
+    const auto on = [this](strip::Command command, auto does) {
         connect(&m_parts->Commands[command], &QAction::triggered, this, [this, does] {
             does();
             ShowChange();
         });
     };
-    StripModel& model = m_parts->Model;
-    StripHand& hand = m_parts->Hand;
-    on(StripCommand::Freeze, [this] { Freeze(!Frozen()); });
-    on(StripCommand::Live, [this] { ShowLive(); });
-    on(StripCommand::WholeRun, [this] { ShowWholeRun(); });
-    on(StripCommand::ZoomIn, [&hand] { hand.ZoomTime(1); });
-    on(StripCommand::ZoomOut, [&hand] { hand.ZoomTime(-1); });
-    on(StripCommand::ZoomValuesIn, [&hand] { hand.ZoomValues(1); });
-    on(StripCommand::ZoomValuesOut, [&hand] { hand.ZoomValues(-1); });
-    on(StripCommand::FirstCursor, [&hand] { hand.ToggleCursor(0); });
-    on(StripCommand::SecondCursor, [&hand] { hand.ToggleCursor(1); });
-    on(StripCommand::NoCursors, [&model] { model.Cursors = {}; });
-    on(StripCommand::ToggleTrace, [&model] { model.ToggleTrace(model.LegendPick); });
-    on(StripCommand::OnlyTrace, [&model] { model.ShowOnly(model.LegendPick); });
-    on(StripCommand::AllTraces, [&model] { model.ShowAll(); });
+    strip::Model& model = m_parts->Model;
+    strip::Hand& hand = m_parts->Hand;
+    on(strip::Command::Freeze, [this] { Freeze(!Frozen()); });
+    on(strip::Command::Live, [this] { ShowLive(); });
+    on(strip::Command::WholeRun, [this] { ShowWholeRun(); });
+    on(strip::Command::ZoomIn, [&hand] { hand.ZoomTime(1); });
+    on(strip::Command::ZoomOut, [&hand] { hand.ZoomTime(-1); });
+    on(strip::Command::ZoomValuesIn, [&hand] { hand.ZoomValues(1); });
+    on(strip::Command::ZoomValuesOut, [&hand] { hand.ZoomValues(-1); });
+    on(strip::Command::FirstCursor, [&hand] { hand.ToggleCursor(0); });
+    on(strip::Command::SecondCursor, [&hand] { hand.ToggleCursor(1); });
+    on(strip::Command::NoCursors, [&model] { model.Cursors = {}; });
+    on(strip::Command::ToggleTrace, [&model] { model.ToggleTrace(model.LegendPick); });
+    on(strip::Command::OnlyTrace, [&model] { model.ShowOnly(model.LegendPick); });
+    on(strip::Command::AllTraces, [&model] { model.ShowAll(); });
 }
 
 /// Shows what the user's hand changed, and what can be done next.
 void StripChart::ShowChange() {
-    const StripModel& model = m_parts->Model;
-    const StripCommands& commands = m_parts->Commands;
+    const strip::Model& model = m_parts->Model;
+    const strip::Commands& commands = m_parts->Commands;
     const bool picked = model.LegendPick >= 0;
-    commands[StripCommand::Freeze].setChecked(Frozen());
-    commands[StripCommand::FirstCursor].setChecked(model.Cursors.At[0].has_value());
-    commands[StripCommand::SecondCursor].setChecked(model.Cursors.At[1].has_value());
-    commands[StripCommand::NoCursors].setEnabled(model.Cursors.Any());
-    commands[StripCommand::CopyReadout].setEnabled(model.Cursors.Any());
-    commands[StripCommand::ToggleTrace].setEnabled(picked);
-    commands[StripCommand::OnlyTrace].setEnabled(picked);
+    commands[strip::Command::Freeze].setChecked(Frozen());
+    commands[strip::Command::FirstCursor].setChecked(model.Cursors.At[0].has_value());
+    commands[strip::Command::SecondCursor].setChecked(model.Cursors.At[1].has_value());
+    commands[strip::Command::NoCursors].setEnabled(model.Cursors.Any());
+    commands[strip::Command::CopyReadout].setEnabled(model.Cursors.Any());
+    commands[strip::Command::ToggleTrace].setEnabled(picked);
+    commands[strip::Command::OnlyTrace].setEnabled(picked);
     m_parts->FreezeButton->setChecked(Frozen());
     m_parts->LiveButton->setEnabled(!model.View.Default());
     TellState();
@@ -234,17 +234,17 @@ double StripChart::HighOnView() const {
 }
 
 bool StripChart::TraceShown(int variable) const {
-    return variable >= 0 && variable < StripVariableCount && m_parts->Model.Ink(variable).Shown;
+    return variable >= 0 && variable < strip::VariableCount && m_parts->Model.Ink(variable).Shown;
 }
 
 QString StripChart::Title() const {
-    return m_parts->Model.Captions[TitleCaption].Text;
+    return m_parts->Model.Captions[strip::TitleCaption].Text;
 }
 
 QString StripChart::LatestText() const {
-    const StripModel& model = m_parts->Model;
+    const strip::Model& model = m_parts->Model;
     QStringList values;
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+    for (int variable = 0; variable < strip::VariableCount; ++variable) {
         if (!model.Ink(variable).Shown || !model.HasSamples(variable)) {
             continue;
         }
@@ -256,14 +256,14 @@ QString StripChart::LatestText() const {
 }
 
 QString StripChart::StateText() const {
-    const StripModel& model = m_parts->Model;
-    QStringList state{StripStandstillText(model), StripLegendText(model), ReadoutText()};
+    const strip::Model& model = m_parts->Model;
+    QStringList state{strip::StandstillText(model), strip::LegendText(model), ReadoutText()};
     state.removeAll(QString());
     return state.join(QLatin1Char('\n'));
 }
 
 QString StripChart::ReadoutText() const {
-    return m_parts->Model.Cursors.Any() ? ReadOut(m_parts->Model).Text() : QString();
+    return m_parts->Model.Cursors.Any() ? strip::ReadOut(m_parts->Model).Text() : QString();
 }
 
 StripDoors StripDoors::Desktop() {
@@ -285,16 +285,16 @@ void StripChart::Doors(StripDoors doors) {
 }
 
 void StripChart::ConnectFileCommands() {
-    const StripCommands& commands = m_parts->Commands;
-    connect(&commands[StripCommand::CopyPicture], &QAction::triggered, this,
+    const strip::Commands& commands = m_parts->Commands;
+    connect(&commands[strip::Command::CopyPicture], &QAction::triggered, this,
             [this] { QGuiApplication::clipboard()->setImage(Picture()); });
-    connect(&commands[StripCommand::CopyReadout], &QAction::triggered, this,
+    connect(&commands[strip::Command::CopyReadout], &QAction::triggered, this,
             [this] { QGuiApplication::clipboard()->setText(ReadoutText()); });
-    connect(&commands[StripCommand::SavePicture], &QAction::triggered, this,
+    connect(&commands[strip::Command::SavePicture], &QAction::triggered, this,
             &StripChart::SavePicture);
-    connect(&commands[StripCommand::SaveView], &QAction::triggered, this,
+    connect(&commands[strip::Command::SaveView], &QAction::triggered, this,
             [this] { ExportSamples(false); });
-    connect(&commands[StripCommand::SaveAll], &QAction::triggered, this,
+    connect(&commands[strip::Command::SaveAll], &QAction::triggered, this,
             [this] { ExportSamples(true); });
 }
 
@@ -340,14 +340,15 @@ void StripChart::SavePicture() {
 void StripChart::ExportSamples(bool all) {
     const QString title = all ? tr("Export all samples") : tr("Export the samples on view");
     // What was on view when the key was pressed, though samples go on coming under the dialog.
-    StripSelection selection = all ? SelectAll(m_parts->Model) : SelectOnView(m_parts->Model);
+    strip::Selection selection =
+        all ? strip::SelectAll(m_parts->Model) : strip::SelectOnView(m_parts->Model);
     const QString name =
         AskFileName(title, QStringLiteral(".csv"), tr("Comma-separated values (*.csv)"));
     if (name.isEmpty()) {
         return;
     }
     const QString trouble = SaveWhole(
-        name, [&](QSaveFile& file) { return WriteStripCsv(file, m_parts->Model, selection); });
+        name, [&](QSaveFile& file) { return strip::WriteCsv(file, m_parts->Model, selection); });
     if (!trouble.isEmpty()) {
         m_parts->Doors.Message(this, title, trouble);
     }

@@ -6,10 +6,10 @@
 
 class QMenu;
 
-namespace tqx {
+namespace tqx::strip {
 
 /// What a chart does on a key or by its menu.
-enum class StripCommand {
+enum class Command {
     Freeze,
     Live,
     WholeRun,
@@ -32,12 +32,12 @@ enum class StripCommand {
 };
 
 /// The actions of a chart, one per command; their keys count while the chart has the focus.
-class StripCommands {
+class Commands {
 public:
     /// Adds them to `chart`, which owns them.
-    explicit StripCommands(QWidget& chart);
+    explicit Commands(QWidget& chart);
 
-    QAction& operator[](StripCommand command) const {
+    QAction& operator[](Command command) const {
         return *m_actions[static_cast<std::size_t>(command)];
     }
 
@@ -48,7 +48,7 @@ public:
     QString Keys() const;
 
 private:
-    std::array<QAction*, static_cast<std::size_t>(StripCommand::Count)> m_actions{};
+    std::array<QAction*, static_cast<std::size_t>(Command::Count)> m_actions{};
 };
 
-} // namespace tqx
+} // namespace tqx::strip

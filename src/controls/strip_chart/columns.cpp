@@ -3,24 +3,24 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 /// Collects a trace's way through a row of columns from points and stretches in order of time.
 class ExtentPen {
 public:
-    ExtentPen(const StripColumns& columns, std::span<StripExtent> extents)
+    ExtentPen(const Columns& columns, std::span<Extent> extents)
         : m_columns(columns)
         , m_extents(extents)
         , m_boundary(columns.Begin(columns.First)) {}
 
     /// Draws from the last sample to this one, unless a gap lies between.
-    void LineTo(const StripSample& sample) {
+    void LineTo(const Sample& sample) {
         if (std::isnan(sample.Value)) {
             m_down = false;
             return;
         }
-        if (m_down && sample.Time - m_last.Time <= StripLongestJoin) {
+        if (m_down && sample.Time - m_last.Time <= LongestJoin) {
             Cross(sample);
         } else {
             MoveTo(sample.Time);
@@ -32,7 +32,7 @@ public:
 
     /// Draws a slot that lies between `begin` and `end`, joined to what came before unless a gap
     /// lies between. A slot wider than half a column fills every column that it touches.
-    void Bar(const StripSlot& slot, StripTime begin, StripTime end) {
+    void Bar(const Slot& slot, Time begin, Time end) {
         if (slot.Gap()) {
             m_down = false;
             return;
@@ -53,7 +53,7 @@ private:
     std::int64_t Count() const { return static_cast<std::int64_t>(m_extents.size()); }
 
     /// From one sample to the next, through every column between them.
-    void Cross(const StripSample& to) {
+    void Cross(const Sample& to) {
         if (to.Time < m_boundary) {
             return;
         }
@@ -67,7 +67,7 @@ private:
         }
     }
 
-    void MoveTo(StripTime time) {
+    void MoveTo(Time time) {
         if (time < m_boundary) {
             return;
         }
@@ -86,23 +86,23 @@ private:
         }
     }
 
-    void Mark(const StripExtent& extent) {
+    void Mark(const Extent& extent) {
         if (m_column >= 0 && m_column < Count()) {
             m_extents[static_cast<std::size_t>(m_column)].Take(extent.Low, extent.High);
         }
     }
 
-    const StripColumns m_columns;
-    const std::span<StripExtent> m_extents;
+    const Columns m_columns;
+    const std::span<Extent> m_extents;
     std::int64_t m_column = -1; ///< the one that the pen stands in; -1 is all that lies before
-    StripTime m_boundary;       ///< where that column ends
-    StripSample m_last{};
+    Time m_boundary;            ///< where that column ends
+    Sample m_last{};
     bool m_down = false; ///< whether a line leads on from m_last
 };
 
-void DrawSamples(const StripTrace& trace, StripTime from, StripTime until, ExtentPen& pen) {
+void DrawSamples(const Trace& trace, Time from, Time until, ExtentPen& pen) {
     const auto& raw = trace.Raw();
-    const auto reached = [from](const StripSample& sample) { return sample.Time >= from; };
+    const auto reached = [from](const Sample& sample) { return sample.Time >= from; };
     std::size_t i = raw.FirstWhere(reached);
     i -= i > 0 ? 1 : 0;
     for (; i < raw.Size(); ++i) {
@@ -114,35 +114,32 @@ void DrawSamples(const StripTrace& trace, StripTime from, StripTime until, Exten
 }
 
 /// Until when the open slot of `level` holds what came: a narrower one holds the rest.
-StripTime OpenUntil(const StripTrace& trace, int level) {
+Time OpenUntil(const Trace& trace, int level) {
     if (level > 0) {
-        return StripTime{trace.Open(level - 1)->Index} * trace.SlotWidth(level - 1);
+        return Time{trace.Open(level - 1)->Index} * trace.SlotWidth(level - 1);
     }
     return trace.Raw().Newest().Time + 1;
 }
 
-void DrawSlots(const StripTrace& trace, int level, StripTime from, StripTime until,
-               ExtentPen& pen) {
+void DrawSlots(const Trace& trace, int level, Time from, Time until, ExtentPen& pen) {
     const auto& closed = trace.Closed(level);
-    const StripTime width = trace.SlotWidth(level);
-    const auto reached = [&](const StripSlot& slot) {
-        return (StripTime{slot.Index} + 1) * width > from;
-    };
+    const Time width = trace.SlotWidth(level);
+    const auto reached = [&](const Slot& slot) { return (Time{slot.Index} + 1) * width > from; };
     std::size_t i = closed.FirstWhere(reached);
     i -= i > 0 ? 1 : 0;
     for (; i < closed.Size(); ++i) {
-        const StripTime begin = StripTime{closed[i].Index} * width;
+        const Time begin = Time{closed[i].Index} * width;
         if (begin >= until) {
             return;
         }
         pen.Bar(closed[i], begin, begin + width);
     }
     for (int open = level; open >= 0; --open) {
-        const StripSlot* slot = trace.Open(open);
+        const Slot* slot = trace.Open(open);
         if (slot == nullptr) {
             continue;
         }
-        const StripTime begin = StripTime{slot->Index} * trace.SlotWidth(open);
+        const Time begin = Time{slot->Index} * trace.SlotWidth(open);
         if (begin < until) {
             pen.Bar(*slot, begin, OpenUntil(trace, open));
         }
@@ -151,31 +148,29 @@ void DrawSlots(const StripTrace& trace, int level, StripTime from, StripTime unt
 
 } // namespace
 
-int StripLevelFor(const StripTrace& trace, StripTime width) {
+int LevelFor(const Trace& trace, Time width) {
     int level = -1;
-    while (level + 1 < StripTrace::LevelCount && trace.SlotWidth(level + 1) <= width / 2) {
+    while (level + 1 < Trace::LevelCount && trace.SlotWidth(level + 1) <= width / 2) {
         ++level;
     }
     return level;
 }
 
-std::int64_t FirstChangedColumn(const StripColumns& columns, StripTime time) {
-    const StripTime widestSlot = columns.Width / 2;
-    return columns.Of(widestSlot < StripTrace::NarrowestSlot ? time : time - widestSlot);
+std::int64_t FirstChangedColumn(const Columns& columns, Time time) {
+    const Time widestSlot = columns.Width / 2;
+    return columns.Of(widestSlot < Trace::NarrowestSlot ? time : time - widestSlot);
 }
 
-void FindExtents(const StripTrace& trace, const StripColumns& columns,
-                 std::span<StripExtent> extents) {
-    std::fill(extents.begin(), extents.end(), StripExtent{});
-    const StripTime begin = columns.Begin(columns.First);
-    const StripTime end = columns.Begin(columns.First + static_cast<std::int64_t>(extents.size()));
-    const int finest = StripLevelFor(trace, columns.Width);
+void FindExtents(const Trace& trace, const Columns& columns, std::span<Extent> extents) {
+    std::fill(extents.begin(), extents.end(), Extent{});
+    const Time begin = columns.Begin(columns.First);
+    const Time end = columns.Begin(columns.First + static_cast<std::int64_t>(extents.size()));
+    const int finest = LevelFor(trace, columns.Width);
     ExtentPen pen(columns, extents);
     // What the level wanted no longer reaches comes from the wider ones, oldest first.
-    for (int level = StripTrace::LevelCount - 1; level >= finest; --level) {
-        const StripTime from = std::max(begin, trace.CompleteFrom(level));
-        const StripTime until =
-            level == finest ? end : std::min(end, trace.CompleteFrom(level - 1));
+    for (int level = Trace::LevelCount - 1; level >= finest; --level) {
+        const Time from = std::max(begin, trace.CompleteFrom(level));
+        const Time until = level == finest ? end : std::min(end, trace.CompleteFrom(level - 1));
         if (from >= until) {
             continue;
         }
@@ -187,4 +182,4 @@ void FindExtents(const StripTrace& trace, const StripColumns& columns,
     }
 }
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -8,7 +8,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 constexpr qsizetype BufferSize = 1 << 16;
@@ -37,7 +37,7 @@ QByteArray Quoted(const QString& name) {
 /// Writes rows and keeps whether all of them arrived.
 class CsvWriter {
 public:
-    CsvWriter(QIODevice& device, const StripModel& model, const StripSelection& selection)
+    CsvWriter(QIODevice& device, const Model& model, const Selection& selection)
         : m_device(device)
         , m_model(model)
         , m_selection(selection) {}
@@ -50,8 +50,8 @@ public:
         m_text += '\n';
     }
 
-    void Row(StripTime time, const char* kind, const std::vector<double>& cells) {
-        const StripTime wall = m_model.Wall.At(time);
+    void Row(Time time, const char* kind, const std::vector<double>& cells) {
+        const Time wall = m_model.Wall.At(time);
         m_text +=
             QDateTime::fromMSecsSinceEpoch(wall / 1'000'000, Qt::OffsetFromUTC, m_model.Zone(wall))
                 .toString(Qt::ISODateWithMs)
@@ -77,8 +77,8 @@ public:
 
 private:
     QIODevice& m_device;
-    const StripModel& m_model;
-    const StripSelection& m_selection;
+    const Model& m_model;
+    const Selection& m_selection;
     QByteArray m_text;
     bool m_good = true;
 };
@@ -86,34 +86,33 @@ private:
 constexpr double Blank = std::numeric_limits<double>::quiet_NaN();
 
 /// From when on every variable of the selection has a level's entries.
-StripTime CompleteFrom(const StripModel& model, const StripSelection& selection, int level) {
-    StripTime from = 0;
+Time CompleteFrom(const Model& model, const Selection& selection, int level) {
+    Time from = 0;
     for (const int variable : selection.Variables) {
         from = std::max(from, model.History.Trace(variable).CompleteFrom(level));
     }
     return from;
 }
 
-void WriteSlots(CsvWriter& writer, const StripModel& model, const StripSelection& selection,
-                int level, StripTime from, StripTime until) {
+void WriteSlots(CsvWriter& writer, const Model& model, const Selection& selection, int level,
+                Time from, Time until) {
     const std::size_t count = selection.Variables.size();
     std::vector<std::size_t> next(count);
-    const auto trace = [&](std::size_t i) -> const StripTrace& {
+    const auto trace = [&](std::size_t i) -> const Trace& {
         return model.History.Trace(selection.Variables[i]);
     };
     const auto beginOf = [&](std::size_t i) {
         const auto& closed = trace(i).Closed(level);
-        return next[i] < closed.Size()
-                   ? StripTime{closed[next[i]].Index} * trace(i).SlotWidth(level)
-                   : std::numeric_limits<StripTime>::max();
+        return next[i] < closed.Size() ? Time{closed[next[i]].Index} * trace(i).SlotWidth(level)
+                                       : std::numeric_limits<Time>::max();
     };
     for (std::size_t i = 0; i < count; ++i) {
-        next[i] = trace(i).Closed(level).FirstWhere([&](const StripSlot& slot) {
-            return (StripTime{slot.Index} + 1) * trace(i).SlotWidth(level) > from;
+        next[i] = trace(i).Closed(level).FirstWhere([&](const Slot& slot) {
+            return (Time{slot.Index} + 1) * trace(i).SlotWidth(level) > from;
         });
     }
     while (true) {
-        StripTime time = until;
+        Time time = until;
         for (std::size_t i = 0; i < count; ++i) {
             time = std::min(time, beginOf(i));
         }
@@ -126,7 +125,7 @@ void WriteSlots(CsvWriter& writer, const StripModel& model, const StripSelection
             if (beginOf(i) != time) {
                 continue;
             }
-            const StripSlot& slot = trace(i).Closed(level)[next[i]++];
+            const Slot& slot = trace(i).Closed(level)[next[i]++];
             if (!slot.Gap()) {
                 lows[i] = static_cast<double>(slot.Low);
                 highs[i] = static_cast<double>(slot.High);
@@ -138,22 +137,22 @@ void WriteSlots(CsvWriter& writer, const StripModel& model, const StripSelection
 }
 
 /// Samples further apart than this never share a row.
-constexpr StripTime LongestTick = StripSecond;
+constexpr Time LongestTick = Second;
 
 /// Puts the samples of one tick into one row: they came in the order of the variables, so a sample
 /// of a variable no later in that order than the one before begins the next tick.
-void WriteSamples(CsvWriter& writer, const StripModel& model, const StripSelection& selection,
-                  StripTime from, StripTime until) {
+void WriteSamples(CsvWriter& writer, const Model& model, const Selection& selection, Time from,
+                  Time until) {
     const std::size_t count = selection.Variables.size();
     std::vector<std::size_t> next(count);
-    const auto raw = [&](std::size_t i) -> const StripRing<StripSample>& {
+    const auto raw = [&](std::size_t i) -> const Ring<Sample>& {
         return model.History.Trace(selection.Variables[i]).Raw();
     };
     for (std::size_t i = 0; i < count; ++i) {
-        next[i] = raw(i).FirstWhere([&](const StripSample& s) { return s.Time >= from; });
+        next[i] = raw(i).FirstWhere([&](const Sample& s) { return s.Time >= from; });
     }
     std::vector<double> cells(count, Blank);
-    StripTime rowTime = 0;
+    Time rowTime = 0;
     std::size_t last = count; // variable of the sample before; count when the row is empty
     while (true) {
         std::size_t first = count;
@@ -172,7 +171,7 @@ void WriteSamples(CsvWriter& writer, const StripModel& model, const StripSelecti
         if (first == count) {
             return;
         }
-        const StripSample& sample = raw(first)[next[first]++];
+        const Sample& sample = raw(first)[next[first]++];
         rowTime = last == count ? sample.Time : rowTime;
         cells[first] = sample.Value;
         last = first;
@@ -181,9 +180,9 @@ void WriteSamples(CsvWriter& writer, const StripModel& model, const StripSelecti
 
 } // namespace
 
-StripSelection SelectOnView(const StripModel& model) {
-    StripSelection selection{model.View.Begin(), model.View.End(), {}};
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+Selection SelectOnView(const Model& model) {
+    Selection selection{model.View.Begin(), model.View.End(), {}};
+    for (int variable = 0; variable < VariableCount; ++variable) {
         if (model.Ink(variable).Shown && model.HasSamples(variable)) {
             selection.Variables.push_back(variable);
         }
@@ -191,9 +190,9 @@ StripSelection SelectOnView(const StripModel& model) {
     return selection;
 }
 
-StripSelection SelectAll(const StripModel& model) {
-    StripSelection selection{0, model.History.Newest() + 1, {}};
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+Selection SelectAll(const Model& model) {
+    Selection selection{0, model.History.Newest() + 1, {}};
+    for (int variable = 0; variable < VariableCount; ++variable) {
         if (model.HasSamples(variable)) {
             selection.Variables.push_back(variable);
         }
@@ -201,17 +200,16 @@ StripSelection SelectAll(const StripModel& model) {
     return selection;
 }
 
-bool WriteStripCsv(QIODevice& device, const StripModel& model, const StripSelection& selection) {
+bool WriteCsv(QIODevice& device, const Model& model, const Selection& selection) {
     CsvWriter writer(device, model, selection);
     writer.Headings();
-    for (int level = StripTrace::LevelCount - 1; level >= -1; --level) {
-        const StripTime from = std::max(selection.From, CompleteFrom(model, selection, level));
+    for (int level = Trace::LevelCount - 1; level >= -1; --level) {
+        const Time from = std::max(selection.From, CompleteFrom(model, selection, level));
         if (level < 0) {
             WriteSamples(writer, model, selection, from, selection.Until);
             break;
         }
-        const StripTime until =
-            std::min(selection.Until, CompleteFrom(model, selection, level - 1));
+        const Time until = std::min(selection.Until, CompleteFrom(model, selection, level - 1));
         if (from < until) {
             WriteSlots(writer, model, selection, level, from, until);
         }
@@ -219,4 +217,4 @@ bool WriteStripCsv(QIODevice& device, const StripModel& model, const StripSelect
     return writer.Flush();
 }
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -4,20 +4,20 @@
 
 class QIODevice;
 
-namespace tqx {
+namespace tqx::strip {
 
 /// What of a chart's history goes into a file.
-struct StripSelection {
-    StripTime From;
-    StripTime Until; ///< not included
+struct Selection {
+    Time From;
+    Time Until; ///< not included
     std::vector<int> Variables;
 };
 
 /// The samples on view of the traces that are shown.
-StripSelection SelectOnView(const StripModel& model);
+Selection SelectOnView(const Model& model);
 
 /// All that is kept of every variable that has samples.
-StripSelection SelectAll(const StripModel& model);
+Selection SelectAll(const Model& model);
 
 /// Writes comma-separated values with a line of headings: Time (of the place, ISO 8601 with
 /// milliseconds), Seconds since the first sample of the run, Kind, and a column per variable.
@@ -27,6 +27,6 @@ StripSelection SelectAll(const StripModel& model);
 /// two rows, "min" and "max". A cell without a sample, and a gap, is empty.
 ///
 /// False when the device took less than all; its error says why.
-bool WriteStripCsv(QIODevice& device, const StripModel& model, const StripSelection& selection);
+bool WriteCsv(QIODevice& device, const Model& model, const Selection& selection);
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 constexpr int ValueLabelGap = 34;          ///< least distance of two value labels
@@ -34,56 +34,55 @@ QFont LegendFont(int lineHeight) {
     return font;
 }
 
-QString TickText(const StripModel& model, StripTime tick, StripTime step) {
-    const StripTime fraction = model.Wall.At(tick) % StripSecond;
-    if (step < StripSecond && fraction != 0) {
-        const int digits = step < StripSecond / 10 ? 2 : 1;
+QString TickText(const Model& model, Time tick, Time step) {
+    const Time fraction = model.Wall.At(tick) % Second;
+    if (step < Second && fraction != 0) {
+        const int digits = step < Second / 10 ? 2 : 1;
         return QString::number(static_cast<double>(fraction) / 1e9, 'f', digits).mid(1);
     }
-    return StripClockText(model, tick);
+    return ClockText(model, tick);
 }
 
 } // namespace
 
-void PaintStripSwatch(QPainter& painter, const QRectF& swatch, QRgb colour, bool filled) {
-    const bool outlined = !filled || ContrastRatio(colour, look::Paper) < LeastStripContrast;
+void PaintSwatch(QPainter& painter, const QRectF& swatch, QRgb colour, bool filled) {
+    const bool outlined = !filled || ContrastRatio(colour, look::Paper) < LeastContrast;
     painter.setPen(outlined ? QPen(QColor(look::QuietInk), 1) : QPen(Qt::NoPen));
     painter.setBrush(filled ? QBrush(QColor(colour)) : QBrush(Qt::NoBrush));
     painter.drawRoundedRect(swatch, 1.5, 1.5);
 }
 
-StripTime StripLayers::TimeAt(const StripModel& model, double x) const {
-    const StripColumns columns = model.View.Columns();
+Time Layers::TimeAt(const Model& model, double x) const {
+    const Columns columns = model.View.Columns();
     const double column = std::floor((x - m_layout.Paper.left()) * m_pixelRatio);
     return columns.Begin(columns.First + static_cast<std::int64_t>(column) + 1) - 1;
 }
 
-double StripLayers::XOf(const StripModel& model, StripTime time) const {
-    const StripColumns columns = model.View.Columns();
+double Layers::XOf(const Model& model, Time time) const {
+    const Columns columns = model.View.Columns();
     const auto column = static_cast<double>(columns.Of(time) - columns.First);
     return m_layout.Paper.left() + (column + 0.5) / m_pixelRatio;
 }
 
-double StripLayers::ValueAt(const StripModel& model, double y) const {
-    return StripValue(y - m_layout.Paper.top(), model.View.Values(), m_layout.Paper.height());
+double Layers::ValueAt(const Model& model, double y) const {
+    return ValueOf(y - m_layout.Paper.top(), model.View.Values(), m_layout.Paper.height());
 }
 
-double StripLayers::YOf(const StripModel& model, double value) const {
-    return m_layout.Paper.top() + 0.5 +
-           StripRow(value, model.View.Values(), m_layout.Paper.height());
+double Layers::YOf(const Model& model, double value) const {
+    return m_layout.Paper.top() + 0.5 + RowOf(value, model.View.Values(), m_layout.Paper.height());
 }
 
-StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
+TextSizes Layers::MeasureTexts(const Model& model) const {
     const QFontMetrics labels(LabelFont());
     const QFontMetrics legend(look::WordsFont(look::Size::Note));
-    StripTextSizes sizes{};
+    TextSizes sizes{};
     sizes.TitleHeight = std::max(QFontMetrics(TitleFont()).height(), 24);
     sizes.TimeCaptionWidth = QFontMetrics(look::WordsFont(look::Size::Note))
                                  .horizontalAdvance(model.Captions[TimeCaption].Text) +
                              labels.horizontalAdvance(QStringLiteral(" 00 00 00")) + 4;
     sizes.LabelHeight = labels.height();
     sizes.ValueLabelWidth = labels.horizontalAdvance(QStringLiteral("-00.00"));
-    for (int variable = 0; variable < StripLegendLines; ++variable) {
+    for (int variable = 0; variable < LegendLines; ++variable) {
         sizes.LegendNameWidth =
             std::max(sizes.LegendNameWidth, legend.horizontalAdvance(model.Legend(variable)) + 4);
     }
@@ -91,7 +90,7 @@ StripTextSizes StripLayers::MeasureTexts(const StripModel& model) const {
     return sizes;
 }
 
-QRect StripLayers::OnScreen(const QRect& rect) const {
+QRect Layers::OnScreen(const QRect& rect) const {
     const auto pixel = [this](int position) {
         return static_cast<int>(std::lround(position * m_pixelRatio));
     };
@@ -99,13 +98,12 @@ QRect StripLayers::OnScreen(const QRect& rect) const {
             QPoint(pixel(rect.right() + 1) - 1, pixel(rect.bottom() + 1) - 1)};
 }
 
-void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio,
-                         int buttonsWidth) {
+void Layers::LayOut(Model& model, const QSize& size, double pixelRatio, int buttonsWidth) {
     if (!m_valid || size != m_size || pixelRatio != m_pixelRatio) {
         m_valid = true;
         m_size = size;
         m_pixelRatio = pixelRatio;
-        m_layout = LayOutStrip(size, MeasureTexts(model), buttonsWidth);
+        m_layout = strip::LayOut(size, MeasureTexts(model), buttonsWidth);
         m_paperOnScreen = OnScreen(m_layout.Paper);
         m_paper.Resize(m_paperOnScreen.size());
         model.View.ColumnCount(m_paperOnScreen.width());
@@ -120,19 +118,20 @@ void StripLayers::LayOut(StripModel& model, const QSize& size, double pixelRatio
     if (!m_stillValid || model.View.Values() != m_stillValues || model.LegendPick != m_stillPick) {
         m_stillValues = model.View.Values();
         m_stillPick = model.LegendPick;
-        m_valueStep = StripValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
+        m_valueStep =
+            strip::ValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
         DrawStill(model);
         m_stillValid = true;
     }
 }
 
-QRegion StripLayers::DrawFrame(const StripModel& model) {
-    const StripTime step = StripTimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
+QRegion Layers::DrawFrame(const Model& model) {
+    const Time step = TimeStep(model.View.Columns().Width, TimeLabelGap * m_pixelRatio);
     if (step != m_timeStep || m_timeLabels.size() > MostTimeLabels) {
         m_timeStep = step;
         m_timeLabels.clear();
     }
-    StripPaperSetup setup;
+    PaperSetup setup;
     setup.View = model.View;
     setup.Inks = model.Inks;
     setup.Wall = &model.Wall;
@@ -141,7 +140,7 @@ QRegion StripLayers::DrawFrame(const StripModel& model) {
     setup.ValueStep = m_valueStep;
     setup.PixelRatio = m_pixelRatio;
     setup.Antialiased = model.Antialiased;
-    const StripPaper::Change change = m_paper.Draw(model.History, setup);
+    const Paper::Change change = m_paper.Draw(model.History, setup);
     QRegion changed;
     if (!change.Empty()) {
         const double left = m_layout.Paper.left();
@@ -153,12 +152,12 @@ QRegion StripLayers::DrawFrame(const StripModel& model) {
             changed += m_layout.TimeLabels;
         }
     }
-    const StripOffScale offScale = FindOffScale(model);
+    const OffScale offScale = FindOffScale(model);
     if (offScale != m_offScale) {
         m_offScale = offScale;
         changed += m_layout.OffScale;
     }
-    const std::int64_t second = model.Wall.At(model.History.Newest()) / StripSecond;
+    const std::int64_t second = model.Wall.At(model.History.Newest()) / Second;
     if (second != m_shownSecond) {
         m_shownSecond = second;
         changed += m_layout.TimeCaption;
@@ -166,7 +165,7 @@ QRegion StripLayers::DrawFrame(const StripModel& model) {
     return changed;
 }
 
-void StripLayers::DrawStill(const StripModel& model) {
+void Layers::DrawStill(const Model& model) {
     m_still = QImage((QSizeF(m_size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
     m_still.fill(look::Paper);
     QPainter painter(&m_still);
@@ -183,11 +182,10 @@ void StripLayers::DrawStill(const StripModel& model) {
     painter.setFont(LabelFont());
     painter.setPen(QColor(look::QuietInk));
     const QRect& paper = m_layout.Paper;
-    const int decimals = StripDecimals(m_valueStep);
-    for (const double tick : StripValueTicks(m_stillValues, m_valueStep)) {
+    const int decimals = Decimals(m_valueStep);
+    for (const double tick : ValueTicks(m_stillValues, m_valueStep)) {
         const int row =
-            paper.top() +
-            static_cast<int>(std::lround(StripRow(tick, m_stillValues, paper.height())));
+            paper.top() + static_cast<int>(std::lround(RowOf(tick, m_stillValues, paper.height())));
         const QRect label(m_layout.ValueLabels.left(), row - 10, m_layout.ValueLabels.width(), 20);
         const double shown = std::abs(tick) < m_valueStep / 2 ? 0.0 : tick;
         painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter,
@@ -201,14 +199,14 @@ void StripLayers::DrawStill(const StripModel& model) {
     painter.drawRect(QRectF(paper).adjusted(-1, -1, 0, 0));
 }
 
-void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
+void Layers::DrawLegend(QPainter& painter, const Model& model) const {
     painter.setFont(LegendFont(m_layout.LegendLineHeight));
-    for (int variable = 0; variable < StripLegendLines; ++variable) {
+    for (int variable = 0; variable < LegendLines; ++variable) {
         const QString name = model.Legend(variable);
         if (name.isEmpty()) {
             continue;
         }
-        const QRect line = StripLegendLine(m_layout, variable);
+        const QRect line = LegendLine(m_layout, variable);
         if (variable == model.LegendPick) {
             painter.setPen(QPen(QColor(look::Accent), 1));
             painter.setBrush(Qt::NoBrush);
@@ -216,16 +214,16 @@ void StripLayers::DrawLegend(QPainter& painter, const StripModel& model) const {
         }
         const QRgb colour = model.LegendCaption(variable).Colour;
         const bool shown = model.Ink(variable).Shown;
-        const QRectF swatch(line.left() + 0.5, line.center().y() - 2, StripSwatchWidth - 1, 5);
-        PaintStripSwatch(painter, swatch, colour, shown);
+        const QRectF swatch(line.left() + 0.5, line.center().y() - 2, SwatchWidth - 1, 5);
+        PaintSwatch(painter, swatch, colour, shown);
         painter.setPen(QColor(shown ? look::PaperInk : look::QuietInk));
-        const QRect text = line.adjusted(StripSwatchWidth + 8, 0, 0, 0);
+        const QRect text = line.adjusted(SwatchWidth + 8, 0, 0, 0);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                          painter.fontMetrics().elidedText(name, Qt::ElideRight, text.width()));
     }
 }
 
-void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripModel& model) const {
+void Layers::Paint(QPainter& painter, const QRegion& region, const Model& model) const {
     painter.save();
     painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
     for (const QRect& rect : region) {
@@ -246,19 +244,19 @@ void StripLayers::Paint(QPainter& painter, const QRegion& region, const StripMod
         painter.setPen(QColor(look::QuietInk));
         painter.setFont(LabelFont());
         painter.drawText(m_layout.TimeCaption, Qt::AlignRight | Qt::AlignVCenter,
-                         StripClockText(model, model.History.Newest()));
+                         ClockText(model, model.History.Newest()));
         painter.setFont(look::WordsFont(look::Size::Note));
         painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
                          model.Captions[TimeCaption].Text);
     }
 }
 
-void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
-    const StripColumns columns = model.View.Columns();
+void Layers::PaintTimes(QPainter& painter, const Model& model) const {
+    const Columns columns = model.View.Columns();
     painter.save();
     painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
-    for (const StripTime tick :
-         StripTimeTicks(model.View.Begin(), model.View.End(), m_timeStep, model.Wall, model.Zone)) {
+    for (const Time tick :
+         TimeTicks(model.View.Begin(), model.View.End(), m_timeStep, model.Wall, model.Zone)) {
         const auto column = static_cast<int>(columns.Of(tick) - columns.First);
         const QImage& label = TimeLabel(model, tick);
         painter.drawImage(m_paperOnScreen.left() + column - label.width() / 2,
@@ -268,7 +266,7 @@ void StripLayers::PaintTimes(QPainter& painter, const StripModel& model) const {
 }
 
 /// An arrow in the colour of each trace that has left the paper, at the edge that it left by.
-void StripLayers::PaintOffScale(QPainter& painter, const StripModel& model) const {
+void Layers::PaintOffScale(QPainter& painter, const Model& model) const {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     const QRect& room = m_layout.OffScale;
@@ -276,11 +274,11 @@ void StripLayers::PaintOffScale(QPainter& painter, const StripModel& model) cons
     for (const bool above : {true, false}) {
         double y = above ? room.top() + 2 : room.bottom() - 1;
         const int step = above ? ArrowSize + 2 : -ArrowSize - 2;
-        for (int variable = 0; variable < StripVariableCount; ++variable) {
+        for (int variable = 0; variable < VariableCount; ++variable) {
             if (((above ? m_offScale.Above : m_offScale.Below) >> variable & 1U) == 0) {
                 continue;
             }
-            const StripInk& ink = model.Ink(variable);
+            const Ink& ink = model.Ink(variable);
             const double base = y + (above ? ArrowSize : -ArrowSize);
             const std::array points = {QPointF(middle, y), QPointF(middle - ArrowSize / 2.0, base),
                                        QPointF(middle + ArrowSize / 2.0, base)};
@@ -294,7 +292,7 @@ void StripLayers::PaintOffScale(QPainter& painter, const StripModel& model) cons
 }
 
 /// A label as a picture: it moves on with the paper far more often than it changes.
-const QImage& StripLayers::TimeLabel(const StripModel& model, StripTime tick) const {
+const QImage& Layers::TimeLabel(const Model& model, Time tick) const {
     QImage& label = m_timeLabels[tick];
     if (label.isNull()) {
         const QString text = TickText(model, tick, m_timeStep);
@@ -332,7 +330,7 @@ struct Table {
     QSize Size;
 };
 
-Table LayOutTable(const StripReadout& readout, int height) {
+Table LayOutTable(const Readout& readout, int height) {
     Table table{};
     const int lines = static_cast<int>(readout.Lines.size()) + 2;
     table.LineHeight = std::clamp((height - 4 * Padding) / lines, LeastLine, MostLine);
@@ -342,13 +340,13 @@ Table LayOutTable(const StripReadout& readout, int height) {
     table.Numbers.setPixelSize(table.LineHeight - 4);
     const QFontMetrics words(table.Words);
     const QFontMetrics numbers(table.Numbers);
-    for (const StripReadout::Line& line : readout.Lines) {
+    for (const Readout::Line& line : readout.Lines) {
         table.NameWidth = std::max(table.NameWidth, words.horizontalAdvance(line.Name));
     }
     int width = 2 * Padding + SwatchWidth + Padding + table.NameWidth;
     for (std::size_t i = 0; i < readout.Headings.size(); ++i) {
         int column = numbers.horizontalAdvance(readout.Headings[i]);
-        for (const StripReadout::Line& line : readout.Lines) {
+        for (const Readout::Line& line : readout.Lines) {
             column = std::max(column, numbers.horizontalAdvance(line.Values[i]));
         }
         table.Widths.push_back(column);
@@ -358,7 +356,7 @@ Table LayOutTable(const StripReadout& readout, int height) {
     return table;
 }
 
-QString HeadingOver(const StripReadout& readout, std::size_t column) {
+QString HeadingOver(const Readout& readout, std::size_t column) {
     return column < readout.Cursors.size() ? QString::number(readout.Cursors[column] + 1)
                                            : QStringLiteral("2 \u2212 1");
 }
@@ -375,8 +373,8 @@ void PaintRow(QPainter& painter, const Table& table, const QPoint& at,
     }
 }
 
-void PaintTable(QPainter& painter, const StripModel& model, const StripReadout& readout,
-                const Table& table, const QRect& box) {
+void PaintTable(QPainter& painter, const Model& model, const Readout& readout, const Table& table,
+                const QRect& box) {
     QColor ground(look::Paper);
     ground.setAlphaF(0.94F);
     painter.setPen(QPen(QColor(look::Rule), 1));
@@ -391,10 +389,10 @@ void PaintTable(QPainter& painter, const StripModel& model, const StripReadout& 
     PaintRow(painter, table, at, numbers);
     at.ry() += table.LineHeight;
     PaintRow(painter, table, at, readout.Headings);
-    for (const StripReadout::Line& line : readout.Lines) {
+    for (const Readout::Line& line : readout.Lines) {
         at.ry() += table.LineHeight;
         const QRectF swatch(at.x() + 0.5, at.y() + table.LineHeight / 2.0 - 2, SwatchWidth, 4);
-        PaintStripSwatch(painter, swatch, model.Ink(line.Variable).Colour, true);
+        PaintSwatch(painter, swatch, model.Ink(line.Variable).Colour, true);
         painter.setPen(QColor(look::PaperInk));
         painter.setFont(table.Words);
         painter.drawText(
@@ -404,13 +402,12 @@ void PaintTable(QPainter& painter, const StripModel& model, const StripReadout& 
     }
 }
 
-void PaintDots(QPainter& painter, const StripModel& model, const StripLayers& layers, double x,
-               StripTime moment) {
+void PaintDots(QPainter& painter, const Model& model, const Layers& layers, double x, Time moment) {
     painter.setPen(QPen(QColor(look::Paper), 1));
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
-        const StripInk& ink = model.Ink(variable);
+    for (int variable = 0; variable < VariableCount; ++variable) {
+        const Ink& ink = model.Ink(variable);
         const auto reading = model.History.Trace(variable).ReadAt(moment);
-        if (!ink.Shown || !reading || moment - reading->Time > StripLongestJoin) {
+        if (!ink.Shown || !reading || moment - reading->Time > LongestJoin) {
             continue;
         }
         const double y = layers.YOf(model, reading->Value);
@@ -422,7 +419,7 @@ void PaintDots(QPainter& painter, const StripModel& model, const StripLayers& la
     }
 }
 
-void PaintCursor(QPainter& painter, const StripModel& model, const StripLayers& layers, int cursor,
+void PaintCursor(QPainter& painter, const Model& model, const Layers& layers, int cursor,
                  double x) {
     const QRect& paper = layers.Layout().Paper;
     const QColor colour(look::Accent);
@@ -442,8 +439,8 @@ void PaintCursor(QPainter& painter, const StripModel& model, const StripLayers& 
     painter.drawText(flag, Qt::AlignCenter, QString::number(cursor + 1));
 }
 
-void PaintStandstill(QPainter& painter, const StripModel& model, const QRect& paper) {
-    const QString text = StripStandstillText(model);
+void PaintStandstill(QPainter& painter, const Model& model, const QRect& paper) {
+    const QString text = StandstillText(model);
     if (text.isEmpty()) {
         return;
     }
@@ -462,7 +459,7 @@ void PaintStandstill(QPainter& painter, const StripModel& model, const QRect& pa
 }
 
 /// Where the cursors that stand lie, on the paper or beside it.
-std::vector<double> CursorColumns(const StripModel& model, const StripLayers& layers) {
+std::vector<double> CursorColumns(const Model& model, const Layers& layers) {
     std::vector<double> columns;
     for (const auto& at : model.Cursors.At) {
         if (at) {
@@ -503,12 +500,12 @@ QRect WhereItWasPut(const QRect& paper, const QSize& size, const QPoint& at) {
     return {paper.topLeft() + kept, size};
 }
 
-Table TableOf(const StripModel& model, const StripLayers& layers, const StripReadout& readout) {
+Table TableOf(const Model& model, const Layers& layers, const Readout& readout) {
     const int notice = model.View.Following() ? 0 : NoticeRoom;
     return LayOutTable(readout, layers.Layout().Paper.height() - notice);
 }
 
-QRect BoxOf(const Table& table, const StripModel& model, const StripLayers& layers) {
+QRect BoxOf(const Table& table, const Model& model, const Layers& layers) {
     const QRect& paper = layers.Layout().Paper;
     return model.Cursors.TableAt ? WhereItWasPut(paper, table.Size, *model.Cursors.TableAt)
                                  : BesideCursors(paper, table.Size, CursorColumns(model, layers));
@@ -516,12 +513,12 @@ QRect BoxOf(const Table& table, const StripModel& model, const StripLayers& laye
 
 } // namespace
 
-QRect StripReadoutBox(const StripModel& model, const StripLayers& layers) {
+QRect ReadoutBox(const Model& model, const Layers& layers) {
     return model.Cursors.Any() ? BoxOf(TableOf(model, layers, ReadOut(model)), model, layers)
                                : QRect();
 }
 
-void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLayers& layers) {
+void PaintOverlay(QPainter& painter, const Model& model, const Layers& layers) {
     const QRect& paper = layers.Layout().Paper;
     if (model.View.Following() && !model.Cursors.Any()) {
         return;
@@ -538,7 +535,7 @@ void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLa
         }
     }
     if (model.Cursors.Any()) {
-        const StripReadout readout = ReadOut(model);
+        const Readout readout = ReadOut(model);
         const Table table = TableOf(model, layers, readout);
         PaintTable(painter, model, readout, table, BoxOf(table, model, layers));
     }
@@ -546,4 +543,4 @@ void PaintStripOverlay(QPainter& painter, const StripModel& model, const StripLa
     painter.restore();
 }
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -8,10 +8,10 @@
 
 #include <functional>
 
-namespace tqx {
+namespace tqx::strip {
 
 /// Sizes of the texts that a chart's layout makes room for, in device-independent pixels.
-struct StripTextSizes {
+struct TextSizes {
     int TitleHeight;
     int TimeCaptionWidth;
     int LabelHeight;
@@ -20,7 +20,7 @@ struct StripTextSizes {
 };
 
 /// Where the parts of a chart stand, in device-independent pixels.
-struct StripLayout {
+struct Layout {
     QRect Title;
     QRect TimeCaption;
     QRect Buttons; ///< room at the right end of the title line
@@ -32,43 +32,42 @@ struct StripLayout {
     int LegendLineHeight;
 };
 
-inline constexpr int StripLegendLines = 17;
-inline constexpr int StripSwatchWidth = 20;
+inline constexpr int LegendLines = 17;
+inline constexpr int SwatchWidth = 20;
 
-StripLayout LayOutStrip(const QSize& size, const StripTextSizes& texts, int buttonsWidth);
+Layout LayOut(const QSize& size, const TextSizes& texts, int buttonsWidth);
 
 /// The line of the legend that belongs to `variable`. Lines keep their places.
-QRect StripLegendLine(const StripLayout& layout, int variable);
+QRect LegendLine(const Layout& layout, int variable);
 
 /// The variable whose line lies under `point`; -1 for none.
-int StripLegendAt(const StripLayout& layout, const QPoint& point);
+int LegendAt(const Layout& layout, const QPoint& point);
 
 /// The step from one value label to the next, 1, 2 or 5 times a power of ten, for labels at least
 /// `gap` apart on `height`.
-double StripValueStep(double span, double height, double gap);
+double ValueStep(double span, double height, double gap);
 
 /// The multiples of `step` in `range`.
-std::vector<double> StripValueTicks(const StripRange& range, double step);
+std::vector<double> ValueTicks(const Range& range, double step);
 
 /// How many decimals labels that are `step` apart need.
-int StripDecimals(double step);
+int Decimals(double step);
 
 /// The row of a paper `height` rows high on which `value` lies; may lie beyond the paper.
-double StripRow(double value, const StripRange& range, int height);
+double RowOf(double value, const Range& range, int height);
 
 /// The value of a row.
-double StripValue(double row, const StripRange& range, int height);
+double ValueOf(double row, const Range& range, int height);
 
 /// The step from one time label to the next, a round one on a clock's face, for labels at least
 /// `gap` columns apart.
-StripTime StripTimeStep(StripTime columnWidth, double gap);
+Time TimeStep(Time columnWidth, double gap);
 
 /// Seconds east of Greenwich at a moment of the wall clock, in nanoseconds since 1970.
-using StripZone = std::function<int(StripTime wall)>;
+using Zone = std::function<int(Time wall)>;
 
 /// The moments from `from` up to but without `until` at which the clock on the wall of the place
 /// shows a multiple of `step`.
-std::vector<StripTime> StripTimeTicks(StripTime from, StripTime until, StripTime step,
-                                      const StripWall& wall, const StripZone& zone);
+std::vector<Time> TimeTicks(Time from, Time until, Time step, const Wall& wall, const Zone& zone);
 
-} // namespace tqx
+} // namespace tqx::strip

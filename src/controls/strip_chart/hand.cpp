@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 constexpr double Reach = 5;       ///< how near to a cursor the pointer takes hold of it
@@ -14,15 +14,15 @@ constexpr int LargeStep = 10;
 
 } // namespace
 
-bool StripHand::OnPaper(const QPointF& at) const {
+bool Hand::OnPaper(const QPointF& at) const {
     return QRectF(m_layers.Layout().Paper).contains(at);
 }
 
-bool StripHand::OnTable(const QPointF& at) const {
-    return OnPaper(at) && StripReadoutBox(m_model, m_layers).contains(at.toPoint());
+bool Hand::OnTable(const QPointF& at) const {
+    return OnPaper(at) && ReadoutBox(m_model, m_layers).contains(at.toPoint());
 }
 
-int StripHand::CursorAt(const QPointF& at) const {
+int Hand::CursorAt(const QPointF& at) const {
     for (const int cursor : {m_model.Cursors.Active, 1 - m_model.Cursors.Active}) {
         const auto moment = m_model.Cursors.At[static_cast<std::size_t>(cursor)];
         if (moment && std::abs(m_layers.XOf(m_model, *moment) - at.x()) <= Reach) {
@@ -32,19 +32,18 @@ int StripHand::CursorAt(const QPointF& at) const {
     return -1;
 }
 
-void StripHand::Press(const QPointF& at) {
+void Hand::Press(const QPointF& at) {
     m_pressedAt = m_pannedTo = at;
     m_cursorsBefore = m_model.Cursors;
     m_panValues = false;
-    m_pressedLine = StripLegendAt(m_layers.Layout(), at.toPoint());
+    m_pressedLine = LegendAt(m_layers.Layout(), at.toPoint());
     m_pressedTable = OnTable(at);
     m_hold = Hold::Nothing;
     if (m_pressedLine >= 0) {
         m_hold = Hold::Legend;
     } else if (m_pressedTable) {
         m_hold = Hold::Table;
-        m_tableFrom =
-            StripReadoutBox(m_model, m_layers).topLeft() - m_layers.Layout().Paper.topLeft();
+        m_tableFrom = ReadoutBox(m_model, m_layers).topLeft() - m_layers.Layout().Paper.topLeft();
     } else if (OnPaper(at)) {
         m_heldCursor = CursorAt(at);
         m_hold = m_heldCursor >= 0 ? Hold::Cursor : Hold::Click;
@@ -52,7 +51,7 @@ void StripHand::Press(const QPointF& at) {
     }
 }
 
-void StripHand::Move(const QPointF& at) {
+void Hand::Move(const QPointF& at) {
     if (m_hold == Hold::Cursor) {
         const QRect& paper = m_layers.Layout().Paper;
         const double x = std::clamp<double>(at.x(), paper.left(), paper.right());
@@ -70,7 +69,7 @@ void StripHand::Move(const QPointF& at) {
     }
 }
 
-void StripHand::Pan(const QPointF& at) {
+void Hand::Pan(const QPointF& at) {
     const double ratio = m_layers.PixelRatio();
     const auto columns = std::llround((m_pannedTo.x() - at.x()) * ratio);
     m_model.View.PanTime(columns);
@@ -86,13 +85,13 @@ void StripHand::Pan(const QPointF& at) {
     }
 }
 
-void StripHand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
+void Hand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
     const Hold held = std::exchange(m_hold, Hold::Nothing);
     if (held == Hold::Click) {
         const int cursor = modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0;
         m_model.Cursors.Place(cursor, m_layers.TimeAt(m_model, at.x()));
     }
-    const bool sameLine = StripLegendAt(m_layers.Layout(), at.toPoint()) == m_pressedLine;
+    const bool sameLine = LegendAt(m_layers.Layout(), at.toPoint()) == m_pressedLine;
     if (held != Hold::Legend || !sameLine || m_model.Legend(m_pressedLine).isEmpty()) {
         return;
     }
@@ -103,7 +102,7 @@ void StripHand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
     }
 }
 
-void StripHand::DoubleClick(const QPointF& at) {
+void Hand::DoubleClick(const QPointF& at) {
     if (m_pressedTable) {
         m_model.Cursors.TableAt.reset();
     } else if (OnPaper(at)) {
@@ -115,7 +114,7 @@ void StripHand::DoubleClick(const QPointF& at) {
     }
 }
 
-bool StripHand::Wheel(const QPointF& at, double notches, bool values) {
+bool Hand::Wheel(const QPointF& at, double notches, bool values) {
     const QRect& paper = m_layers.Layout().Paper;
     const bool onLabels = m_layers.Layout().ValueLabels.contains(at.toPoint());
     if (!OnPaper(at) && !onLabels) {
@@ -130,29 +129,29 @@ bool StripHand::Wheel(const QPointF& at, double notches, bool values) {
     return true;
 }
 
-void StripHand::ZoomTime(double notches) {
+void Hand::ZoomTime(double notches) {
     m_model.View.ZoomTimeAtEdge(std::pow(NotchFactor, -notches));
 }
 
-void StripHand::ZoomValues(double notches) {
-    const StripRange values = m_model.View.Values();
+void Hand::ZoomValues(double notches) {
+    const Range values = m_model.View.Values();
     m_model.View.ZoomValues(std::pow(NotchFactor, -notches), (values.Low + values.High) / 2);
 }
 
-void StripHand::ToggleCursor(int cursor) {
+void Hand::ToggleCursor(int cursor) {
     auto& at = m_model.Cursors.At[static_cast<std::size_t>(cursor)];
     if (at) {
         at.reset();
         m_model.Cursors.Active = 1 - cursor;
         return;
     }
-    const StripView& view = m_model.View;
-    const StripTime shown = std::min(view.End(), m_model.History.Newest());
-    const StripTime begin = std::clamp<StripTime>(view.Begin(), 0, shown);
+    const View& view = m_model.View;
+    const Time shown = std::min(view.End(), m_model.History.Newest());
+    const Time begin = std::clamp<Time>(view.Begin(), 0, shown);
     m_model.Cursors.Place(cursor, begin + (shown - begin) * (cursor + 1) / 3);
 }
 
-bool StripHand::Key(int key, Qt::KeyboardModifiers modifiers) {
+bool Hand::Key(int key, Qt::KeyboardModifiers modifiers) {
     const bool control = modifiers.testFlag(Qt::ControlModifier);
     const int step = modifiers.testFlag(Qt::ShiftModifier) ? LargeStep : 1;
     const auto& active = m_model.Cursors.At[static_cast<std::size_t>(m_model.Cursors.Active)];
@@ -187,11 +186,11 @@ bool StripHand::Key(int key, Qt::KeyboardModifiers modifiers) {
 }
 
 /// Moves the cursor in hand; the view follows it across its edges.
-void StripHand::StepCursor(int columns) {
-    const StripColumns on = m_model.View.Columns();
-    const StripTime from = *m_model.Cursors.At[static_cast<std::size_t>(m_model.Cursors.Active)];
-    const StripTime to = std::clamp<StripTime>(from + columns * on.Width, 0,
-                                               std::max<StripTime>(m_model.History.Newest(), 0));
+void Hand::StepCursor(int columns) {
+    const Columns on = m_model.View.Columns();
+    const Time from = *m_model.Cursors.At[static_cast<std::size_t>(m_model.Cursors.Active)];
+    const Time to =
+        std::clamp<Time>(from + columns * on.Width, 0, std::max<Time>(m_model.History.Newest(), 0));
     m_model.Cursors.Place(m_model.Cursors.Active, to);
     const std::int64_t column = on.Of(to) - on.First;
     const std::int64_t last = m_model.View.ColumnCount() - 1;
@@ -201,13 +200,13 @@ void StripHand::StepCursor(int columns) {
 }
 
 /// Moves on to the next legend line that has a text.
-void StripHand::StepLegend(int step) {
+void Hand::StepLegend(int step) {
     int& pick = m_model.LegendPick;
     if (pick < 0) {
-        pick = step > 0 ? -1 : StripLegendLines;
+        pick = step > 0 ? -1 : LegendLines;
     }
-    for (int tried = 0; tried < StripLegendLines; ++tried) {
-        pick = (pick + step + StripLegendLines) % StripLegendLines;
+    for (int tried = 0; tried < LegendLines; ++tried) {
+        pick = (pick + step + LegendLines) % LegendLines;
         if (!m_model.Legend(pick).isEmpty()) {
             return;
         }
@@ -215,15 +214,15 @@ void StripHand::StepLegend(int step) {
     pick = -1;
 }
 
-void StripHand::PanColumns(double pages) {
+void Hand::PanColumns(double pages) {
     m_model.View.PanTime(std::llround(pages * m_model.View.ColumnCount()));
 }
 
-void StripHand::PanValues(double pages) {
+void Hand::PanValues(double pages) {
     m_model.View.PanValues(pages * m_model.View.Values().Span());
 }
 
-Qt::CursorShape StripHand::ShapeAt(const QPointF& at) const {
+Qt::CursorShape Hand::ShapeAt(const QPointF& at) const {
     if (m_hold == Hold::Pan) {
         return Qt::ClosedHandCursor;
     }
@@ -233,8 +232,8 @@ Qt::CursorShape StripHand::ShapeAt(const QPointF& at) const {
     if (m_hold == Hold::Cursor || (OnPaper(at) && CursorAt(at) >= 0)) {
         return Qt::SplitHCursor;
     }
-    const int line = StripLegendAt(m_layers.Layout(), at.toPoint());
+    const int line = LegendAt(m_layers.Layout(), at.toPoint());
     return line >= 0 && !m_model.Legend(line).isEmpty() ? Qt::PointingHandCursor : Qt::ArrowCursor;
 }
 
-} // namespace tqx
+} // namespace tqx::strip

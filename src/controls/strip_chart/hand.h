@@ -4,7 +4,7 @@
 
 #include <QPointF>
 
-namespace tqx {
+namespace tqx::strip {
 
 /// The user's hand on a chart: pointer, wheel and moving keys, turned into changes of what is on
 /// view. Positions are in device-independent pixels.
@@ -12,9 +12,9 @@ namespace tqx {
 /// On the paper a drag pans and a click places the first cursor, with Shift the second; a cursor
 /// can be taken hold of, and so can the table of what the cursors read. On the legend a click hides
 /// or shows a trace, with Ctrl it shows it alone.
-class StripHand {
+class Hand {
 public:
-    StripHand(StripModel& model, const StripLayers& layers)
+    Hand(Model& model, const Layers& layers)
         : m_model(model)
         , m_layers(layers) {}
 
@@ -54,8 +54,8 @@ private:
     void PanColumns(double pages);
     void PanValues(double pages);
 
-    StripModel& m_model;
-    const StripLayers& m_layers;
+    Model& m_model;
+    const Layers& m_layers;
     Hold m_hold = Hold::Nothing;
     int m_heldCursor = 0;
     int m_pressedLine = -1;
@@ -64,7 +64,7 @@ private:
     QPointF m_pressedAt;
     QPointF m_pannedTo;
     QPoint m_tableFrom; // where the table stood when it was taken, from the paper's corner
-    StripCursors m_cursorsBefore;
+    Cursors m_cursorsBefore;
 };
 
-} // namespace tqx
+} // namespace tqx::strip

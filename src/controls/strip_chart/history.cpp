@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace tqx {
+namespace tqx::strip {
 
-std::array<StripTrace::Level, StripTrace::LevelCount> StripTrace::MakeLevels() {
+std::array<Trace::Level, Trace::LevelCount> Trace::MakeLevels() {
     std::array<Level, LevelCount> levels;
     int shift = FirstShift;
     for (Level& level : levels) {
@@ -15,8 +15,8 @@ std::array<StripTrace::Level, StripTrace::LevelCount> StripTrace::MakeLevels() {
     return levels;
 }
 
-void StripTrace::Clear() {
-    m_newest = std::numeric_limits<StripTime>::min();
+void Trace::Clear() {
+    m_newest = std::numeric_limits<Time>::min();
     m_raw.Clear();
     int shift = FirstShift;
     for (Level& level : m_levels) {
@@ -27,13 +27,13 @@ void StripTrace::Clear() {
     }
 }
 
-void StripTrace::OpenSlot(std::size_t level, std::uint32_t index) {
+void Trace::OpenSlot(std::size_t level, std::uint32_t index) {
     CloseSlot(level);
-    m_levels[level].Open = StripSlot{.Index = index};
+    m_levels[level].Open = Slot{.Index = index};
     m_levels[level].IsOpen = true;
 }
 
-void StripTrace::CloseSlot(std::size_t level) {
+void Trace::CloseSlot(std::size_t level) {
     Level& closing = m_levels[level];
     if (!closing.IsOpen) {
         return;
@@ -52,11 +52,11 @@ void StripTrace::CloseSlot(std::size_t level) {
     closing.Closed.Push(closing.Open);
 }
 
-void StripTrace::DoubleWidestSlots() {
+void Trace::DoubleWidestSlots() {
     Level& widest = m_levels.back();
     std::size_t kept = 0;
     for (std::size_t i = 0; i < widest.Closed.Size(); ++i) {
-        StripSlot slot = widest.Closed[i];
+        Slot slot = widest.Closed[i];
         slot.Index /= 2;
         if (kept > 0 && widest.Closed[kept - 1].Index == slot.Index) {
             widest.Closed[kept - 1].Take(slot);
@@ -69,35 +69,35 @@ void StripTrace::DoubleWidestSlots() {
     ++widest.Shift;
 }
 
-StripTime StripTrace::CompleteFrom(int level) const {
+Time Trace::CompleteFrom(int level) const {
     if (level < 0) {
         return m_raw.Full() ? m_raw.Oldest().Time : 0;
     }
     const Level& of = At(level);
-    return of.Closed.Full() ? StripTime{of.Closed.Oldest().Index} << of.Shift : 0;
+    return of.Closed.Full() ? Time{of.Closed.Oldest().Index} << of.Shift : 0;
 }
 
-std::optional<StripReading> StripTrace::ReadAt(StripTime time) const {
-    const auto later = [time](const StripSample& sample) { return sample.Time > time; };
+std::optional<Reading> Trace::ReadAt(Time time) const {
+    const auto later = [time](const Sample& sample) { return sample.Time > time; };
     if (const std::size_t count = m_raw.FirstWhere(later); count > 0) {
-        const StripSample& sample = m_raw[count - 1];
-        return StripReading{sample.Time, sample.Value, true};
+        const Sample& sample = m_raw[count - 1];
+        return Reading{sample.Time, sample.Value, true};
     }
     for (const Level& level : m_levels) {
-        const auto endsLater = [&](const StripSlot& slot) {
-            return (StripTime{slot.Index} + 1) << level.Shift > time;
+        const auto endsLater = [&](const Slot& slot) {
+            return (Time{slot.Index} + 1) << level.Shift > time;
         };
         if (const std::size_t count = level.Closed.FirstWhere(endsLater); count > 0) {
-            const StripSlot& slot = level.Closed[count - 1];
-            return StripReading{((StripTime{slot.Index} + 1) << level.Shift) - 1,
-                                static_cast<double>(slot.Last), false};
+            const Slot& slot = level.Closed[count - 1];
+            return Reading{((Time{slot.Index} + 1) << level.Shift) - 1,
+                           static_cast<double>(slot.Last), false};
         }
     }
     return std::nullopt;
 }
 
-void StripWall::Note(StripTime time, StripTime wall) {
-    const StripTime offset = wall - time;
+void Wall::Note(Time time, Time wall) {
+    const Time offset = wall - time;
     if (m_stretches.empty()) {
         m_stretches.push_back({time, offset});
         return;
@@ -111,14 +111,14 @@ void StripWall::Note(StripTime time, StripTime wall) {
     m_stretches.push_back({time, offset});
 }
 
-StripTime StripWall::At(StripTime time) const {
+Time Wall::At(Time time) const {
     if (m_stretches.empty()) {
         return time;
     }
-    const auto after = std::upper_bound(
-        m_stretches.begin() + 1, m_stretches.end(), time,
-        [](StripTime moment, const Stretch& stretch) { return moment < stretch.From; });
+    const auto after =
+        std::upper_bound(m_stretches.begin() + 1, m_stretches.end(), time,
+                         [](Time moment, const Stretch& stretch) { return moment < stretch.From; });
     return time + std::prev(after)->Offset;
 }
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -10,14 +10,14 @@
 #include <optional>
 #include <vector>
 
-namespace tqx {
+namespace tqx::strip {
 
 /// The last `capacity` entries of a row, oldest first. Its memory is asked for at the first entry
 /// and touched only as entries come, so an unused one costs nothing.
 template <typename Entry>
-class StripRing {
+class Ring {
 public:
-    explicit StripRing(std::size_t capacity)
+    explicit Ring(std::size_t capacity)
         : m_capacity(capacity) {}
 
     std::size_t Size() const { return m_size; }
@@ -89,17 +89,17 @@ private:
 };
 
 /// Nanoseconds since the first sample of a run.
-using StripTime = std::int64_t;
+using Time = std::int64_t;
 
-inline constexpr StripTime StripSecond = 1'000'000'000;
+inline constexpr Time Second = 1'000'000'000;
 
-struct StripSample {
-    StripTime Time;
+struct Sample {
+    strip::Time Time;
     double Value; ///< not a number marks a gap
 };
 
 /// What the samples of one stretch of time came to.
-struct StripSlot {
+struct Slot {
     std::uint32_t Index; ///< the stretch begins at Index times the width of the level's slots
     float Low = std::numeric_limits<float>::infinity();
     float High = -std::numeric_limits<float>::infinity();
@@ -114,7 +114,7 @@ struct StripSlot {
         Last = value;
     }
 
-    void Take(const StripSlot& later) {
+    void Take(const Slot& later) {
         Low = later.Low < Low ? later.Low : Low;
         High = later.High > High ? later.High : High;
         Last = later.Last;
@@ -122,8 +122,8 @@ struct StripSlot {
 };
 
 /// A sample as a cursor reads it.
-struct StripReading {
-    StripTime Time;
+struct Reading {
+    strip::Time Time;
     double Value;
     bool Exact; ///< False when Time is only known to the width of a slot
 };
@@ -132,17 +132,17 @@ struct StripReading {
 /// lowest and the highest per slot of time, in levels of ever wider slots. Each level reaches
 /// further back than the one before; the widest doubles its slots rather than forget, so a peak
 /// stays for as long as the run lasts. Memory is bounded by MemoryBound.
-class StripTrace {
+class Trace {
 public:
     static constexpr std::size_t RawCapacity = 65536;
     static constexpr std::size_t SlotCapacity = 12288;
     static constexpr int LevelCount = 7;
-    static constexpr StripTime NarrowestSlot = StripTime{1} << 26; // 67 ms
+    static constexpr Time NarrowestSlot = Time{1} << 26; // 67 ms
     static constexpr std::size_t MemoryBound =
-        RawCapacity * sizeof(StripSample) + LevelCount * SlotCapacity * sizeof(StripSlot);
+        RawCapacity * sizeof(Sample) + LevelCount * SlotCapacity * sizeof(Slot);
 
     /// Adds a sample in constant time. A time before the newest sample's counts as that one's.
-    void Add(StripTime time, double value) {
+    void Add(Time time, double value) {
         if (time < m_newest) {
             time = m_newest;
         }
@@ -160,29 +160,29 @@ public:
 
     bool Empty() const { return m_raw.Empty(); }
 
-    const StripRing<StripSample>& Raw() const { return m_raw; }
+    const Ring<Sample>& Raw() const { return m_raw; }
 
     /// Width of the slots of `level`, 0 to LevelCount - 1.
-    StripTime SlotWidth(int level) const { return StripTime{1} << At(level).Shift; }
+    Time SlotWidth(int level) const { return Time{1} << At(level).Shift; }
 
-    const StripRing<StripSlot>& Closed(int level) const { return At(level).Closed; }
+    const Ring<Slot>& Closed(int level) const { return At(level).Closed; }
 
     /// The slot of `level` that still grows; null when there is none. Together with the open ones
     /// of all narrower levels it holds what Closed(level) does not.
-    const StripSlot* Open(int level) const { return At(level).IsOpen ? &At(level).Open : nullptr; }
+    const Slot* Open(int level) const { return At(level).IsOpen ? &At(level).Open : nullptr; }
 
     /// The time from which on the raw samples (level -1) or a level's slots are complete.
-    StripTime CompleteFrom(int level) const;
+    Time CompleteFrom(int level) const;
 
     /// The last sample at or before `time`; nothing before the first one of the run.
-    std::optional<StripReading> ReadAt(StripTime time) const;
+    std::optional<Reading> ReadAt(Time time) const;
 
 private:
     struct Level {
         int Shift = 0; ///< slots are 2 to the power of Shift nanoseconds wide
         bool IsOpen = false;
-        StripSlot Open{};
-        StripRing<StripSlot> Closed{SlotCapacity};
+        Slot Open{};
+        Ring<Slot> Closed{SlotCapacity};
     };
 
     static constexpr int FirstShift = std::countr_zero(static_cast<std::uint64_t>(NarrowestSlot));
@@ -196,33 +196,33 @@ private:
     void CloseSlot(std::size_t level);
     void DoubleWidestSlots();
 
-    StripTime m_newest = std::numeric_limits<StripTime>::min();
-    StripRing<StripSample> m_raw{RawCapacity};
+    Time m_newest = std::numeric_limits<Time>::min();
+    Ring<Sample> m_raw{RawCapacity};
     std::array<Level, LevelCount> m_levels = MakeLevels();
 };
 
-inline constexpr int StripVariableCount = 18;
+inline constexpr int VariableCount = 18;
 
 /// The histories of a chart's variables on a common time that begins with the run's first sample.
-class StripHistory {
+class History {
 public:
     /// Adds a sample at `moment` of a clock that never goes back. A variable that is none is
     /// ignored.
-    void Add(int variable, StripTime moment, double value) {
-        if (variable < 0 || variable >= StripVariableCount) {
+    void Add(int variable, Time moment, double value) {
+        if (variable < 0 || variable >= VariableCount) {
             return;
         }
         if (m_empty) {
             m_origin = moment;
             m_empty = false;
         }
-        const StripTime time = moment - m_origin;
+        const Time time = moment - m_origin;
         m_newest = time > m_newest ? time : m_newest;
         m_traces[static_cast<std::size_t>(variable)].Add(m_newest, value);
     }
 
     void Clear() {
-        for (StripTrace& trace : m_traces) {
+        for (strip::Trace& trace : m_traces) {
             trace.Clear();
         }
         m_newest = 0;
@@ -232,49 +232,49 @@ public:
     bool Empty() const { return m_empty; }
 
     /// Time of the last sample of all.
-    StripTime Newest() const { return m_newest; }
+    Time Newest() const { return m_newest; }
 
     /// The clock's reading at time 0.
-    StripTime Origin() const { return m_origin; }
+    Time Origin() const { return m_origin; }
 
-    const StripTrace& Trace(int variable) const {
+    const strip::Trace& Trace(int variable) const {
         return m_traces[static_cast<std::size_t>(variable)];
     }
 
 private:
-    std::array<StripTrace, StripVariableCount> m_traces;
-    StripTime m_origin = 0;
-    StripTime m_newest = 0;
+    std::array<strip::Trace, VariableCount> m_traces;
+    Time m_origin = 0;
+    Time m_newest = 0;
     bool m_empty = true;
 };
 
 /// What the clock on the wall said in the course of a run. Intervals are measured by a clock that
 /// never jumps; the wall clock only names moments. When it is set anew, what was recorded before
 /// keeps its names.
-class StripWall {
+class Wall {
 public:
     /// A stretch of the run in which the wall clock ran steadily.
     struct Stretch {
-        StripTime From;   ///< time of the run
-        StripTime Offset; ///< what is added to a time of the run to have the wall clock's
+        Time From;   ///< time of the run
+        Time Offset; ///< what is added to a time of the run to have the wall clock's
     };
 
     /// Notes that at `time` the wall clock said `wall`, in nanoseconds since 1970.
-    void Note(StripTime time, StripTime wall);
+    void Note(Time time, Time wall);
 
     void Clear() { m_stretches.clear(); }
 
     /// Nanoseconds since 1970 at `time`.
-    StripTime At(StripTime time) const;
+    Time At(Time time) const;
 
     /// The stretches, by rising time; there are none before the first note.
     const std::vector<Stretch>& Stretches() const { return m_stretches; }
 
 private:
-    static constexpr StripTime SmallestJump = StripSecond / 4;
+    static constexpr Time SmallestJump = Second / 4;
     static constexpr std::size_t MostStretches = 256;
 
     std::vector<Stretch> m_stretches;
 };
 
-} // namespace tqx
+} // namespace tqx::strip

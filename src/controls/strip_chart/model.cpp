@@ -9,10 +9,10 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
-constexpr std::array<QRgb, StripVariableCount> TraceColours = {
+constexpr std::array<QRgb, VariableCount> TraceColours = {
     0xFFFF8080, 0xFF808080, 0xFF400040, 0xFF004040, 0xFFFF0080, 0xFF0080FF,
     0xFFFF80C0, 0xFFFF80FF, 0xFFFF0000, 0xFF800080, 0xFF80FF00, 0xFF0080C0,
     0xFF8080C0, 0xFFFF00FF, 0xFF804040, 0xFFFF8040, 0xFF004080, 0xFF808000};
@@ -35,16 +35,15 @@ double ContrastRatio(QRgb ink, QRgb paper) {
     return std::max(first, second) / std::min(first, second);
 }
 
-StripInks DefaultStripInks() {
-    StripInks inks{};
+Inks DefaultInks() {
+    Inks inks{};
     for (std::size_t i = 0; i < inks.size(); ++i) {
-        inks[i] = {TraceColours[i],
-                   ContrastRatio(TraceColours[i], look::Paper) < LeastStripContrast};
+        inks[i] = {TraceColours[i], ContrastRatio(TraceColours[i], look::Paper) < LeastContrast};
     }
     return inks;
 }
 
-QString StripModel::Name(int variable) const {
+QString Model::Name(int variable) const {
     if (QString legend = Legend(variable); !legend.isEmpty()) {
         return legend;
     }
@@ -55,30 +54,30 @@ QString StripModel::Name(int variable) const {
     return QCoreApplication::translate("StripChart", "Variable %1").arg(variable);
 }
 
-void StripModel::ShowOnly(int variable) {
+void Model::ShowOnly(int variable) {
     const auto shown =
-        std::count_if(Inks.begin(), Inks.end(), [](const StripInk& ink) { return ink.Shown; });
+        std::count_if(Inks.begin(), Inks.end(), [](const strip::Ink& ink) { return ink.Shown; });
     const bool alone = shown == 1 && Ink(variable).Shown;
-    for (StripInk& ink : Inks) {
+    for (strip::Ink& ink : Inks) {
         ink.Shown = alone;
     }
     Ink(variable).Shown = true;
 }
 
-void StripModel::ShowAll() {
-    for (StripInk& ink : Inks) {
+void Model::ShowAll() {
+    for (strip::Ink& ink : Inks) {
         ink.Shown = true;
     }
 }
 
-StripOffScale FindOffScale(const StripModel& model) {
-    StripOffScale found;
-    const StripRange values = model.View.Values();
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+OffScale FindOffScale(const Model& model) {
+    OffScale found;
+    const Range values = model.View.Values();
+    for (int variable = 0; variable < VariableCount; ++variable) {
         if (!model.Ink(variable).Shown || !model.HasSamples(variable)) {
             continue;
         }
-        const StripTrace& trace = model.History.Trace(variable);
+        const Trace& trace = model.History.Trace(variable);
         double value = trace.Raw().Newest().Value;
         if (!model.View.Following()) {
             const auto reading = trace.ReadAt(model.View.End() - 1);
@@ -91,39 +90,39 @@ StripOffScale FindOffScale(const StripModel& model) {
     return found;
 }
 
-QString StripClockText(const StripModel& model, StripTime time) {
-    const StripTime wall = model.Wall.At(time);
-    const StripTime seconds = wall / StripSecond + model.Zone(wall);
+QString ClockText(const Model& model, Time time) {
+    const Time wall = model.Wall.At(time);
+    const Time seconds = wall / Second + model.Zone(wall);
     return QString::asprintf("%02d %02d %02d", static_cast<int>(seconds / 3600 % 24),
                              static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60));
 }
 
-QString StripMomentText(const StripModel& model, StripTime time) {
+QString MomentText(const Model& model, Time time) {
     if (model.Wall.Stretches().empty()) {
         return QStringLiteral("-");
     }
-    const StripTime milliseconds = model.Wall.At(time) % StripSecond / 1'000'000;
-    return StripClockText(model, time) + QString::asprintf(".%03d", static_cast<int>(milliseconds));
+    const Time milliseconds = model.Wall.At(time) % Second / 1'000'000;
+    return ClockText(model, time) + QString::asprintf(".%03d", static_cast<int>(milliseconds));
 }
 
-QString StripStandstillText(const StripModel& model) {
+QString StandstillText(const Model& model) {
     if (model.View.Following()) {
         return {};
     }
     if (model.Wall.Stretches().empty()) {
         return QCoreApplication::translate("StripChart", "Frozen. New samples are kept.");
     }
-    const StripTime edge = std::min(model.View.End(), model.History.Newest());
+    const Time edge = std::min(model.View.End(), model.History.Newest());
     const QString text =
         model.View.Frozen()
             ? QCoreApplication::translate("StripChart", "Frozen at %1. New samples are kept.")
             : QCoreApplication::translate("StripChart", "Up to %1. New samples are kept.");
-    return text.arg(StripClockText(model, edge));
+    return text.arg(ClockText(model, edge));
 }
 
-QString StripLegendText(const StripModel& model) {
+QString LegendText(const Model& model) {
     QStringList hidden;
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+    for (int variable = 0; variable < VariableCount; ++variable) {
         if (!model.Ink(variable).Shown && !model.Legend(variable).isEmpty()) {
             hidden << model.Name(variable);
         }
@@ -147,9 +146,9 @@ namespace {
 
 const QString Nothing = QStringLiteral("-");
 
-std::optional<StripReading> Read(const StripTrace& trace, StripTime time) {
-    const std::optional<StripReading> reading = trace.ReadAt(time);
-    const bool stale = reading && time - reading->Time > StripLongestJoin && reading->Exact;
+std::optional<Reading> Read(const Trace& trace, Time time) {
+    const std::optional<Reading> reading = trace.ReadAt(time);
+    const bool stale = reading && time - reading->Time > LongestJoin && reading->Exact;
     return stale || (reading && std::isnan(reading->Value)) ? std::nullopt : reading;
 }
 
@@ -162,9 +161,9 @@ bool Whole(double value) {
     return !std::isfinite(value) || value == std::round(value);
 }
 
-using Readings = std::vector<std::optional<StripReading>>;
+using Readings = std::vector<std::optional<Reading>>;
 
-QString ValueText(const std::optional<StripReading>& reading, int decimals) {
+QString ValueText(const std::optional<Reading>& reading, int decimals) {
     if (!reading) {
         return Nothing;
     }
@@ -181,13 +180,13 @@ QString DifferenceText(const Readings& readings, int decimals) {
            QString::number(difference, 'f', decimals);
 }
 
-QString SpanText(StripTime span) {
+QString SpanText(Time span) {
     return QString::number(static_cast<double>(span) / 1e9, 'f', 3) + QStringLiteral(" s");
 }
 
 } // namespace
 
-QString StripReadout::Text() const {
+QString Readout::Text() const {
     QStringList rows;
     QStringList row{QString()};
     row.append(QStringList(Headings.begin(), Headings.end()));
@@ -200,13 +199,13 @@ QString StripReadout::Text() const {
     return rows.join(QLatin1Char('\n'));
 }
 
-StripReadout ReadOut(const StripModel& model) {
-    StripReadout readout;
-    std::vector<StripTime> moments;
+Readout ReadOut(const Model& model) {
+    Readout readout;
+    std::vector<Time> moments;
     for (int cursor = 0; cursor < 2; ++cursor) {
         if (const auto at = model.Cursors.At[static_cast<std::size_t>(cursor)]) {
             readout.Cursors.push_back(cursor);
-            readout.Headings.push_back(StripMomentText(model, *at));
+            readout.Headings.push_back(MomentText(model, *at));
             moments.push_back(*at);
         }
     }
@@ -215,12 +214,12 @@ StripReadout ReadOut(const StripModel& model) {
     }
     std::vector<std::pair<int, Readings>> table;
     bool whole = true;
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
+    for (int variable = 0; variable < VariableCount; ++variable) {
         if (!model.Ink(variable).Shown || !model.HasSamples(variable)) {
             continue;
         }
         Readings readings;
-        for (const StripTime moment : moments) {
+        for (const Time moment : moments) {
             readings.push_back(Read(model.History.Trace(variable), moment));
             whole = whole && (!readings.back() || Whole(readings.back()->Value));
         }
@@ -228,7 +227,7 @@ StripReadout ReadOut(const StripModel& model) {
     }
     const int decimals = whole ? 0 : DecimalsFor(model.View.OuterValues().Span());
     for (const auto& [variable, readings] : table) {
-        StripReadout::Line line{variable, model.Name(variable), {}};
+        Readout::Line line{variable, model.Name(variable), {}};
         for (const auto& reading : readings) {
             line.Values.push_back(ValueText(reading, decimals));
         }
@@ -240,4 +239,4 @@ StripReadout ReadOut(const StripModel& model) {
     return readout;
 }
 
-} // namespace tqx
+} // namespace tqx::strip

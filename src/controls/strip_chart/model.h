@@ -10,27 +10,27 @@
 
 #include <optional>
 
-namespace tqx {
+namespace tqx::strip {
 
 /// How a trace is drawn.
-struct StripInk {
+struct Ink {
     QRgb Colour;
     bool Cased; ///< too light for white paper alone: it gets a thin dark casing
     bool Shown = true;
 
-    bool operator==(const StripInk&) const = default;
+    bool operator==(const Ink&) const = default;
 };
 
-using StripInks = std::array<StripInk, StripVariableCount>;
+using Inks = std::array<Ink, VariableCount>;
 
 /// The inks of variables 0 to 17, all shown.
-StripInks DefaultStripInks();
+Inks DefaultInks();
 
 /// The contrast of `ink` to `paper`, from 1 to 21.
 double ContrastRatio(QRgb ink, QRgb paper);
 
 /// Below this contrast to the paper a trace or a swatch is cased.
-inline constexpr double LeastStripContrast = 2.0;
+inline constexpr double LeastContrast = 2.0;
 
 /// A colour as the domain writes it, 0x00BBGGRR, and back.
 constexpr std::uint32_t ToBgr(QRgb colour) {
@@ -41,14 +41,14 @@ constexpr QRgb FromBgr(std::uint32_t colour) {
     return 0xFF000000U | ToBgr(colour);
 }
 
-struct StripCaption {
+struct Caption {
     QString Text;
     QRgb Colour;
 };
 
 /// The two moments at which a chart is read.
-struct StripCursors {
-    std::array<std::optional<StripTime>, 2> At;
+struct Cursors {
+    std::array<std::optional<Time>, 2> At;
     int Active = 0; ///< the one that keys move
     /// Where the user has put the table of read-outs, from the paper's corner; empty: it finds a
     /// place by itself.
@@ -56,40 +56,40 @@ struct StripCursors {
 
     bool Any() const { return At[0].has_value() || At[1].has_value(); }
 
-    void Place(int cursor, StripTime time) {
+    void Place(int cursor, Time time) {
         At[static_cast<std::size_t>(cursor)] = time;
         Active = cursor;
     }
 
-    bool operator==(const StripCursors&) const = default;
+    bool operator==(const Cursors&) const = default;
 };
 
 /// All that a chart shows.
-struct StripModel {
-    StripHistory History;
-    StripWall Wall;
-    StripZone Zone;
-    StripView View;
-    StripInks Inks = DefaultStripInks();
-    std::array<StripCaption, StripCaptionCount> Captions;
+struct Model {
+    strip::History History;
+    strip::Wall Wall;
+    strip::Zone Zone;
+    strip::View View;
+    strip::Inks Inks = DefaultInks();
+    std::array<Caption, CaptionCount> Captions;
     /// What variables without a legend line are called; one may have none of its own.
-    std::array<QString, StripVariableCount> Names;
-    StripCursors Cursors;
+    std::array<QString, VariableCount> Names;
+    strip::Cursors Cursors;
     int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
     bool Antialiased = true;
 
-    /// The caption that is the legend line of `variable`, one of the first StripLegendLines.
-    StripCaption& LegendCaption(int variable) {
+    /// The caption that is the legend line of `variable`, one of the first LegendLines.
+    Caption& LegendCaption(int variable) {
         return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
     }
 
-    const StripCaption& LegendCaption(int variable) const {
+    const Caption& LegendCaption(int variable) const {
         return Captions[FirstLegendCaption + static_cast<std::size_t>(variable)];
     }
 
     /// The text of the legend line of `variable`; empty when it has none.
     QString Legend(int variable) const {
-        return variable < StripLegendLines ? LegendCaption(variable).Text : QString();
+        return variable < LegendLines ? LegendCaption(variable).Text : QString();
     }
 
     /// What `variable` is called, whether it has a legend line or not.
@@ -104,38 +104,38 @@ struct StripModel {
     void ShowOnly(int variable);
     void ShowAll();
 
-    StripInk& Ink(int variable) { return Inks[static_cast<std::size_t>(variable)]; }
+    strip::Ink& Ink(int variable) { return Inks[static_cast<std::size_t>(variable)]; }
 
-    const StripInk& Ink(int variable) const { return Inks[static_cast<std::size_t>(variable)]; }
+    const strip::Ink& Ink(int variable) const { return Inks[static_cast<std::size_t>(variable)]; }
 };
 
 /// The traces whose last sample on view lies above or below the range on view, a bit each.
-struct StripOffScale {
+struct OffScale {
     std::uint32_t Above = 0;
     std::uint32_t Below = 0;
 
-    bool operator==(const StripOffScale&) const = default;
+    bool operator==(const OffScale&) const = default;
 };
 
-StripOffScale FindOffScale(const StripModel& model);
+OffScale FindOffScale(const Model& model);
 
 /// What the clock on the wall of the place shows at a moment of the run, as the time axis writes
 /// it: "%H %M %S".
-QString StripClockText(const StripModel& model, StripTime time);
+QString ClockText(const Model& model, Time time);
 
 /// The same with milliseconds; "-" while the chart is empty and no moment has a name.
-QString StripMomentText(const StripModel& model, StripTime time);
+QString MomentText(const Model& model, Time time);
 
 /// What a view that stands still says about itself; empty for one that follows.
-QString StripStandstillText(const StripModel& model);
+QString StandstillText(const Model& model);
 
 /// The legend line that the keyboard is on, and the traces that are hidden; empty when there are
 /// none of either.
-QString StripLegendText(const StripModel& model);
+QString LegendText(const Model& model);
 
 /// What the cursors of a chart read: a line per trace that is shown, a column per cursor and, with
 /// both, one of differences, second minus first.
-struct StripReadout {
+struct Readout {
     struct Line {
         int Variable;
         QString Name;
@@ -152,6 +152,6 @@ struct StripReadout {
 
 /// A cursor reads the sample before it. It reads nothing, "-", in a gap and where nothing was
 /// recorded; a value that is only known to the width of a slot of time is marked with "~".
-StripReadout ReadOut(const StripModel& model);
+Readout ReadOut(const Model& model);
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 namespace {
 
 /// Columns that are drawn in one go: as wide as a line of the processor's cache.
@@ -28,7 +28,7 @@ struct PenSize {
     int After(bool cased) const { return Columns / 2 + (cased ? Casing : 0); }
 };
 
-PenSize PenFor(const StripPaperSetup& setup) {
+PenSize PenFor(const PaperSetup& setup) {
     const double ratio = setup.PixelRatio;
     const int whole = std::max(1, static_cast<int>(std::lround(ratio)));
     return {static_cast<float>(setup.Antialiased ? LineWidth * ratio : whole), whole, whole};
@@ -99,15 +99,15 @@ private:
 
 } // namespace
 
-void StripPaper::Resize(const QSize& pixels) {
+void Paper::Resize(const QSize& pixels) {
     if (pixels != m_image.size()) {
         m_image = QImage(pixels, QImage::Format_RGB32);
         m_valid = false;
     }
 }
 
-StripPaper::Change StripPaper::Draw(const StripHistory& history, const StripPaperSetup& setup) {
-    const StripColumns columns = setup.View.Columns();
+Paper::Change Paper::Draw(const History& history, const PaperSetup& setup) {
+    const Columns columns = setup.View.Columns();
     const int count = m_image.width();
     const std::int64_t end = columns.First + count;
     const std::int64_t shift = columns.First - m_first;
@@ -145,13 +145,13 @@ StripPaper::Change StripPaper::Draw(const StripHistory& history, const StripPape
     return {static_cast<int>(from - columns.First), static_cast<int>(until - columns.First)};
 }
 
-int StripPaper::Ring(std::int64_t column) const {
+int Paper::Ring(std::int64_t column) const {
     const std::int64_t rest = column % m_image.width();
     return static_cast<int>(rest < 0 ? rest + m_image.width() : rest);
 }
 
-void StripPaper::DrawColumns(const StripHistory& history, const StripPaperSetup& setup,
-                             std::int64_t from, std::int64_t until) {
+void Paper::DrawColumns(const History& history, const PaperSetup& setup, std::int64_t from,
+                        std::int64_t until) {
     FindEdges(history, setup, from, until);
     RuleColumns(setup, from, until);
     const auto count = static_cast<std::size_t>(until - from);
@@ -162,7 +162,7 @@ void StripPaper::DrawColumns(const StripHistory& history, const StripPaperSetup&
     for (std::size_t begin = 0; begin < count; begin += BlockColumns) {
         const std::size_t end = std::min(count, begin + BlockColumns);
         const Edges* edges = m_edges.data();
-        for (const StripInk& ink : setup.Inks) {
+        for (const Ink& ink : setup.Inks) {
             if (!ink.Shown) {
                 continue;
             }
@@ -188,17 +188,17 @@ void StripPaper::DrawColumns(const StripHistory& history, const StripPaperSetup&
 
 /// The rows between which each trace that is shown covers the columns, casing first where it has
 /// one. A line has its width in both directions, so a steep one is no thinner than a flat one.
-void StripPaper::FindEdges(const StripHistory& history, const StripPaperSetup& setup,
-                           std::int64_t from, std::int64_t until) {
+void Paper::FindEdges(const History& history, const PaperSetup& setup, std::int64_t from,
+                      std::int64_t until) {
     const PenSize pen = PenFor(setup);
     const auto count = static_cast<std::size_t>(until - from);
     m_edges.clear();
-    const StripRange& values = setup.View.Values();
-    const auto rows = static_cast<float>(StripRow(values.Low, values, m_image.height()));
+    const Range& values = setup.View.Values();
+    const auto rows = static_cast<float>(RowOf(values.Low, values, m_image.height()));
     const float scale = rows / static_cast<float>(values.Span());
     const auto high = static_cast<float>(values.High);
-    for (int variable = 0; variable < StripVariableCount; ++variable) {
-        const StripInk& ink = setup.Inks[static_cast<std::size_t>(variable)];
+    for (int variable = 0; variable < VariableCount; ++variable) {
+        const Ink& ink = setup.Inks[static_cast<std::size_t>(variable)];
         if (!ink.Shown) {
             continue;
         }
@@ -213,9 +213,9 @@ void StripPaper::FindEdges(const StripHistory& history, const StripPaperSetup& s
             }
             const float half = pen.Width / 2 + static_cast<float>(casing ? pen.Casing : 0);
             for (std::size_t i = 0; i < count; ++i) {
-                StripExtent extent;
+                Extent extent;
                 for (int k = -pen.After(casing); k <= pen.Before(casing); ++k) {
-                    const StripExtent& near = m_extents[i + static_cast<std::size_t>(before + k)];
+                    const Extent& near = m_extents[i + static_cast<std::size_t>(before + k)];
                     extent.Take(near.Low, near.High);
                 }
                 m_edges.push_back({(high - extent.High) * scale + 0.5F - half,
@@ -226,7 +226,7 @@ void StripPaper::FindEdges(const StripHistory& history, const StripPaperSetup& s
 }
 
 /// Blank columns with the grid on them.
-void StripPaper::RuleColumns(const StripPaperSetup& setup, std::int64_t from, std::int64_t until) {
+void Paper::RuleColumns(const PaperSetup& setup, std::int64_t from, std::int64_t until) {
     const int thickness = std::max(1, static_cast<int>(setup.PixelRatio));
     const std::ptrdiff_t stride = m_image.bytesPerLine() / static_cast<int>(sizeof(QRgb));
     auto* const pixels = reinterpret_cast<QRgb*>(m_image.bits());
@@ -243,22 +243,21 @@ void StripPaper::RuleColumns(const StripPaperSetup& setup, std::int64_t from, st
     };
     const int height = m_image.height();
     fill(from, until, 0, height, look::Paper);
-    for (const double tick : StripValueTicks(setup.View.Values(), setup.ValueStep)) {
-        const int row = static_cast<int>(std::lround(StripRow(tick, setup.View.Values(), height)));
+    for (const double tick : ValueTicks(setup.View.Values(), setup.ValueStep)) {
+        const int row = static_cast<int>(std::lround(RowOf(tick, setup.View.Values(), height)));
         fill(from, until, std::clamp(row, 0, height), std::clamp(row + thickness, 0, height),
              look::PaperGrid);
     }
-    const StripColumns columns{from, setup.View.Columns().Width};
-    for (const StripTime tick :
-         StripTimeTicks(columns.Begin(from - thickness), columns.Begin(until), setup.TimeStep,
-                        *setup.Wall, *setup.Zone)) {
+    const Columns columns{from, setup.View.Columns().Width};
+    for (const Time tick : TimeTicks(columns.Begin(from - thickness), columns.Begin(until),
+                                     setup.TimeStep, *setup.Wall, *setup.Zone)) {
         const std::int64_t column = columns.Of(tick);
         fill(std::max(column, from), std::min(column + thickness, until), 0, height,
              look::PaperGrid);
     }
 }
 
-void StripPaper::CopyTo(QPainter& painter, const QPoint& origin, const QRect& clip) const {
+void Paper::CopyTo(QPainter& painter, const QPoint& origin, const QRect& clip) const {
     const QRect part = clip.intersected(QRect(origin, m_image.size())).translated(-origin);
     if (part.isEmpty()) {
         return;
@@ -273,4 +272,4 @@ void StripPaper::CopyTo(QPainter& painter, const QPoint& origin, const QRect& cl
     }
 }
 
-} // namespace tqx
+} // namespace tqx::strip

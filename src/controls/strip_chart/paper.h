@@ -7,15 +7,15 @@
 
 class QPainter;
 
-namespace tqx {
+namespace tqx::strip {
 
 /// What a chart's paper shows, apart from the samples.
-struct StripPaperSetup {
-    StripView View;
-    StripInks Inks;
-    const StripWall* Wall = nullptr;
-    const StripZone* Zone = nullptr;
-    StripTime TimeStep = StripSecond;
+struct PaperSetup {
+    strip::View View;
+    strip::Inks Inks;
+    const strip::Wall* Wall = nullptr;
+    const strip::Zone* Zone = nullptr;
+    Time TimeStep = Second;
     double ValueStep = 1;
     double PixelRatio = 1;
     bool Antialiased = true;
@@ -25,7 +25,7 @@ struct StripPaperSetup {
 /// columns: moving on by a column draws that column and moves nothing. A column is drawn from where
 /// each trace reaches lowest and highest in it, so its cost does not follow from how many samples
 /// it shows.
-class StripPaper {
+class Paper {
 public:
     /// Columns of the paper as it stands on the screen, from Begin up to but without End.
     struct Change {
@@ -44,7 +44,7 @@ public:
 
     /// Draws what `setup` and the samples since the last time ask for, and says what changed on
     /// the screen.
-    Change Draw(const StripHistory& history, const StripPaperSetup& setup);
+    Change Draw(const History& history, const PaperSetup& setup);
 
     /// Copies the part of the paper that lies in `clip` to the screen, with its left upper corner
     /// at `origin`; both in pixels of the screen, and the painter must not scale.
@@ -57,20 +57,20 @@ private:
     };
 
     int Ring(std::int64_t column) const;
-    void DrawColumns(const StripHistory& history, const StripPaperSetup& setup, std::int64_t from,
+    void DrawColumns(const History& history, const PaperSetup& setup, std::int64_t from,
                      std::int64_t until);
-    void FindEdges(const StripHistory& history, const StripPaperSetup& setup, std::int64_t from,
+    void FindEdges(const History& history, const PaperSetup& setup, std::int64_t from,
                    std::int64_t until);
-    void RuleColumns(const StripPaperSetup& setup, std::int64_t from, std::int64_t until);
+    void RuleColumns(const PaperSetup& setup, std::int64_t from, std::int64_t until);
 
     QImage m_image;
     bool m_valid = false;
     std::int64_t m_first = 0;
-    StripTime m_width = 0;
-    StripRange m_values{0, 0};
-    StripTime m_drawnUntil = 0;
-    std::vector<StripExtent> m_extents; ///< of one trace, kept for its memory
-    std::vector<Edges> m_edges;         ///< line and casing of every trace, per column
+    Time m_width = 0;
+    Range m_values{0, 0};
+    Time m_drawnUntil = 0;
+    std::vector<Extent> m_extents; ///< of one trace, kept for its memory
+    std::vector<Edges> m_edges;    ///< line and casing of every trace, per column
 };
 
-} // namespace tqx
+} // namespace tqx::strip

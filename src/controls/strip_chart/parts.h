@@ -14,11 +14,11 @@ struct StripChart::Parts {
     explicit Parts(StripChart& chart)
         : Commands(chart) {}
 
-    StripModel Model;
-    StripLayers Layers;
-    StripHand Hand{Model, Layers};
-    StripCommands Commands;
-    StripClock Clock = StripClock::Machine();
+    strip::Model Model;
+    strip::Layers Layers;
+    strip::Hand Hand{Model, Layers};
+    strip::Commands Commands;
+    strip::Clock Clock = strip::Clock::Machine();
     StripDoors Doors = StripDoors::Desktop();
     QToolButton* FreezeButton = nullptr;
     QToolButton* LiveButton = nullptr;
@@ -26,7 +26,7 @@ struct StripChart::Parts {
     QBasicTimer Frames;
     bool NewSamples = false;
     QString ToldState; ///< what screen readers were told last
-    StripTime WallNotedAt = 0;
+    strip::Time WallNotedAt = 0;
     double YFloor = 0;
     double YLow = 0;
     double YCeiling = 100;
@@ -35,8 +35,8 @@ struct StripChart::Parts {
     int CaptionIndex = 0;
     int VariableIndex = 0;
 
-    StripCaption* AddressedCaption() {
-        const bool any = CaptionIndex >= 0 && CaptionIndex < StripCaptionCount;
+    strip::Caption* AddressedCaption() {
+        const bool any = CaptionIndex >= 0 && CaptionIndex < strip::CaptionCount;
         return any ? &Model.Captions[static_cast<std::size_t>(CaptionIndex)] : nullptr;
     }
 

@@ -64,15 +64,15 @@ void AccessibleStripChart::doAction(const QString& action) {
     }
 }
 
-StripTime Nanoseconds(std::chrono::system_clock::time_point moment) {
+strip::Time Nanoseconds(std::chrono::system_clock::time_point moment) {
     return std::chrono::duration_cast<std::chrono::nanoseconds>(moment.time_since_epoch()).count();
 }
 
 /// The offset of local time. The machine is asked once for every quarter of an hour: that is a look
 /// into the file system, and clocks are put forward and back on the quarter.
-StripZone ZoneOfMachine() {
-    return [quarter = StripTime{-1}, offset = 0](StripTime wall) mutable {
-        constexpr StripTime Quarter = 900 * StripSecond;
+strip::Zone ZoneOfMachine() {
+    return [quarter = strip::Time{-1}, offset = 0](strip::Time wall) mutable {
+        constexpr strip::Time Quarter = 900 * strip::Second;
         if (wall / Quarter != quarter) {
             quarter = wall / Quarter;
             offset =
@@ -84,7 +84,7 @@ StripZone ZoneOfMachine() {
 
 } // namespace
 
-StripClock StripClock::Machine() {
+strip::Clock strip::Clock::Machine() {
     return {[] {
                 return std::chrono::duration_cast<std::chrono::nanoseconds>(
                     std::chrono::steady_clock::now().time_since_epoch());
@@ -93,9 +93,9 @@ StripClock StripClock::Machine() {
 }
 
 void StripChart::Parts::NoteWall() {
-    const StripTime now = Model.History.Newest();
-    if (Model.Wall.Stretches().empty() || now - WallNotedAt >= StripSecond) {
-        const StripTime steady = Clock.Steady().count() - Model.History.Origin();
+    const strip::Time now = Model.History.Newest();
+    if (Model.Wall.Stretches().empty() || now - WallNotedAt >= strip::Second) {
+        const strip::Time steady = Clock.Steady().count() - Model.History.Origin();
         Model.Wall.Note(now, Nanoseconds(Clock.Wall()) - (steady - now));
         WallNotedAt = now;
     }
@@ -111,11 +111,11 @@ StripChart::StripChart(QWidget* parent)
     setMouseTracking(true);
     setAccessibleName(tr("Strip chart"));
     setWhatsThis(m_parts->Commands.Keys());
-    StripModel& model = m_parts->Model;
+    strip::Model& model = m_parts->Model;
     model.Zone = ZoneOfMachine();
     model.Captions.fill({QString(), 0xFF000000});
-    model.Captions[TimeCaption].Text = QStringLiteral("Time=");
-    for (int variable = 0; variable < StripLegendLines; ++variable) {
+    model.Captions[strip::TimeCaption].Text = QStringLiteral("Time=");
+    for (int variable = 0; variable < strip::LegendLines; ++variable) {
         model.LegendCaption(variable).Colour = model.Ink(variable).Colour;
     }
     AddButtons();
@@ -138,7 +138,7 @@ void StripChart::AddStripPoint(std::int16_t variable, double value) {
 }
 
 void StripChart::ClearStrip() {
-    StripModel& model = m_parts->Model;
+    strip::Model& model = m_parts->Model;
     model.History.Clear();
     model.Wall.Clear();
     model.View.Newest(0);
@@ -217,34 +217,35 @@ void StripChart::CaptionIndex(int index) {
 }
 
 QString StripChart::Caption() const {
-    const StripCaption* caption = m_parts->AddressedCaption();
+    const strip::Caption* caption = m_parts->AddressedCaption();
     return caption != nullptr ? caption->Text : QString();
 }
 
 void StripChart::Caption(const QString& text) {
-    StripCaption* caption = m_parts->AddressedCaption();
-    if (caption == nullptr || m_parts->CaptionIndex == TimeCaption || caption->Text == text) {
+    strip::Caption* caption = m_parts->AddressedCaption();
+    if (caption == nullptr || m_parts->CaptionIndex == strip::TimeCaption ||
+        caption->Text == text) {
         return;
     }
     caption->Text = text;
     m_parts->Layers.Invalidate();
     update();
-    if (m_parts->CaptionIndex == TitleCaption) {
+    if (m_parts->CaptionIndex == strip::TitleCaption) {
         TellScreenReaders(*this, QAccessible::NameChanged);
     }
 }
 
 std::uint32_t StripChart::CaptionColor() const {
-    const StripCaption* caption = m_parts->AddressedCaption();
-    return caption != nullptr ? ToBgr(caption->Colour) : 0;
+    const strip::Caption* caption = m_parts->AddressedCaption();
+    return caption != nullptr ? strip::ToBgr(caption->Colour) : 0;
 }
 
 void StripChart::CaptionColor(std::uint32_t colour) {
-    StripCaption* caption = m_parts->AddressedCaption();
-    if (caption == nullptr || caption->Colour == FromBgr(colour)) {
+    strip::Caption* caption = m_parts->AddressedCaption();
+    if (caption == nullptr || caption->Colour == strip::FromBgr(colour)) {
         return;
     }
-    caption->Colour = FromBgr(colour);
+    caption->Colour = strip::FromBgr(colour);
     m_parts->Layers.Invalidate();
     update();
 }
@@ -259,12 +260,12 @@ void StripChart::VariableIndex(int index) {
 
 std::uint32_t StripChart::VariableColor() const {
     const int index = m_parts->VariableIndex;
-    const bool any = index >= 0 && index < StripVariableCount;
-    return any ? ToBgr(m_parts->Model.Ink(index).Colour) : 0;
+    const bool any = index >= 0 && index < strip::VariableCount;
+    return any ? strip::ToBgr(m_parts->Model.Ink(index).Colour) : 0;
 }
 
 void StripChart::NameVariable(int variable, const QString& name) {
-    if (variable >= 0 && variable < StripVariableCount) {
+    if (variable >= 0 && variable < strip::VariableCount) {
         m_parts->Model.Names[static_cast<std::size_t>(variable)] = name;
         update();
     }
@@ -280,7 +281,7 @@ void StripChart::Antialiased(bool smoothed) {
     update();
 }
 
-void StripChart::Clock(StripClock clock) {
+void StripChart::Clock(strip::Clock clock) {
     m_parts->Clock = std::move(clock);
     ClearStrip();
 }
@@ -288,7 +289,7 @@ void StripChart::Clock(StripClock clock) {
 void StripChart::DrawFrame() {
     Parts& parts = *m_parts;
     parts.NewSamples = false;
-    StripModel& model = parts.Model;
+    strip::Model& model = parts.Model;
     if (model.History.Empty()) {
         return;
     }
@@ -314,7 +315,7 @@ void StripChart::Paint(QPainter& painter, const QRegion& region) {
     Prepare();
     m_parts->Layers.DrawFrame(m_parts->Model);
     m_parts->Layers.Paint(painter, region, m_parts->Model);
-    PaintStripOverlay(painter, m_parts->Model, m_parts->Layers);
+    strip::PaintOverlay(painter, m_parts->Model, m_parts->Layers);
 }
 
 QImage StripChart::Picture() {
@@ -430,7 +431,7 @@ void StripChart::wheelEvent(QWheelEvent* event) {
 }
 
 void StripChart::contextMenuEvent(QContextMenuEvent* event) {
-    const int line = StripLegendAt(m_parts->Layers.Layout(), event->pos());
+    const int line = strip::LegendAt(m_parts->Layers.Layout(), event->pos());
     if (line >= 0 && !m_parts->Model.Legend(line).isEmpty()) {
         m_parts->Model.LegendPick = line;
         ShowChange();
@@ -445,7 +446,7 @@ bool StripChart::event(QEvent* event) {
         return QWidget::event(event);
     }
     auto* help = static_cast<QHelpEvent*>(event);
-    const int line = StripLegendAt(m_parts->Layers.Layout(), help->pos());
+    const int line = strip::LegendAt(m_parts->Layers.Layout(), help->pos());
     if (line >= 0 && !m_parts->Model.Legend(line).isEmpty()) {
         QToolTip::showText(help->globalPos(),
                            tr("Click to hide or show this trace, with Ctrl to show it alone"),

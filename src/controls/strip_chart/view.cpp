@@ -3,22 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
-namespace tqx {
+namespace tqx::strip {
 
-void StripView::ColumnCount(int columns) {
+void View::ColumnCount(int columns) {
     m_columnCount = std::max(columns, 1);
     SetSpan(m_span);
     Place();
 }
 
-void StripView::Newest(StripTime newest) {
+void View::Newest(Time newest) {
     m_newest = newest;
     if (Following()) {
         Place();
     }
 }
 
-void StripView::Freeze(bool frozen) {
+void View::Freeze(bool frozen) {
     if (frozen) {
         m_begin = Begin();
     }
@@ -27,7 +27,7 @@ void StripView::Freeze(bool frozen) {
     Place();
 }
 
-void StripView::Live() {
+void View::Live() {
     m_following = true;
     m_frozen = false;
     m_wholeRun = false;
@@ -37,7 +37,7 @@ void StripView::Live() {
     Place();
 }
 
-void StripView::ShowWholeRun() {
+void View::ShowWholeRun() {
     m_following = true;
     m_frozen = false;
     m_wholeRun = true;
@@ -45,23 +45,23 @@ void StripView::ShowWholeRun() {
     Place();
 }
 
-void StripView::ZoomTime(double factor, double at) {
-    const StripTime begin = Begin();
-    const auto fixed = begin + static_cast<StripTime>(at * static_cast<double>(End() - begin));
+void View::ZoomTime(double factor, double at) {
+    const Time begin = Begin();
+    const auto fixed = begin + static_cast<Time>(at * static_cast<double>(End() - begin));
     m_wholeRun = false;
     const double longest = static_cast<double>(LongestSpan);
     SetSpan(std::llround(std::min(static_cast<double>(m_span) * factor, longest)));
-    Hold(fixed - static_cast<StripTime>(at * static_cast<double>(m_span)));
+    Hold(fixed - static_cast<Time>(at * static_cast<double>(m_span)));
 }
 
-void StripView::ZoomTimeAtEdge(double factor) {
+void View::ZoomTimeAtEdge(double factor) {
     const bool wasFollowing = Following() && !m_wholeRun;
     ZoomTime(factor, 1.0);
     m_following = m_following || wasFollowing;
     Place();
 }
 
-void StripView::PanTime(std::int64_t columns) {
+void View::PanTime(std::int64_t columns) {
     if (columns == 0) {
         return;
     }
@@ -69,21 +69,21 @@ void StripView::PanTime(std::int64_t columns) {
     Hold(Begin() + columns * m_columns.Width);
 }
 
-void StripView::SetSpan(StripTime span) {
+void View::SetSpan(Time span) {
     m_span = std::clamp(span, ShortestSpan, LongestSpan);
-    m_columns.Width = std::max<StripTime>(m_span / m_columnCount, 1);
+    m_columns.Width = std::max<Time>(m_span / m_columnCount, 1);
 }
 
 /// Stands the left edge at `begin`. A view that shows the newest sample follows, unless it is
 /// frozen; one earlier than the first sample or later than the last would show nothing.
-void StripView::Hold(StripTime begin) {
-    const StripTime latest = m_newest - m_span;
+void View::Hold(Time begin) {
+    const Time latest = m_newest - m_span;
     m_begin = std::clamp(begin, std::min(-m_span / 2, latest), std::max(latest, -m_span / 2));
     m_following = m_begin >= latest - m_columns.Width && !m_frozen;
     Place();
 }
 
-void StripView::Place() {
+void View::Place() {
     if (m_wholeRun && Following()) {
         m_columns.First = 0;
         if (m_columns.Of(m_newest) >= m_columnCount) {
@@ -96,7 +96,7 @@ void StripView::Place() {
     }
 }
 
-void StripView::Values(const StripRange& inner, const StripRange& outer) {
+void View::Values(const Range& inner, const Range& outer) {
     m_inner = inner;
     if (!(inner.Low < inner.High)) {
         m_inner.High = inner.Low + 1;
@@ -106,22 +106,22 @@ void StripView::Values(const StripRange& inner, const StripRange& outer) {
     m_zoomed = false;
 }
 
-void StripView::ZoomValues(double factor, double value) {
+void View::ZoomValues(double factor, double value) {
     const double span = std::clamp(m_values.Span() * factor, m_outer.Span() / 1000, m_outer.Span());
     const double below = (value - m_values.Low) / m_values.Span();
     SetValues(value - below * span, span);
 }
 
-void StripView::PanValues(double by) {
+void View::PanValues(double by) {
     if (by != 0) {
         SetValues(m_values.Low + by, m_values.Span());
     }
 }
 
-void StripView::SetValues(double low, double span) {
+void View::SetValues(double low, double span) {
     const double lowest = std::clamp(low, m_outer.Low, m_outer.High - span);
     m_values = {lowest, std::min(lowest + span, m_outer.High)};
     m_zoomed = m_values != m_inner;
 }
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -2,24 +2,24 @@
 
 #include "strip_chart/columns.h"
 
-namespace tqx {
+namespace tqx::strip {
 
-struct StripRange {
+struct Range {
     double Low;
     double High;
 
     double Span() const { return High - Low; }
 
-    bool operator==(const StripRange&) const = default;
+    bool operator==(const Range&) const = default;
 };
 
 /// Which stretch of time and which range of values a chart has on view, and how the user's hand
-/// moves them. Times are those of StripHistory.
-class StripView {
+/// moves them. Times are those of History.
+class View {
 public:
-    static constexpr StripTime DefaultSpan = 60 * StripSecond;
-    static constexpr StripTime ShortestSpan = StripSecond / 2;
-    static constexpr StripTime LongestSpan = StripTime{400} * 24 * 3600 * StripSecond;
+    static constexpr Time DefaultSpan = 60 * Second;
+    static constexpr Time ShortestSpan = Second / 2;
+    static constexpr Time LongestSpan = Time{400} * 24 * 3600 * Second;
 
     /// How many pixel columns the paper has; at least one.
     void ColumnCount(int columns);
@@ -27,16 +27,16 @@ public:
     int ColumnCount() const { return m_columnCount; }
 
     /// The time of the last sample of all: the right edge of a view that follows.
-    void Newest(StripTime newest);
+    void Newest(Time newest);
 
     /// The column numbers on view begin with First.
-    StripColumns Columns() const { return m_columns; }
+    strip::Columns Columns() const { return m_columns; }
 
-    StripTime Begin() const { return m_columns.Begin(m_columns.First); }
+    Time Begin() const { return m_columns.Begin(m_columns.First); }
 
-    StripTime End() const { return m_columns.Begin(m_columns.First + m_columnCount); }
+    Time End() const { return m_columns.Begin(m_columns.First + m_columnCount); }
 
-    StripTime Span() const { return m_span; }
+    Time Span() const { return m_span; }
 
     /// Whether new samples move the view.
     bool Following() const { return m_following && !m_frozen; }
@@ -70,11 +70,11 @@ public:
     void PanTime(std::int64_t columns);
 
     /// `inner` is on view until the user zooms; `outer` bounds every zoom.
-    void Values(const StripRange& inner, const StripRange& outer);
+    void Values(const Range& inner, const Range& outer);
 
-    StripRange Values() const { return m_values; }
+    Range Values() const { return m_values; }
 
-    StripRange OuterValues() const { return m_outer; }
+    Range OuterValues() const { return m_outer; }
 
     bool ValuesZoomed() const { return m_zoomed; }
 
@@ -85,23 +85,23 @@ public:
     void PanValues(double by);
 
 private:
-    void SetSpan(StripTime span);
-    void Hold(StripTime begin);
+    void SetSpan(Time span);
+    void Hold(Time begin);
     void Place();
     void SetValues(double low, double span);
 
     int m_columnCount = 1;
-    StripColumns m_columns;
-    StripTime m_newest = 0;
-    StripTime m_span = DefaultSpan;
-    StripTime m_begin = 0; ///< of a view that does not follow
+    strip::Columns m_columns;
+    Time m_newest = 0;
+    Time m_span = DefaultSpan;
+    Time m_begin = 0; ///< of a view that does not follow
     bool m_following = true;
     bool m_frozen = false;
     bool m_wholeRun = false;
-    StripRange m_inner{0, 1};
-    StripRange m_outer{0, 1};
-    StripRange m_values{0, 1};
+    Range m_inner{0, 1};
+    Range m_outer{0, 1};
+    Range m_values{0, 1};
     bool m_zoomed = false;
 };
 
-} // namespace tqx
+} // namespace tqx::strip

@@ -10,16 +10,20 @@
 
 namespace tqx {
 
+namespace strip {
+
 /// Where a chart takes the time from.
-struct StripClock {
+struct Clock {
     /// Goes on evenly and never back; says when a sample came.
     std::function<std::chrono::nanoseconds()> Steady;
     /// The clock on the wall; only names moments.
     std::function<std::chrono::system_clock::time_point()> Wall;
 
     /// The clocks of this machine.
-    static StripClock Machine();
+    static Clock Machine();
 };
+
+} // namespace strip
 
 /// How a chart asks where to save and tells what went wrong; replaced where no one can click.
 struct StripDoors {
@@ -104,7 +108,7 @@ public:
     void Antialiased(bool smoothed);
 
     /// Replaces the clock and empties the chart, whose times were the old one's.
-    void Clock(StripClock clock);
+    void Clock(strip::Clock clock);
 
     /// Replaces the dialogs.
     void Doors(StripDoors doors);
