@@ -2,9 +2,9 @@
 // 60 times a second, without a screen. Time is simulated, so the loop runs as fast as it can and
 // the processor time is what counts.
 //
-//   mode=run|feed     draw frames, or feed only                      aa=0|1     smoothed lines
+//   mode=run|feed     draw frames, or feed only                      rep=N      printed only
 //   hist=N            ticks that are already in the chart            ticks=N    ticks to measure
-//   window=60s|all    last minute or whole run on view               rep=N      printed only
+//   window=60s|all    last minute or whole run on view
 //   variant=live|anew draw what is new, or every column every frame  out=FILE   save the picture
 //   budget=SECONDS    stop measuring after this long
 //
@@ -12,6 +12,7 @@
 
 #include <controls/strip_chart.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
@@ -167,7 +168,6 @@ public:
         , m_waves(m_all ? m_history + m_ticks : 0) {
         const auto now = [this] { return m_now; };
         Chart.Clock({now, [now] { return std::chrono::system_clock::time_point(now()); }});
-        Chart.Antialiased(arguments.Number("aa", 0) == 1);
         Chart.YCeiling(100);
         Chart.YHigh(100);
         Chart.Caption(QStringLiteral("Monitor traces, live"));
@@ -246,9 +246,8 @@ public:
 
 private:
     void PrintHead(const char* mode) const {
-        std::printf("peer=console variant=%s mode=%s rep=%ld aa=%d hist=%ld ",
-                    m_anew ? "anew" : "live", mode, m_repetition, Chart.Antialiased() ? 1 : 0,
-                    m_history);
+        std::printf("peer=console variant=%s mode=%s rep=%ld hist=%ld ", m_anew ? "anew" : "live",
+                    mode, m_repetition, m_history);
     }
 
     void Feed() {
@@ -260,9 +259,19 @@ private:
         ++m_tick;
     }
 
+    QAction* Action(const char* text) {
+        for (QAction* action : Chart.actions()) {
+            if (action->text() == QLatin1String(text)) {
+                return action;
+            }
+        }
+        std::abort();
+    }
+
     void Frame() {
         if (m_anew) {
-            Chart.Antialiased(Chart.Antialiased());
+            m_zoomed = !m_zoomed; // other columns, every one of them
+            (m_zoomed ? m_zoomIn : m_zoomOut)->trigger();
         }
         Chart.DrawFrame();
         QCoreApplication::processEvents();
@@ -290,6 +299,9 @@ private:
 
     bool m_all;
     bool m_anew;
+    bool m_zoomed = false;
+    QAction* m_zoomIn = Action("Zoom time &in");
+    QAction* m_zoomOut = Action("Zoom time &out");
     long m_history;
     long m_ticks;
     long m_budget; ///< in ms

@@ -5,6 +5,8 @@
 //
 //   soak_strip_chart [hours=24]
 
+#include "support/answered_dialogs.h"
+
 #include <controls/strip_chart.h>
 
 #include <QApplication>
@@ -64,11 +66,10 @@ void Fidget(tqx::StripChart& chart, long step) {
 /// How many rows of the export of all samples hold a peak.
 long PeaksExported(tqx::StripChart& chart) {
     const QTemporaryDir folder;
-    QString name = folder.filePath(QStringLiteral("all.csv"));
-    chart.Doors({[&name](QWidget*, const QString&, const QString&, const QString&) { return name; },
-                 [](QWidget*, const QString&, const QString& text) {
-                     std::fprintf(stderr, "%s\n", qPrintable(text));
-                 }});
+    const QString name = folder.filePath(QStringLiteral("all.csv"));
+    tqx::test::AnsweredDialogs dialogs;
+    dialogs.FileName = name;
+    chart.Dialogs(dialogs);
     chart.ExportSamples(true);
     QFile file(name);
     return file.open(QIODevice::ReadOnly) ? file.readAll().count(",14,") : 0;

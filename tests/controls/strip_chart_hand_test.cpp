@@ -1,20 +1,23 @@
-#include "strip_chart/history.h"
+#include "support/answered_dialogs.h"
 
 #include <controls/strip_chart.h>
 
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDateTime>
+#include <QHelpEvent>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QToolButton>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <cmath>
-#include <functional>
+#include <csignal>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <set>
+#include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace tqx {
 namespace {
@@ -32,11 +35,8 @@ protected:
         chart.Clock(
             {[this] { return now; },
              [this] { return std::chrono::system_clock::time_point(1'700'000'000s + now); }});
-        chart.Doors({[this](QWidget*, const QString&, const QString& suggested, const QString&) {
-                         suggestions.append(suggested);
-                         return answer;
-                     },
-                     [this](QWidget*, const QString&, const QString& text) { told.append(text); }});
+        chart.Dialogs(dialogs);
+        chart.Unit("C");
         chart.YFloor(-128);
         chart.YCeiling(125);
         chart.YHigh(50);
@@ -94,12 +94,16 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
+    /// What the clock of the place shows at a moment of the run.
+    static QString Clock(double seconds) {
+        return QDateTime::fromMSecsSinceEpoch(qint64{1'700'000'000'000} + qint64(seconds * 1000))
+            .toString("HH mm ss");
+    }
+
     static constexpr int ChartWidth = 800;
     std::chrono::nanoseconds now{0};
+    test::AnsweredDialogs dialogs;
     StripChart chart;
-    QString answer;
-    QStringList suggestions;
-    QStringList told;
     QTemporaryDir folder;
     const QPoint paper{300, 200};
     const QPoint firstOfLegend{ChartWidth - 60, 54};
@@ -115,57 +119,9 @@ TEST_F(StripChartHand, SpaceFreezesThePictureAndNoSampleIsLost) {
     Key(Qt::Key_Space);
     EXPECT_TRUE(chart.Following());
     EXPECT_NE(body(), frozen);
-    answer = folder.filePath("all.csv");
+    dialogs.FileName = folder.filePath("all.csv");
     Key(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(FileText(answer).count('\n'), 1 + 1100);
-}
-
-TEST_F(StripChartHand, TheWheelZoomsTimeAndWithCtrlOrShiftValues) {
-    Wheel(paper, 120);
-    EXPECT_NEAR(Seconds(), 48, 0.01);
-    EXPECT_FALSE(chart.Following());
-    for (const auto modifier : {Qt::ControlModifier, Qt::ShiftModifier}) {
-        const double span = chart.HighOnView() - chart.LowOnView();
-        Wheel(paper, 120, modifier);
-        EXPECT_NEAR(chart.HighOnView() - chart.LowOnView(), span / 1.25, 1e-9);
-    }
-    EXPECT_NEAR(Seconds(), 48, 0.01);
-    EXPECT_EQ(chart.YLow(), 0) << "the program's range is its own";
-    EXPECT_EQ(chart.YHigh(), 50);
-}
-
-TEST_F(StripChartHand, ADragPansAndThreeRoadsLeadBackToLive) {
-    auto* live = chart.findChild<QToolButton*>("LiveButton");
-    const std::function<void()> roads[] = {
-        [this] { Key(Qt::Key_Home); },
-        [this] {
-            QTest::mouseClick(&chart, Qt::LeftButton, {}, paper);
-            QTest::mouseDClick(&chart, Qt::LeftButton, {}, paper);
-        },
-        [live] { QTest::mouseClick(live, Qt::LeftButton); },
-    };
-    for (const auto& backToLive : roads) {
-        QTest::mousePress(&chart, Qt::LeftButton, {}, paper);
-        QTest::mouseMove(&chart, paper + QPoint(50, 2));
-        QTest::mouseMove(&chart, paper + QPoint(100, 20));
-        QTest::mouseMove(&chart, paper + QPoint(100, 40));
-        QTest::mouseRelease(&chart, Qt::LeftButton, {}, paper + QPoint(100, 40));
-        EXPECT_FALSE(chart.Following());
-        EXPECT_GT(chart.LowOnView(), 0) << "pulling the paper down shows higher values";
-        EXPECT_TRUE(chart.ReadoutText().isEmpty()) << "a drag is no click";
-        backToLive();
-        EXPECT_TRUE(chart.Following());
-        EXPECT_FALSE(live->isEnabled());
-        EXPECT_EQ(chart.LowOnView(), 0);
-        EXPECT_TRUE(chart.ReadoutText().isEmpty()) << "a double click leaves no cursor behind";
-    }
-}
-
-TEST_F(StripChartHand, AnEmptyChartNamesNoMoment) {
-    chart.ClearStrip();
-    Key(Qt::Key_Space);
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, QPoint(200, 200));
-    EXPECT_EQ(chart.StateText(), "Frozen. New samples are kept.\n\t-");
+    EXPECT_EQ(FileText(dialogs.FileName).count('\n'), 1 + 1100);
 }
 
 TEST_F(StripChartHand, ACursorReadsTheSampleBeforeItAndASecondTheDifference) {
@@ -206,6 +162,71 @@ TEST_F(StripChartHand, ACursorIsDraggedAndMovedByKeys) {
     EXPECT_GT(reading(), clicked + 10);
 }
 
+TEST_F(StripChartHand, ASampleIsOnTheScreenByItself) {
+    const QImage before = chart.grab().toImage();
+    now += 5s;
+    chart.AddStripPoint(1, 40);
+    QTest::qWait(50);
+    EXPECT_NE(chart.grab().toImage(), before);
+}
+
+TEST_F(StripChartHand, KeysSetTheirOwnCursorsAndFitTheValues) {
+    const auto cursors = [this] { return chart.ReadoutText().section('\n', 0, 0); };
+    Key(Qt::Key_2);
+    const QString second = cursors();
+    Key(Qt::Key_1);
+    EXPECT_EQ(cursors().section('\t', 0, 0), "C");
+    EXPECT_EQ(cursors().section('\t', 2, 2), second.section('\t', 1, 1));
+    EXPECT_LT(cursors().section('\t', 1, 1), cursors().section('\t', 2, 2));
+    Key(Qt::Key_F);
+    EXPECT_NEAR(chart.LowOnView(), 20 - 0.05 * 69, 0.5);
+    EXPECT_NEAR(chart.HighOnView(), 89 + 0.05 * 69, 0.5);
+}
+
+TEST_F(StripChartHand, TheGridIsThereFromTheFirstSampleOn) {
+    chart.ClearStrip();
+    chart.grab();
+    now += 1s;
+    chart.AddStripPoint(1, 40);
+    chart.DrawFrame();
+    const QImage first = chart.Picture();
+    chart.Unit("V"); // lays the chart out anew
+    chart.Unit("C");
+    Key(Qt::Key_Plus);
+    Key(Qt::Key_Minus); // and has its paper drawn anew
+    EXPECT_EQ(chart.Picture(), first);
+}
+
+TEST_F(StripChartHand, TheStandstillSaysSinceWhen) {
+    Key(Qt::Key_Space);
+    EXPECT_EQ(chart.StateText(), "Frozen at " + Clock(89.9) + ". New samples are kept.");
+    Key(Qt::Key_Left);
+    Run(3s);
+    EXPECT_EQ(chart.StateText(), "Frozen at " + Clock(89.9) + ". New samples are kept.");
+    chart.Stopped(true);
+    EXPECT_EQ(chart.StateText(), "Frozen at " + Clock(89.9) + ". Stopped at " + Clock(92.9) + ".");
+    Key(Qt::Key_Home);
+    EXPECT_EQ(chart.StateText(), "Stopped at " + Clock(92.9) + ".");
+    chart.ClearStrip();
+    EXPECT_EQ(chart.StateText(), "Stopped.") << "no moment has a name yet";
+    chart.Stopped(false);
+    EXPECT_EQ(chart.StateText(), "");
+}
+
+TEST_F(StripChartHand, ATraceIsNamedUnderThePointer) {
+    chart.NameVariable(0, "Internal Temp");
+    QStringList names;
+    for (int y = 50; y < 360; ++y) {
+        const QPoint at(300, y);
+        QHelpEvent event(QEvent::ToolTip, at, chart.mapToGlobal(at));
+        QApplication::sendEvent(&chart, &event);
+        if (event.isAccepted() && !names.contains(QToolTip::text())) {
+            names << QToolTip::text();
+        }
+    }
+    EXPECT_EQ(names, QStringList({"Internal Temp", "External Temp 1"})) << "with a line or without";
+}
+
 TEST_F(StripChartHand, NothingIsReadInAGap) {
     now += 60s;
     Run(1s);
@@ -230,6 +251,9 @@ TEST_F(StripChartHand, TheLegendHidesShowsAndSinglesOut) {
     Key(Qt::Key_A);
     EXPECT_EQ(TracesShown(), "++");
     Key(Qt::Key_Down);
+    Key(Qt::Key_Return);
+    EXPECT_EQ(TracesShown(), "-+");
+    Key(Qt::Key_Return);
     Key(Qt::Key_Down);
     Key(Qt::Key_Return);
     EXPECT_EQ(TracesShown(), "+-");
@@ -237,28 +261,6 @@ TEST_F(StripChartHand, TheLegendHidesShowsAndSinglesOut) {
     EXPECT_EQ(TracesShown(), "-+");
     Key(Qt::Key_O);
     EXPECT_EQ(TracesShown(), "++");
-}
-
-TEST_F(StripChartHand, TheTableOfReadoutsIsDraggedOutOfTheWay) {
-    const QPoint table(90, 90);
-    const QPoint aside(90, 250);
-    const QRect covered(table - QPoint(10, 10), QSize(60, 30));
-    Key(Qt::Key_Space);
-    const QImage bare = chart.Picture();
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, paper);
-    const QString readout = chart.ReadoutText();
-    const QImage before = chart.Picture();
-    EXPECT_NE(before.copy(covered), bare.copy(covered));
-    QTest::mousePress(&chart, Qt::LeftButton, {}, table);
-    QMouseEvent move(QEvent::MouseMove, aside, chart.mapToGlobal(aside), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(&chart, &move);
-    QTest::mouseRelease(&chart, Qt::LeftButton, {}, aside);
-    EXPECT_EQ(chart.Picture().copy(covered), bare.copy(covered)) << "what it covered is in sight";
-    EXPECT_EQ(chart.ReadoutText(), readout) << "neither the cursor nor the view went along";
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, aside);
-    QTest::mouseDClick(&chart, Qt::LeftButton, {}, aside);
-    EXPECT_EQ(chart.Picture(), before) << "a double click lets it find its place again";
 }
 
 TEST_F(StripChartHand, KeysZoomPanAndShowTheWholeRun) {
@@ -271,76 +273,59 @@ TEST_F(StripChartHand, KeysZoomPanAndShowTheWholeRun) {
     Key(Qt::Key_Up, Qt::ControlModifier);
     EXPECT_NEAR(chart.LowOnView(), 9, 1e-9);
     Key(Qt::Key_Left);
-    EXPECT_FALSE(chart.Following());
+    Key(Qt::Key_Plus);
+    EXPECT_FALSE(chart.Following()) << "the view that was moved back stays there";
     Key(Qt::Key_PageDown);
     EXPECT_TRUE(chart.Following());
     Key(Qt::Key_W);
     EXPECT_GT(Seconds(), 89);
 }
 
-TEST_F(StripChartHand, EmptyingTheChartUndoesWhatTheHandDid) {
-    Key(Qt::Key_Space);
-    Key(Qt::Key_1);
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, firstOfLegend);
-    chart.ClearStrip();
-    EXPECT_TRUE(chart.Following());
-    EXPECT_TRUE(chart.TraceShown(0));
-    EXPECT_TRUE(chart.ReadoutText().isEmpty());
-    EXPECT_TRUE(chart.LatestText().isEmpty());
-    Run(1s);
-    EXPECT_FALSE(chart.LatestText().isEmpty());
-}
-
 TEST_F(StripChartHand, ThePictureIsCopiedAndSaved) {
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->image().size(), chart.Picture().size());
-    answer = folder.filePath("chart.png");
+    dialogs.FileName = folder.filePath("chart.png");
     Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(QImage(answer).size(), chart.Picture().size());
-    EXPECT_THAT(suggestions[0].toStdString(), AllOf(StartsWith("Temperature "), EndsWith(".png")));
-    EXPECT_TRUE(told.isEmpty());
+    EXPECT_EQ(QImage(dialogs.FileName).size(), chart.Picture().size());
+    EXPECT_THAT(dialogs.Suggested.toStdString(),
+                AllOf(StartsWith("Temperature "), EndsWith(".png")));
+    const QString size = QString::number(QFile(dialogs.FileName).size());
+    EXPECT_EQ(dialogs.Messages, QStringList("none|Save the picture|" + dialogs.FileName +
+                                            " is saved: " + size + " bytes."));
 }
 
 TEST_F(StripChartHand, TheSamplesOnViewOfTheTracesShownAreExported) {
     QTest::mouseClick(&chart, Qt::LeftButton, {}, firstOfLegend);
-    answer = folder.filePath("view.csv");
+    dialogs.FileName = folder.filePath("view.csv");
     Key(Qt::Key_E, Qt::ControlModifier);
-    const QList<QByteArray> lines = FileText(answer).trimmed().split('\n');
-    EXPECT_EQ(lines[0], "Time,Seconds,Kind,External Temp 0,External Temp 1");
+    const QList<QByteArray> lines = FileText(dialogs.FileName).trimmed().split('\n');
+    EXPECT_EQ(lines[0], "Time,Seconds,Kind,External Temp 0 (C),External Temp 1 (C)");
     EXPECT_NEAR(static_cast<double>(lines.size()), 601, 2);
     EXPECT_TRUE(lines.last().endsWith(",89.900000,sample,89,20")) << lines.last().toStdString();
 }
 
 TEST_F(StripChartHand, AFileThatCannotBeWrittenIsToldAndACancelledDialogIsNot) {
-    answer = folder.filePath("no such folder/view.csv");
-    Key(Qt::Key_E, Qt::ControlModifier);
     Key(Qt::Key_S, Qt::ControlModifier);
-    ASSERT_EQ(told.size(), 2);
-    EXPECT_THAT(told[0].toStdString(), HasSubstr("could not be saved"));
-    answer.clear();
-    Key(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(told.size(), 2);
-}
+    EXPECT_TRUE(dialogs.Messages.isEmpty());
+    const auto told = [this](const QString& name) {
+        dialogs.FileName = folder.filePath(name);
+        Key(Qt::Key_E, Qt::ControlModifier);
+        return dialogs.Messages.takeLast().toStdString();
+    };
+    EXPECT_THAT(told("no such folder/view.csv"), HasSubstr("No such file or directory"));
+    const QString pipe = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(qPrintable(pipe), 0600), 0);
+    EXPECT_THAT(told("pipe"), HasSubstr("no ordinary file"));
+    EXPECT_TRUE(QFile::exists(pipe)) << "it is still there";
 
-TEST_F(StripChartHand, CaptionsAndColoursAreAddressedByTheirNumber) {
-    std::set<std::uint32_t> colours;
-    for (int variable = 0; variable < strip::VariableCount; ++variable) {
-        chart.VariableIndex(variable);
-        colours.insert(chart.VariableColor());
-    }
-    EXPECT_EQ(colours.size(), static_cast<std::size_t>(strip::VariableCount));
-    EXPECT_EQ(*colours.rbegin() >> 24, 0U);
-    chart.CaptionIndex(3);
-    chart.CaptionColor(0x0000FF);
-    for (const int other : {1, 2, 19}) {
-        chart.CaptionIndex(other);
-        EXPECT_NE(chart.CaptionColor(), 0x0000FFU);
-        EXPECT_NE(chart.Caption(), "External Temp 0");
-    }
-    chart.CaptionIndex(3);
-    EXPECT_EQ(chart.CaptionColor(), 0x0000FFU);
-    EXPECT_EQ(chart.property("YFloor").toDouble(), -128);
-    EXPECT_EQ(chart.property("YCeiling").toDouble(), 125);
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{10'000, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THAT(told("view.csv"), HasSubstr("File too large")) << "the reason of a short write";
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_FALSE(QFile::exists(dialogs.FileName));
 }
 
 TEST_F(StripChartHand, AScreenReaderHearsTitleValuesAndState) {

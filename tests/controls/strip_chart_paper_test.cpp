@@ -1,5 +1,7 @@
 #include "strip_chart/paper.h"
 
+#include <controls/look.h>
+
 #include <QPainter>
 
 #include <cmath>
@@ -63,16 +65,13 @@ protected:
 
 TEST_F(StripPaperDrawing, ManySmallStepsShowWhatOneDrawingShows) {
     for (const double ratio : {1.0, 2.0, 1.5}) {
-        for (const bool smooth : {true, false}) {
-            setup.PixelRatio = ratio;
-            setup.Antialiased = smooth;
-            paper.Invalidate();
-            for (const int ticks : {1, 3, 700, 3, 4, 3, 50, 1, 2900, 3, 3}) {
-                Feed(ticks);
-                paper.Draw(history, setup);
-            }
-            EXPECT_EQ(Shown(paper), DrawnAtOnce()) << ratio << ' ' << smooth;
+        setup.PixelRatio = ratio;
+        paper.Invalidate();
+        for (const int ticks : {1, 3, 700, 3, 4, 3, 50, 1, 2900, 3, 3}) {
+            Feed(ticks);
+            paper.Draw(history, setup);
         }
+        EXPECT_EQ(Shown(paper), DrawnAtOnce()) << ratio;
     }
 }
 
@@ -87,32 +86,38 @@ TEST_F(StripPaperDrawing, PanningShowsWhatOneDrawingShows) {
     }
 }
 
-TEST_F(StripPaperDrawing, AFrameDrawsTheNewColumnsOnly) {
-    Feed(4000);
-    paper.Draw(history, setup);
-    EXPECT_TRUE(paper.Draw(history, setup).Empty());
-    now += 1; // within the newest column
-    history.Add(0, now, 50);
-    const Paper::Change change = paper.Draw(history, setup);
-    EXPECT_EQ(change.End, Size.width());
-    EXPECT_GE(change.Begin, Size.width() - 3);
-}
-
-TEST_F(StripPaperDrawing, AHiddenTraceAndValuesBeyondThePaperLeaveItBlank) {
-    setup.ValueStep = 1000;
-    setup.TimeStep = 1000 * Second;
-    setup.View.Newest(120 * Second);
-    const QImage blank = DrawnAtOnce();
-    const double infinity = std::numeric_limits<double>::infinity();
-    for (const double value : {-12.0, 1e300, infinity, -infinity, -1e300, 112.0}) {
-        now += 20 * Second;
-        history.Add(2, now, value);
+TEST_F(StripPaperDrawing, GridAndTracesLieWhereTheirValuesAre) {
+    for (int i = 0; i <= 60; ++i) {
+        history.Add(8, i * Second, i < 30 ? 80 : 30); // red
+        history.Add(5, i * Second, 60);
     }
-    history.Add(5, now, 50);
     setup.Inks[5].Shown = false;
-    EXPECT_EQ(DrawnAtOnce(), blank);
-    setup.Inks[5].Shown = true;
-    EXPECT_NE(DrawnAtOnce(), blank);
+    setup.View.Newest(history.Newest());
+    paper.Draw(history, setup);
+    constexpr int Left = 7;
+    constexpr int Top = 5;
+    QImage screen(Size + QSize(2 * Left, 2 * Top), QImage::Format_RGB32);
+    screen.fill(Qt::green);
+    QPainter painter(&screen);
+    paper.CopyTo(painter, {Left, Top}, screen.rect());
+    const auto at = [&](double seconds, double value) {
+        const auto column =
+            static_cast<int>(setup.View.Columns().Of(static_cast<Time>(seconds * 1e9))) -
+            static_cast<int>(setup.View.Columns().First);
+        return screen.pixel(
+            Left + column,
+            Top + static_cast<int>(std::lround(RowOf(value, setup.View.Values(), Size.height()))));
+    };
+    EXPECT_EQ(screen.pixel(Left - 1, 50), QColor(Qt::green).rgb());
+    EXPECT_EQ(screen.pixel(Left + Size.width(), 50), QColor(Qt::green).rgb());
+    const auto red = [](QRgb pixel) { return qRed(pixel) > 240 && qGreen(pixel) < 64; };
+    EXPECT_TRUE(red(at(10.5, 80)));
+    EXPECT_TRUE(red(at(45.5, 30)));
+    EXPECT_EQ(at(45.5, 80), look::PaperGrid) << "a line of values";
+    EXPECT_EQ(at(20, 50), look::PaperGrid) << "a line of time";
+    EXPECT_EQ(at(21, 50), look::Paper);
+    EXPECT_EQ(at(45.5, 65), look::Paper);
+    EXPECT_EQ(at(45.5, 60), look::PaperGrid) << "a hidden trace is not drawn";
 }
 
 TEST(StripInks, OnlyTracesTooLightForThePaperAreCased) {

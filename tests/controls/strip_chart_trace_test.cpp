@@ -90,23 +90,17 @@ TEST(StripTrace, ReadsTheSampleBeforeAMoment) {
     EXPECT_TRUE(trace.ReadAt(1'000'000)->Exact);
 }
 
-TEST(StripTrace, AWeekAtAHundredTicksASecondKeepsItsPeaksWithinItsMemory) {
-    // One sample in 8 s stands for the rate: the bound follows from the capacities alone, and what
-    // is to be shown is that the widest level takes years by doubling and forgets nothing.
+TEST(StripTrace, ReadsTheLastSampleOfASlotWhereSamplesAreNoLongerKept) {
     Trace trace;
-    constexpr Time Step = 8 * Second;
-    constexpr std::int64_t Count = 8'000'000; // two years
-    for (std::int64_t i = 0; i < Count; ++i) {
-        trace.Add(i * Step, i == 5 ? -70.0 : i == Count / 3 ? 90.0 : 1.0);
+    constexpr Time Step = Trace::NarrowestSlot / 4;
+    for (std::size_t i = 0; i < 2 * Trace::RawCapacity; ++i) {
+        trace.Add(static_cast<Time>(i) * Step, static_cast<double>(i));
     }
-    std::vector<Extent> extents(100);
-    const Columns columns{0, Count * Step / 100};
-    FindExtents(trace, columns, extents);
-    EXPECT_EQ(extents[0].Low, -70.0F);
-    EXPECT_EQ(extents[33].High, 90.0F);
-    EXPECT_EQ(extents[50].High, 1.0F);
-    EXPECT_EQ(extents[99].Low, 1.0F);
-    EXPECT_LE(trace.Closed(Trace::LevelCount - 1).Size(), Trace::SlotCapacity);
+    const auto reading = trace.ReadAt(6 * Trace::NarrowestSlot + Step);
+    ASSERT_TRUE(reading);
+    EXPECT_FALSE(reading->Exact);
+    EXPECT_EQ(reading->Value, 15) << "the last one of the slot that had ended";
+    EXPECT_EQ(reading->Time, 4 * Trace::NarrowestSlot - 1);
 }
 
 TEST(StripHistory, SeventeenTracesOfADayStayBelow48MiB) {
@@ -143,32 +137,6 @@ TEST(StripColumns, ALineRunsThroughTheColumnsBetweenItsSamplesButNotAcrossAGap) 
     EXPECT_TRUE(extents[3].Empty());
     EXPECT_THAT(extents[4], is(7, 7));
     EXPECT_TRUE(extents[5].Empty());
-}
-
-TEST(StripColumns, SamplesFarApartAreNotJoined) {
-    Trace trace;
-    trace.Add(0, 1);
-    trace.Add(LongestJoin, 1);
-    trace.Add(3 * LongestJoin, 1);
-    std::vector<Extent> extents(40);
-    FindExtents(trace, {0, LongestJoin / 10}, extents);
-    EXPECT_FALSE(extents[5].Empty());
-    EXPECT_TRUE(extents[15].Empty());
-}
-
-TEST(StripTrace, InfiniteAndHugeValuesSurvive) {
-    Trace trace;
-    const double infinity = std::numeric_limits<double>::infinity();
-    Time time = 0;
-    for (const double value : {0.0, infinity, -infinity, 1e300, -1e300, NaN, 1.0}) {
-        trace.Add(time += 30'000'000, value);
-    }
-    for (const Time width : {Time{1'000'000}, Time{50'000'000}, 9 * Second}) {
-        std::vector<Extent> extents(50);
-        FindExtents(trace, {0, width}, extents);
-        EXPECT_TRUE(std::any_of(extents.begin(), extents.end(),
-                                [](const Extent& extent) { return !extent.Empty(); }));
-    }
 }
 
 } // namespace

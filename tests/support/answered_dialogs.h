@@ -29,6 +29,11 @@ public:
         Suggested = suggested;
         return FileName;
     }
+
+    QString NewFileName(QWidget* parent, const QString& title, const QString& suggested,
+                        const QString& filter) override {
+        return SaveFileName(parent, title, suggested, filter);
+    }
 };
 
 } // namespace tqx::test

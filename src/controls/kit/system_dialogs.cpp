@@ -1,6 +1,7 @@
 #include "controls/system_dialogs.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 namespace tqx {
@@ -25,6 +26,15 @@ QString DesktopDialogs::SaveFileName(QWidget* parent, const QString& title,
                                      const QString& suggested, const QString& filter) {
     return QFileDialog::getSaveFileName(parent, title, suggested, filter, nullptr,
                                         QFileDialog::DontConfirmOverwrite);
+}
+
+QString DesktopDialogs::NewFileName(QWidget* parent, const QString& title, const QString& suggested,
+                                    const QString& filter) {
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
+    dialog.selectFile(suggested);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 } // namespace tqx

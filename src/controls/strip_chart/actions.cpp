@@ -2,22 +2,23 @@
 
 #include "controls/accessible_control.h"
 #include "controls/look.h"
+#include "controls/system_dialogs.h"
 #include "strip_chart/csv.h"
 #include "strip_chart/parts.h"
 
+#include <QBuffer>
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMenu>
-#include <QMessageBox>
 #include <QSaveFile>
 #include <QStringList>
 #include <QToolButton>
 
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace tqx {
@@ -38,7 +39,8 @@ constexpr std::array<Entry, static_cast<std::size_t>(strip::Command::Count)> Ent
     {QT_TRANSLATE_NOOP("StripChart", "Zoom time &in"), {"+", "="}},
     {QT_TRANSLATE_NOOP("StripChart", "Zoom time &out"), {"-"}},
     {QT_TRANSLATE_NOOP("StripChart", "Zoom values in"), {"Ctrl++", "Ctrl+="}},
-    {QT_TRANSLATE_NOOP("StripChart", "Zoom values out"), {"Ctrl+-"}, false, true},
+    {QT_TRANSLATE_NOOP("StripChart", "Zoom values out"), {"Ctrl+-"}},
+    {QT_TRANSLATE_NOOP("StripChart", "Fi&t the values on view"), {"F"}, false, true},
     {QT_TRANSLATE_NOOP("StripChart", "Cursor &1"), {"1"}, true},
     {QT_TRANSLATE_NOOP("StripChart", "Cursor &2"), {"2"}, true},
     {QT_TRANSLATE_NOOP("StripChart", "&Remove the cursors"), {"Esc"}},
@@ -160,6 +162,7 @@ void StripChart::ConnectCommands() {
     on(strip::Command::ZoomOut, [&hand] { hand.ZoomTime(-1); });
     on(strip::Command::ZoomValuesIn, [&hand] { hand.ZoomValues(1); });
     on(strip::Command::ZoomValuesOut, [&hand] { hand.ZoomValues(-1); });
+    on(strip::Command::FitValues, [&hand] { hand.FitValues(); });
     on(strip::Command::FirstCursor, [&hand] { hand.ToggleCursor(0); });
     on(strip::Command::SecondCursor, [&hand] { hand.ToggleCursor(1); });
     on(strip::Command::NoCursors, [&model] { model.Cursors = {}; });
@@ -266,22 +269,8 @@ QString StripChart::ReadoutText() const {
     return m_parts->Model.Cursors.Any() ? strip::ReadOut(m_parts->Model).Text() : QString();
 }
 
-StripDoors StripDoors::Desktop() {
-    return {
-        [](QWidget* parent, const QString& title, const QString& suggested, const QString& filter) {
-            QFileDialog dialog(parent, title, QString(), filter);
-            dialog.setAcceptMode(QFileDialog::AcceptSave);
-            dialog.setDefaultSuffix(QFileInfo(suggested).suffix());
-            dialog.selectFile(suggested);
-            return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-        },
-        [](QWidget* parent, const QString& title, const QString& text) {
-            QMessageBox::warning(parent, title, text);
-        }};
-}
-
-void StripChart::Doors(StripDoors doors) {
-    m_parts->Doors = std::move(doors);
+void StripChart::Dialogs(SystemDialogs& dialogs) {
+    m_parts->Dialogs = &dialogs;
 }
 
 void StripChart::ConnectFileCommands() {
@@ -303,54 +292,71 @@ QString StripChart::AskFileName(const QString& title, const QString& suffix,
     const QString stamp =
         QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH-mm-ss"));
     const QString name = Title().isEmpty() ? tr("Chart") : Title();
-    return m_parts->Doors.SaveFileName(this, title, name + QLatin1Char(' ') + stamp + suffix,
-                                       filter);
+    return m_parts->Dialogs->NewFileName(this, title, name + QLatin1Char(' ') + stamp + suffix,
+                                         filter);
 }
 
 namespace {
 
 /// Writes a file so that one that was there before stays when anything fails. What went wrong in
 /// words; empty when all is well.
-template <typename Write>
-QString SaveWhole(const QString& name, Write write) {
+QString SaveWhole(const QString& name, const QByteArray& content) {
+    namespace fs = std::filesystem;
+    std::error_code none;
+    const fs::file_status status = fs::status(name.toStdString(), none);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        return QStringLiteral("%1 could not be saved: it is no ordinary file.").arg(name);
+    }
     QSaveFile file(name);
-    const bool written = file.open(QIODevice::WriteOnly) && write(file) && file.commit();
-    return written ? QString()
-                   : StripChart::tr("%1 could not be saved: %2. A file of this name that was there "
-                                    "before is unchanged.")
-                         .arg(name, file.errorString());
+    // A disk that fills up takes a part without a reason; only the next write is given one.
+    if (file.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) {
+        qint64 taken = 1;
+        for (qint64 done = 0; taken > 0 && done < content.size(); done += taken) {
+            taken = file.write(content.data() + done, content.size() - done);
+        }
+        if (taken > 0 && file.commit()) {
+            return {};
+        }
+    }
+    return QStringLiteral("%1 could not be saved: %2. A file of this name that was there before is "
+                          "unchanged.")
+        .arg(name, file.errorString());
 }
 
 } // namespace
 
+void StripChart::SaveAndTell(const QString& title, const QString& name, const QByteArray& content) {
+    const QString trouble = SaveWhole(name, content);
+    if (trouble.isEmpty()) {
+        m_parts->Dialogs->Message(
+            this, SystemDialogs::Icon::None, title,
+            QStringLiteral("%1 is saved: %2 bytes.").arg(name).arg(content.size()));
+    } else {
+        m_parts->Dialogs->Message(this, SystemDialogs::Icon::Exclamation, title, trouble);
+    }
+}
+
 void StripChart::SavePicture() {
-    const QImage picture = Picture();
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    Picture().save(&buffer, "PNG");
     const QString title = tr("Save the picture");
     const QString name = AskFileName(title, QStringLiteral(".png"), tr("Pictures (*.png)"));
-    if (name.isEmpty()) {
-        return;
-    }
-    const QString trouble =
-        SaveWhole(name, [&picture](QSaveFile& file) { return picture.save(&file, "PNG"); });
-    if (!trouble.isEmpty()) {
-        m_parts->Doors.Message(this, title, trouble);
+    if (!name.isEmpty()) {
+        SaveAndTell(title, name, png);
     }
 }
 
 void StripChart::ExportSamples(bool all) {
     const QString title = all ? tr("Export all samples") : tr("Export the samples on view");
     // What was on view when the key was pressed, though samples go on coming under the dialog.
-    strip::Selection selection =
+    const strip::Selection selection =
         all ? strip::SelectAll(m_parts->Model) : strip::SelectOnView(m_parts->Model);
     const QString name =
         AskFileName(title, QStringLiteral(".csv"), tr("Comma-separated values (*.csv)"));
-    if (name.isEmpty()) {
-        return;
-    }
-    const QString trouble = SaveWhole(
-        name, [&](QSaveFile& file) { return strip::WriteCsv(file, m_parts->Model, selection); });
-    if (!trouble.isEmpty()) {
-        m_parts->Doors.Message(this, title, trouble);
+    if (!name.isEmpty()) {
+        SaveAndTell(title, name, strip::CsvText(m_parts->Model, selection));
     }
 }
 

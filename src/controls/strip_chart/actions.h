@@ -17,6 +17,7 @@ enum class Command {
     ZoomOut,
     ZoomValuesIn,
     ZoomValuesOut,
+    FitValues,
     FirstCursor,
     SecondCursor,
     NoCursors,

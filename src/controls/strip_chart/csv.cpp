@@ -1,7 +1,6 @@
 #include "strip_chart/csv.h"
 
 #include <QDateTime>
-#include <QIODevice>
 #include <QTimeZone>
 
 #include <algorithm>
@@ -10,8 +9,6 @@
 
 namespace tqx::strip {
 namespace {
-
-constexpr qsizetype BufferSize = 1 << 16;
 
 /// The shortest text that reads back as the same number. One that came from a measurement in
 /// single precision is written as such: 1.498 rather than 1.4980000257492065.
@@ -34,18 +31,18 @@ QByteArray Quoted(const QString& name) {
     return text;
 }
 
-/// Writes rows and keeps whether all of them arrived.
 class CsvWriter {
 public:
-    CsvWriter(QIODevice& device, const Model& model, const Selection& selection)
-        : m_device(device)
-        , m_model(model)
+    CsvWriter(const Model& model, const Selection& selection)
+        : m_model(model)
         , m_selection(selection) {}
 
     void Headings() {
+        const QString unit =
+            m_model.Unit.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(m_model.Unit);
         m_text = "Time,Seconds,Kind";
         for (const int variable : m_selection.Variables) {
-            m_text += ',' + Quoted(m_model.Name(variable));
+            m_text += ',' + Quoted(m_model.Name(variable) + unit);
         }
         m_text += '\n';
     }
@@ -64,23 +61,14 @@ public:
             }
         }
         m_text += '\n';
-        if (m_text.size() > BufferSize) {
-            Flush();
-        }
     }
 
-    bool Flush() {
-        m_good = m_good && m_device.write(m_text) == m_text.size();
-        m_text.clear();
-        return m_good;
-    }
+    const QByteArray& Text() const { return m_text; }
 
 private:
-    QIODevice& m_device;
     const Model& m_model;
     const Selection& m_selection;
     QByteArray m_text;
-    bool m_good = true;
 };
 
 constexpr double Blank = std::numeric_limits<double>::quiet_NaN();
@@ -200,8 +188,8 @@ Selection SelectAll(const Model& model) {
     return selection;
 }
 
-bool WriteCsv(QIODevice& device, const Model& model, const Selection& selection) {
-    CsvWriter writer(device, model, selection);
+QByteArray CsvText(const Model& model, const Selection& selection) {
+    CsvWriter writer(model, selection);
     writer.Headings();
     for (int level = Trace::LevelCount - 1; level >= -1; --level) {
         const Time from = std::max(selection.From, CompleteFrom(model, selection, level));
@@ -214,7 +202,7 @@ bool WriteCsv(QIODevice& device, const Model& model, const Selection& selection)
             WriteSlots(writer, model, selection, level, from, until);
         }
     }
-    return writer.Flush();
+    return writer.Text();
 }
 
 } // namespace tqx::strip

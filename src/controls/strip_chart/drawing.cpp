@@ -26,21 +26,56 @@ QFont LabelFont() {
     return look::NumbersFont(look::Size::Fine);
 }
 
-QFont LegendFont(int lineHeight) {
-    QFont font = look::WordsFont(look::Size::Note);
+QFont Within(QFont font, int lineHeight) {
     if (lineHeight < 16) {
         font.setPixelSize(std::max(lineHeight - 3, 6));
     }
     return font;
 }
 
-QString TickText(const Model& model, Time tick, Time step) {
-    const Time fraction = model.Wall.At(tick) % Second;
-    if (step < Second && fraction != 0) {
-        const int digits = step < Second / 10 ? 2 : 1;
-        return QString::number(static_cast<double>(fraction) / 1e9, 'f', digits).mid(1);
+QFont LegendFont(int lineHeight) {
+    return Within(look::WordsFont(look::Size::Note), lineHeight);
+}
+
+QFont LegendNumbers(int lineHeight) {
+    return Within(LabelFont(), lineHeight);
+}
+
+constexpr int ValueGap = 8; ///< between the columns of a read-out
+
+/// Room for each value of a read-out, and for the widest one that `range` brings with as many
+/// decimals: the legend keeps its width while a cursor moves.
+int ValueWidth(const Readout& readout, const Range& range) {
+    const QFontMetrics metrics(LabelFont());
+    int width = 0;
+    int decimals = 0;
+    for (const Readout::Line& line : readout.Lines) {
+        for (const QString& value : line.Values) {
+            width = std::max(width, metrics.horizontalAdvance(value));
+            const auto point = value.indexOf(u'.');
+            decimals = point < 0 ? decimals : static_cast<int>(value.size() - point - 1);
+        }
     }
-    return ClockText(model, tick);
+    for (const double value : {range.Low, range.High, -range.High}) {
+        width = std::max(width, metrics.horizontalAdvance(QString::number(value, 'f', decimals)));
+    }
+    return width + ValueGap;
+}
+
+QString HeadingOver(const Readout& readout, std::size_t column) {
+    return column < readout.Cursors.size() ? QString::number(readout.Cursors[column] + 1)
+                                           : QStringLiteral("2 \u2212 1");
+}
+
+/// Columns of `width` at the right end of a line.
+void DrawValues(QPainter& painter, const QRect& line, int width,
+                const std::vector<QString>& values) {
+    int right = line.right() + 1 - static_cast<int>(values.size()) * width;
+    for (const QString& value : values) {
+        painter.drawText(QRect(right, line.top(), width, line.height()),
+                         Qt::AlignRight | Qt::AlignVCenter, value);
+        right += width;
+    }
 }
 
 } // namespace
@@ -72,6 +107,21 @@ double Layers::YOf(const Model& model, double value) const {
     return m_layout.Paper.top() + 0.5 + RowOf(value, model.View.Values(), m_layout.Paper.height());
 }
 
+/// Room for the widest value that the range may bring, so that the legend keeps its width while a
+/// cursor moves.
+void Layers::MeasureReadout(TextSizes& sizes) const {
+    sizes.ReadoutHeadings = m_readout.Cursors.size() == 2   ? 4
+                            : m_readout.Cursors.size() == 1 ? 2
+                                                            : 0;
+    sizes.ReadoutWidth = static_cast<int>(m_readout.Headings.size()) * m_valueWidth;
+    if (m_readout.Headings.empty()) {
+        return;
+    }
+    const int moment =
+        QFontMetrics(LabelFont()).horizontalAdvance(QStringLiteral("2 - 1  00 00 00.000"));
+    sizes.ReadoutWidth = std::max(sizes.ReadoutWidth, moment - SwatchWidth - sizes.LegendNameWidth);
+}
+
 TextSizes Layers::MeasureTexts(const Model& model) const {
     const QFontMetrics labels(LabelFont());
     const QFontMetrics legend(look::WordsFont(look::Size::Note));
@@ -86,7 +136,12 @@ TextSizes Layers::MeasureTexts(const Model& model) const {
         sizes.LegendNameWidth =
             std::max(sizes.LegendNameWidth, legend.horizontalAdvance(model.Legend(variable)) + 4);
     }
+    for (const Readout::Line& line : m_readout.Lines) {
+        sizes.LegendNameWidth =
+            std::max(sizes.LegendNameWidth, legend.horizontalAdvance(line.Name) + 4);
+    }
     sizes.LegendNameWidth = std::clamp(sizes.LegendNameWidth, LeastLegendName, MostLegendName);
+    MeasureReadout(sizes);
     return sizes;
 }
 
@@ -98,7 +153,15 @@ QRect Layers::OnScreen(const QRect& rect) const {
             QPoint(pixel(rect.right() + 1) - 1, pixel(rect.bottom() + 1) - 1)};
 }
 
-void Layers::LayOut(Model& model, const QSize& size, double pixelRatio, int buttonsWidth) {
+bool Layers::LayOut(Model& model, const QSize& size, double pixelRatio, int buttonsWidth) {
+    if (Readout readout = model.Cursors.Any() ? ReadOut(model) : Readout{}; readout != m_readout) {
+        m_readout = std::move(readout);
+        m_stillValid = false;
+        const int width = ValueWidth(m_readout, model.View.OuterValues());
+        m_valid = m_valid && width == m_valueWidth && m_readout.Headings.size() == m_readoutColumns;
+        m_valueWidth = width;
+        m_readoutColumns = m_readout.Headings.size();
+    }
     if (!m_valid || size != m_size || pixelRatio != m_pixelRatio) {
         m_valid = true;
         m_size = size;
@@ -115,14 +178,15 @@ void Layers::LayOut(Model& model, const QSize& size, double pixelRatio, int butt
         m_stillValid = false;
         m_paper.Invalidate();
     }
-    if (!m_stillValid || model.View.Values() != m_stillValues || model.LegendPick != m_stillPick) {
-        m_stillValues = model.View.Values();
-        m_stillPick = model.LegendPick;
-        m_valueStep =
-            strip::ValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
-        DrawStill(model);
-        m_stillValid = true;
+    if (m_stillValid && model.View.Values() == m_stillValues && model.LegendPick == m_stillPick) {
+        return false;
     }
+    m_stillValues = model.View.Values();
+    m_stillPick = model.LegendPick;
+    m_valueStep = ValueStep(m_stillValues.Span(), m_layout.Paper.height(), ValueLabelGap);
+    DrawStill(model);
+    m_stillValid = true;
+    return true;
 }
 
 QRegion Layers::DrawFrame(const Model& model) {
@@ -139,7 +203,6 @@ QRegion Layers::DrawFrame(const Model& model) {
     setup.TimeStep = m_timeStep;
     setup.ValueStep = m_valueStep;
     setup.PixelRatio = m_pixelRatio;
-    setup.Antialiased = model.Antialiased;
     const Paper::Change change = m_paper.Draw(model.History, setup);
     QRegion changed;
     if (!change.Empty()) {
@@ -191,6 +254,8 @@ void Layers::DrawStill(const Model& model) {
         painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter,
                          QString::number(shown, 'f', decimals));
     }
+    painter.drawText(m_layout.Unit, Qt::AlignRight | Qt::AlignVCenter, model.Unit);
+    DrawReadoutHeadings(painter);
     DrawLegend(painter, model);
 
     painter.setRenderHint(QPainter::Antialiasing, false);
@@ -199,27 +264,60 @@ void Layers::DrawStill(const Model& model) {
     painter.drawRect(QRectF(paper).adjusted(-1, -1, 0, 0));
 }
 
+/// Names the cursors' moments, and the columns beneath by the cursors' numbers.
+void Layers::DrawReadoutHeadings(QPainter& painter) const {
+    painter.setFont(LegendNumbers(m_layout.LegendLineHeight));
+    painter.setPen(QColor(look::QuietInk));
+    QRect line = m_layout.ReadoutHeadings;
+    line.setHeight(m_layout.LegendLineHeight);
+    for (std::size_t i = 0; i < m_readout.Headings.size(); ++i) {
+        painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, HeadingOver(m_readout, i));
+        painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, m_readout.Headings[i]);
+        line.translate(0, line.height());
+    }
+    std::vector<QString> columns;
+    for (std::size_t i = 0; i < m_readout.Headings.size(); ++i) {
+        columns.push_back(HeadingOver(m_readout, i));
+    }
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, m_readout.Unit);
+    DrawValues(painter, line, m_valueWidth, columns);
+}
+
+void Layers::DrawReadout(QPainter& painter, const QRect& line, int variable) const {
+    const auto found = std::ranges::find(m_readout.Lines, variable, &Readout::Line::Variable);
+    if (found != m_readout.Lines.end()) {
+        painter.setFont(LegendNumbers(m_layout.LegendLineHeight));
+        DrawValues(painter, line, m_valueWidth, found->Values);
+    }
+}
+
 void Layers::DrawLegend(QPainter& painter, const Model& model) const {
-    painter.setFont(LegendFont(m_layout.LegendLineHeight));
     for (int variable = 0; variable < LegendLines; ++variable) {
-        const QString name = model.Legend(variable);
+        const QRect line = LegendLine(m_layout, variable);
+        const bool shown = model.Ink(variable).Shown;
+        const bool read = std::ranges::any_of(m_readout.Lines, [variable](const Readout::Line& of) {
+            return of.Variable == variable;
+        });
+        const QString name = read ? model.Name(variable) : model.Legend(variable);
         if (name.isEmpty()) {
             continue;
         }
-        const QRect line = LegendLine(m_layout, variable);
         if (variable == model.LegendPick) {
             painter.setPen(QPen(QColor(look::Accent), 1));
             painter.setBrush(Qt::NoBrush);
             painter.drawRoundedRect(QRectF(line).adjusted(-3.5, 0.5, 0.5, -0.5), 3, 3);
         }
-        const QRgb colour = model.LegendCaption(variable).Colour;
-        const bool shown = model.Ink(variable).Shown;
+        const bool own = !model.Legend(variable).isEmpty();
+        const QRgb colour = own ? model.LegendCaption(variable).Colour : model.Ink(variable).Colour;
         const QRectF swatch(line.left() + 0.5, line.center().y() - 2, SwatchWidth - 1, 5);
         PaintSwatch(painter, swatch, colour, shown);
-        painter.setPen(QColor(shown ? look::PaperInk : look::QuietInk));
-        const QRect text = line.adjusted(SwatchWidth + 8, 0, 0, 0);
+        painter.setPen(QColor(shown && own ? look::PaperInk : look::QuietInk));
+        painter.setFont(LegendFont(m_layout.LegendLineHeight));
+        const int values = static_cast<int>(m_readout.Headings.size()) * m_valueWidth;
+        const QRect text = line.adjusted(SwatchWidth + 8, 0, -values, 0);
         painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter,
                          painter.fontMetrics().elidedText(name, Qt::ElideRight, text.width()));
+        DrawReadout(painter, line, variable);
     }
 }
 
@@ -249,6 +347,16 @@ void Layers::Paint(QPainter& painter, const QRegion& region, const Model& model)
         painter.drawText(m_layout.TimeCaption, Qt::AlignLeft | Qt::AlignVCenter,
                          model.Captions[TimeCaption].Text);
     }
+}
+
+void Layers::PaintDate(QPainter& painter, const Model& model) const {
+    if (!model.Wall.Known()) {
+        return;
+    }
+    painter.setPen(QColor(look::QuietInk));
+    painter.setFont(LabelFont());
+    painter.drawText(m_layout.Buttons, Qt::AlignRight | Qt::AlignVCenter,
+                     DateText(model, std::min(model.View.End(), model.History.Newest())));
 }
 
 void Layers::PaintTimes(QPainter& painter, const Model& model) const {
@@ -295,7 +403,7 @@ void Layers::PaintOffScale(QPainter& painter, const Model& model) const {
 const QImage& Layers::TimeLabel(const Model& model, Time tick) const {
     QImage& label = m_timeLabels[tick];
     if (label.isNull()) {
-        const QString text = TickText(model, tick, m_timeStep);
+        const QString text = ClockText(model, tick);
         const QSize size(QFontMetrics(LabelFont()).horizontalAdvance(text) + 4,
                          m_layout.TimeLabels.height());
         label = QImage((QSizeF(size) * m_pixelRatio).toSize(), QImage::Format_RGB32);
@@ -312,95 +420,7 @@ const QImage& Layers::TimeLabel(const Model& model, Time tick) const {
 namespace {
 
 constexpr int Padding = 8;
-constexpr int Column = 12; ///< between the columns of the table
-constexpr int MostLine = 16;
-constexpr int LeastLine = 10;
-constexpr int NoticeRoom = 40;     ///< that the notice of a standstill takes from the table
-constexpr QSize TableGrip(48, 24); ///< of a table pushed off the paper, what stays on it
-constexpr int SwatchWidth = 9;
 constexpr double DotRadius = 2.5;
-
-/// The table of read-outs laid out in a paper's height.
-struct Table {
-    int LineHeight;
-    QFont Words;
-    QFont Numbers;
-    int NameWidth;
-    std::vector<int> Widths;
-    QSize Size;
-};
-
-Table LayOutTable(const Readout& readout, int height) {
-    Table table{};
-    const int lines = static_cast<int>(readout.Lines.size()) + 2;
-    table.LineHeight = std::clamp((height - 4 * Padding) / lines, LeastLine, MostLine);
-    table.Words = look::WordsFont();
-    table.Words.setPixelSize(table.LineHeight - 4);
-    table.Numbers = look::NumbersFont();
-    table.Numbers.setPixelSize(table.LineHeight - 4);
-    const QFontMetrics words(table.Words);
-    const QFontMetrics numbers(table.Numbers);
-    for (const Readout::Line& line : readout.Lines) {
-        table.NameWidth = std::max(table.NameWidth, words.horizontalAdvance(line.Name));
-    }
-    int width = 2 * Padding + SwatchWidth + Padding + table.NameWidth;
-    for (std::size_t i = 0; i < readout.Headings.size(); ++i) {
-        int column = numbers.horizontalAdvance(readout.Headings[i]);
-        for (const Readout::Line& line : readout.Lines) {
-            column = std::max(column, numbers.horizontalAdvance(line.Values[i]));
-        }
-        table.Widths.push_back(column);
-        width += Column + column;
-    }
-    table.Size = QSize(width, lines * table.LineHeight + 2 * Padding);
-    return table;
-}
-
-QString HeadingOver(const Readout& readout, std::size_t column) {
-    return column < readout.Cursors.size() ? QString::number(readout.Cursors[column] + 1)
-                                           : QStringLiteral("2 \u2212 1");
-}
-
-void PaintRow(QPainter& painter, const Table& table, const QPoint& at,
-              const std::vector<QString>& cells) {
-    int x = at.x() + SwatchWidth + Padding + table.NameWidth;
-    painter.setFont(table.Numbers);
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        x += Column;
-        painter.drawText(QRect(x, at.y(), table.Widths[i], table.LineHeight),
-                         Qt::AlignRight | Qt::AlignVCenter, cells[i]);
-        x += table.Widths[i];
-    }
-}
-
-void PaintTable(QPainter& painter, const Model& model, const Readout& readout, const Table& table,
-                const QRect& box) {
-    QColor ground(look::Paper);
-    ground.setAlphaF(0.94F);
-    painter.setPen(QPen(QColor(look::Rule), 1));
-    painter.setBrush(ground);
-    painter.drawRoundedRect(QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-    QPoint at = box.topLeft() + QPoint(Padding, Padding);
-    std::vector<QString> numbers;
-    for (std::size_t i = 0; i < readout.Headings.size(); ++i) {
-        numbers.push_back(HeadingOver(readout, i));
-    }
-    painter.setPen(QColor(look::QuietInk));
-    PaintRow(painter, table, at, numbers);
-    at.ry() += table.LineHeight;
-    PaintRow(painter, table, at, readout.Headings);
-    for (const Readout::Line& line : readout.Lines) {
-        at.ry() += table.LineHeight;
-        const QRectF swatch(at.x() + 0.5, at.y() + table.LineHeight / 2.0 - 2, SwatchWidth, 4);
-        PaintSwatch(painter, swatch, model.Ink(line.Variable).Colour, true);
-        painter.setPen(QColor(look::PaperInk));
-        painter.setFont(table.Words);
-        painter.drawText(
-            QRect(at.x() + SwatchWidth + Padding, at.y(), table.NameWidth, table.LineHeight),
-            Qt::AlignLeft | Qt::AlignVCenter, line.Name);
-        PaintRow(painter, table, at, line.Values);
-    }
-}
 
 void PaintDots(QPainter& painter, const Model& model, const Layers& layers, double x, Time moment) {
     painter.setPen(QPen(QColor(look::Paper), 1));
@@ -458,69 +478,11 @@ void PaintStandstill(QPainter& painter, const Model& model, const QRect& paper) 
     painter.drawText(badge, Qt::AlignCenter, text);
 }
 
-/// Where the cursors that stand lie, on the paper or beside it.
-std::vector<double> CursorColumns(const Model& model, const Layers& layers) {
-    std::vector<double> columns;
-    for (const auto& at : model.Cursors.At) {
-        if (at) {
-            columns.push_back(layers.XOf(model, *at));
-        }
-    }
-    return columns;
-}
-
-/// The place of a table of that size that leaves the cursors free.
-QRect BesideCursors(const QRect& paper, const QSize& size, const std::vector<double>& cursors) {
-    const QRect left(paper.topLeft() + QPoint(Padding, Padding + 10), size);
-    const int room = paper.width() - size.width() - 2 * Padding;
-    std::vector<QRect> places = {left, left.translated(room, 0)};
-    for (const double x : cursors) {
-        const int beside = static_cast<int>(x) + 2 * Padding - left.left();
-        places.push_back(left.translated(std::clamp(beside, 0, std::max(room, 0)), 0));
-    }
-    const auto covered = [&cursors](const QRect& by) {
-        return std::count_if(cursors.begin(), cursors.end(), [&by](double x) {
-            return x >= by.left() - Padding && x <= by.right() + Padding;
-        });
-    };
-    return *std::min_element(
-        places.begin(), places.end(),
-        [&](const QRect& one, const QRect& other) { return covered(one) < covered(other); });
-}
-
-/// The place of a table of that size at `at` from the paper's corner, with a grip of it on the
-/// paper.
-QRect WhereItWasPut(const QRect& paper, const QSize& size, const QPoint& at) {
-    const auto keep = [](int from, int length, int grip, int room) {
-        const int least = std::min(grip - length, 0);
-        return std::clamp(from, least, std::max(room - grip, least));
-    };
-    const QPoint kept(keep(at.x(), size.width(), TableGrip.width(), paper.width()),
-                      keep(at.y(), size.height(), TableGrip.height(), paper.height()));
-    return {paper.topLeft() + kept, size};
-}
-
-Table TableOf(const Model& model, const Layers& layers, const Readout& readout) {
-    const int notice = model.View.Following() ? 0 : NoticeRoom;
-    return LayOutTable(readout, layers.Layout().Paper.height() - notice);
-}
-
-QRect BoxOf(const Table& table, const Model& model, const Layers& layers) {
-    const QRect& paper = layers.Layout().Paper;
-    return model.Cursors.TableAt ? WhereItWasPut(paper, table.Size, *model.Cursors.TableAt)
-                                 : BesideCursors(paper, table.Size, CursorColumns(model, layers));
-}
-
 } // namespace
-
-QRect ReadoutBox(const Model& model, const Layers& layers) {
-    return model.Cursors.Any() ? BoxOf(TableOf(model, layers, ReadOut(model)), model, layers)
-                               : QRect();
-}
 
 void PaintOverlay(QPainter& painter, const Model& model, const Layers& layers) {
     const QRect& paper = layers.Layout().Paper;
-    if (model.View.Following() && !model.Cursors.Any()) {
+    if (model.View.Following() && !model.Stopped && !model.Cursors.Any()) {
         return;
     }
     painter.save();
@@ -533,11 +495,6 @@ void PaintOverlay(QPainter& painter, const Model& model, const Layers& layers) {
                 PaintCursor(painter, model, layers, cursor, x);
             }
         }
-    }
-    if (model.Cursors.Any()) {
-        const Readout readout = ReadOut(model);
-        const Table table = TableOf(model, layers, readout);
-        PaintTable(painter, model, readout, table, BoxOf(table, model, layers));
     }
     PaintStandstill(painter, model, paper);
     painter.restore();

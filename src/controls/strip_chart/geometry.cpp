@@ -23,7 +23,7 @@ Layout LayOut(const QSize& size, const TextSizes& texts, int buttonsWidth) {
     Layout layout{};
     const int top = Margin + texts.TitleHeight + Gap;
     const int left = Margin + texts.ValueLabelWidth + Gap;
-    const int legendWidth = SwatchWidth + Gap + texts.LegendNameWidth;
+    const int legendWidth = SwatchWidth + Gap + texts.LegendNameWidth + texts.ReadoutWidth;
     const int right = size.width() - Margin - legendWidth - LegendGap;
     const int bottom = size.height() - Margin - texts.LabelHeight - Gap / 2;
     layout.Paper = QRect(left, top, std::max(right - left, 1), std::max(bottom - top, 1));
@@ -34,10 +34,14 @@ Layout LayOut(const QSize& size, const TextSizes& texts, int buttonsWidth) {
     layout.TimeLabels = QRect(left - overhang, paper.bottom() + 1 + Gap / 2,
                               paper.width() + 2 * overhang, texts.LabelHeight);
     layout.OffScale = QRect(paper.right() + 2, top, LegendGap - Gap / 2, paper.height());
-    layout.Legend =
-        QRect(paper.right() + 1 + LegendGap, top, legendWidth, size.height() - Margin - top);
+    const QRect column(paper.right() + 1 + LegendGap, top, legendWidth,
+                       size.height() - Margin - top);
     layout.LegendLineHeight =
-        std::clamp(layout.Legend.height() / LegendLines, 8, LongestLegendLine);
+        std::clamp(column.height() / (LegendLines + texts.ReadoutHeadings), 8, LongestLegendLine);
+    const int headings = texts.ReadoutHeadings * layout.LegendLineHeight;
+    layout.ReadoutHeadings = QRect(column.topLeft(), QSize(legendWidth, headings));
+    layout.Legend = column.adjusted(0, headings, 0, 0);
+    layout.Unit = QRect(Margin, Margin, texts.ValueLabelWidth, texts.TitleHeight);
     layout.Buttons =
         QRect(size.width() - Margin - buttonsWidth, Margin, buttonsWidth, texts.TitleHeight);
     const int timeRight = std::min(paper.right() + 1, layout.Buttons.left() - Gap);
@@ -99,10 +103,9 @@ Time TimeStep(Time columnWidth, double gap) {
     constexpr Time Hour = 60 * Minute;
     constexpr Time Day = 24 * Hour;
     static constexpr std::array Steps = {
-        Second / 100, Second / 50, Second / 20, Second / 10, Second / 5,  Second / 2,
-        Second,       2 * Second,  5 * Second,  10 * Second, 15 * Second, 30 * Second,
-        Minute,       2 * Minute,  5 * Minute,  10 * Minute, 15 * Minute, 30 * Minute,
-        Hour,         2 * Hour,    3 * Hour,    6 * Hour,    12 * Hour,   Day};
+        Second, 2 * Second, 5 * Second, 10 * Second, 15 * Second, 30 * Second,
+        Minute, 2 * Minute, 5 * Minute, 10 * Minute, 15 * Minute, 30 * Minute,
+        Hour,   2 * Hour,   3 * Hour,   6 * Hour,    12 * Hour,   Day};
     const auto finest = static_cast<Time>(static_cast<double>(columnWidth) * gap);
     const auto* const step = std::lower_bound(Steps.begin(), Steps.end(), finest);
     return step != Steps.end() ? *step : (finest / Day + 1) * Day;
@@ -110,15 +113,13 @@ Time TimeStep(Time columnWidth, double gap) {
 
 std::vector<Time> TimeTicks(Time from, Time until, Time step, const Wall& wall, const Zone& zone) {
     std::vector<Time> ticks;
-    const auto& stretches = wall.Stretches();
-    for (std::size_t i = 0; i < stretches.size(); ++i) {
-        const Time begin = i == 0 ? from : std::max(from, stretches[i].From);
-        const Time end = i + 1 == stretches.size() ? until : std::min(until, stretches[i + 1].From);
-        const Time offset = stretches[i].Offset;
-        const Time shown = offset + zone(begin + offset) * Second;
-        for (Time at = RoundDown(begin + shown + step - 1, step) - shown; at < end; at += step) {
-            ticks.push_back(at);
-        }
+    if (!wall.Known()) {
+        return ticks;
+    }
+    const Time offset = wall.At(0);
+    const Time shown = offset + zone(from + offset) * Second;
+    for (Time at = RoundDown(from + shown + step - 1, step) - shown; at < until; at += step) {
+        ticks.push_back(at);
     }
     return ticks;
 }

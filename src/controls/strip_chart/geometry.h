@@ -17,17 +17,21 @@ struct TextSizes {
     int LabelHeight;
     int ValueLabelWidth;
     int LegendNameWidth;
+    int ReadoutWidth;    ///< of all that the cursors read in a legend line
+    int ReadoutHeadings; ///< lines above the legend that name the cursors
 };
 
 /// Where the parts of a chart stand, in device-independent pixels.
 struct Layout {
     QRect Title;
+    QRect Unit; ///< above the value labels
     QRect TimeCaption;
     QRect Buttons; ///< room at the right end of the title line
     QRect Paper;
     QRect ValueLabels;
-    QRect TimeLabels; ///< reaches beyond the paper on both sides by half a label
-    QRect OffScale;   ///< beside the paper, for the marks of traces that have left it
+    QRect TimeLabels;      ///< reaches beyond the paper on both sides by half a label
+    QRect OffScale;        ///< beside the paper, for the marks of traces that have left it
+    QRect ReadoutHeadings; ///< above the legend; empty without a cursor
     QRect Legend;
     int LegendLineHeight;
 };
@@ -59,8 +63,8 @@ double RowOf(double value, const Range& range, int height);
 /// The value of a row.
 double ValueOf(double row, const Range& range, int height);
 
-/// The step from one time label to the next, a round one on a clock's face, for labels at least
-/// `gap` columns apart.
+/// The step from one time label to the next, a second at least and a round one on a clock's face,
+/// for labels at least `gap` columns apart.
 Time TimeStep(Time columnWidth, double gap);
 
 /// Seconds east of Greenwich at a moment of the wall clock, in nanoseconds since 1970.

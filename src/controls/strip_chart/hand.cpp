@@ -7,6 +7,7 @@ namespace tqx::strip {
 namespace {
 
 constexpr double Reach = 5;       ///< how near to a cursor the pointer takes hold of it
+constexpr double TraceReach = 4;  ///< how near to a trace the pointer asks for its name
 constexpr double DragStart = 4;   ///< a press that moves no further is a click
 constexpr double ValueStart = 16; ///< a hand that drags along time does not shift values as well
 constexpr double NotchFactor = 1.25;
@@ -16,10 +17,6 @@ constexpr int LargeStep = 10;
 
 bool Hand::OnPaper(const QPointF& at) const {
     return QRectF(m_layers.Layout().Paper).contains(at);
-}
-
-bool Hand::OnTable(const QPointF& at) const {
-    return OnPaper(at) && ReadoutBox(m_model, m_layers).contains(at.toPoint());
 }
 
 int Hand::CursorAt(const QPointF& at) const {
@@ -37,14 +34,11 @@ void Hand::Press(const QPointF& at) {
     m_cursorsBefore = m_model.Cursors;
     m_panValues = false;
     m_pressedLine = LegendAt(m_layers.Layout(), at.toPoint());
-    m_pressedTable = OnTable(at);
+    m_pressedPaper = OnPaper(at);
     m_hold = Hold::Nothing;
     if (m_pressedLine >= 0) {
         m_hold = Hold::Legend;
-    } else if (m_pressedTable) {
-        m_hold = Hold::Table;
-        m_tableFrom = ReadoutBox(m_model, m_layers).topLeft() - m_layers.Layout().Paper.topLeft();
-    } else if (OnPaper(at)) {
+    } else if (m_pressedPaper) {
         m_heldCursor = CursorAt(at);
         m_hold = m_heldCursor >= 0 ? Hold::Cursor : Hold::Click;
         m_model.Cursors.Active = m_heldCursor >= 0 ? m_heldCursor : m_model.Cursors.Active;
@@ -58,9 +52,6 @@ void Hand::Move(const QPointF& at) {
         m_model.Cursors.Place(m_heldCursor, m_layers.TimeAt(m_model, x));
     }
     const QPointF moved = at - m_pressedAt;
-    if (m_hold == Hold::Table) {
-        m_model.Cursors.TableAt = m_tableFrom + moved.toPoint();
-    }
     if (m_hold == Hold::Click && std::hypot(moved.x(), moved.y()) >= DragStart) {
         m_hold = Hold::Pan;
     }
@@ -103,9 +94,8 @@ void Hand::Release(const QPointF& at, Qt::KeyboardModifiers modifiers) {
 }
 
 void Hand::DoubleClick(const QPointF& at) {
-    if (m_pressedTable) {
-        m_model.Cursors.TableAt.reset();
-    } else if (OnPaper(at)) {
+    // The first click may have placed a cursor, and its read-out made the paper narrower.
+    if (m_pressedPaper) {
         m_model.Cursors = m_cursorsBefore;
         m_model.View.Live();
         m_hold = Hold::Nothing;
@@ -136,6 +126,58 @@ void Hand::ZoomTime(double notches) {
 void Hand::ZoomValues(double notches) {
     const Range values = m_model.View.Values();
     m_model.View.ZoomValues(std::pow(NotchFactor, -notches), (values.Low + values.High) / 2);
+}
+
+std::vector<Extent> Hand::ExtentsOf(int variable, int first, int count) const {
+    std::vector<Extent> extents(static_cast<std::size_t>(std::max(count, 0)));
+    Columns columns = m_model.View.Columns();
+    columns.First += first;
+    FindExtents(m_model.History.Trace(variable), columns, extents);
+    return extents;
+}
+
+void Hand::FitValues() {
+    Extent all;
+    for (int variable = 0; variable < VariableCount; ++variable) {
+        if (!m_model.Ink(variable).Shown) {
+            continue;
+        }
+        for (const Extent& extent : ExtentsOf(variable, 0, m_model.View.ColumnCount())) {
+            all.Take(extent.Low, extent.High);
+        }
+    }
+    if (!all.Empty() && std::isfinite(all.Low) && std::isfinite(all.High)) {
+        m_model.View.FitValues(static_cast<double>(all.Low), static_cast<double>(all.High));
+    }
+}
+
+int Hand::TraceAt(const QPointF& at) const {
+    if (!OnPaper(at)) {
+        return -1;
+    }
+    const double ratio = m_layers.PixelRatio();
+    const int reach = qRound(TraceReach * ratio);
+    const int column = qRound((at.x() - m_layers.Layout().Paper.left()) * ratio);
+    int nearest = -1;
+    double least = TraceReach;
+    for (int variable = 0; variable < VariableCount; ++variable) {
+        if (!m_model.Ink(variable).Shown) {
+            continue;
+        }
+        for (const Extent& extent : ExtentsOf(variable, column - reach, 2 * reach + 1)) {
+            if (extent.Empty()) {
+                continue;
+            }
+            const double top = m_layers.YOf(m_model, static_cast<double>(extent.High));
+            const double bottom = m_layers.YOf(m_model, static_cast<double>(extent.Low));
+            const double away = std::max({top - at.y(), at.y() - bottom, 0.0});
+            if (away < least) {
+                least = away;
+                nearest = variable;
+            }
+        }
+    }
+    return nearest;
 }
 
 void Hand::ToggleCursor(int cursor) {
@@ -225,9 +267,6 @@ void Hand::PanValues(double pages) {
 Qt::CursorShape Hand::ShapeAt(const QPointF& at) const {
     if (m_hold == Hold::Pan) {
         return Qt::ClosedHandCursor;
-    }
-    if (m_hold == Hold::Table || (m_hold == Hold::Nothing && OnTable(at))) {
-        return Qt::SizeAllCursor;
     }
     if (m_hold == Hold::Cursor || (OnPaper(at) && CursorAt(at) >= 0)) {
         return Qt::SplitHCursor;

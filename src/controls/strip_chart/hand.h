@@ -10,8 +10,7 @@ namespace tqx::strip {
 /// view. Positions are in device-independent pixels.
 ///
 /// On the paper a drag pans and a click places the first cursor, with Shift the second; a cursor
-/// can be taken hold of, and so can the table of what the cursors read. On the legend a click hides
-/// or shows a trace, with Ctrl it shows it alone.
+/// can be taken hold of. On the legend a click hides or shows a trace, with Ctrl it shows it alone.
 class Hand {
 public:
     Hand(Model& model, const Layers& layers)
@@ -22,8 +21,7 @@ public:
     void Move(const QPointF& at);
     void Release(const QPointF& at, Qt::KeyboardModifiers modifiers);
 
-    /// Back to the newest sample; undoes what the first click of the two did. On the table of
-    /// read-outs: lets it find its place by itself again.
+    /// Back to the newest sample; undoes what the first click of the two did.
     void DoubleClick(const QPointF& at);
 
     /// Zooms by `notches`, values rather than time when `values`. Whether `at` is a place for it.
@@ -39,15 +37,21 @@ public:
     void ZoomTime(double notches);
     void ZoomValues(double notches);
 
+    /// Shows the range that the traces shown reach within the time on view.
+    void FitValues();
+
+    /// The trace under the pointer; -1 for none.
+    int TraceAt(const QPointF& at) const;
+
     /// Places a cursor on view, the first ahead of the second; takes off one that stands.
     void ToggleCursor(int cursor);
 
 private:
-    enum class Hold { Nothing, Click, Pan, Cursor, Table, Legend };
+    enum class Hold { Nothing, Click, Pan, Cursor, Legend };
 
     int CursorAt(const QPointF& at) const;
     bool OnPaper(const QPointF& at) const;
-    bool OnTable(const QPointF& at) const;
+    std::vector<Extent> ExtentsOf(int variable, int first, int count) const;
     void Pan(const QPointF& at);
     void StepCursor(int columns);
     void StepLegend(int step);
@@ -59,11 +63,10 @@ private:
     Hold m_hold = Hold::Nothing;
     int m_heldCursor = 0;
     int m_pressedLine = -1;
-    bool m_pressedTable = false;
+    bool m_pressedPaper = false;
     bool m_panValues = false;
     QPointF m_pressedAt;
     QPointF m_pannedTo;
-    QPoint m_tableFrom; // where the table stood when it was taken, from the paper's corner
     Cursors m_cursorsBefore;
 };
 

@@ -5,10 +5,10 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <limits>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace tqx::strip {
 
@@ -47,12 +47,6 @@ public:
         } else {
             m_oldest = m_next;
         }
-    }
-
-    /// Keeps the oldest `count` entries only.
-    void Truncate(std::size_t count) {
-        m_size = std::min(m_size, count);
-        m_next = Place(m_size);
     }
 
     void Clear() { m_size = m_oldest = m_next = 0; }
@@ -130,8 +124,7 @@ struct Reading {
 
 /// The history of one variable: every sample of the recent past, and for the rest of the run the
 /// lowest and the highest per slot of time, in levels of ever wider slots. Each level reaches
-/// further back than the one before; the widest doubles its slots rather than forget, so a peak
-/// stays for as long as the run lasts. Memory is bounded by MemoryBound.
+/// further back than the one before, the widest by 39 days. Memory is bounded by MemoryBound.
 class Trace {
 public:
     static constexpr std::size_t RawCapacity = 65536;
@@ -194,7 +187,6 @@ private:
 
     void OpenSlot(std::size_t level, std::uint32_t index);
     void CloseSlot(std::size_t level);
-    void DoubleWidestSlots();
 
     Time m_newest = std::numeric_limits<Time>::min();
     Ring<Sample> m_raw{RawCapacity};
@@ -248,33 +240,32 @@ private:
     bool m_empty = true;
 };
 
-/// What the clock on the wall said in the course of a run. Intervals are measured by a clock that
-/// never jumps; the wall clock only names moments. When it is set anew, what was recorded before
-/// keeps its names.
+/// What the clock on the wall says in a run. Intervals are measured by a clock that never jumps;
+/// the wall clock only names moments. One that is set anew names all of the run anew.
 class Wall {
 public:
-    /// A stretch of the run in which the wall clock ran steadily.
-    struct Stretch {
-        Time From;   ///< time of the run
-        Time Offset; ///< what is added to a time of the run to have the wall clock's
-    };
+    /// Notes that at `time` the wall clock says `wall`, in nanoseconds since 1970. Whether moments
+    /// have other names now: after the first note, and when the clock has jumped.
+    bool Note(Time time, Time wall) {
+        const Time offset = wall - time;
+        if (m_offset && std::abs(offset - *m_offset) < SmallestJump) {
+            return false;
+        }
+        m_offset = offset;
+        return true;
+    }
 
-    /// Notes that at `time` the wall clock said `wall`, in nanoseconds since 1970.
-    void Note(Time time, Time wall);
+    void Clear() { m_offset.reset(); }
 
-    void Clear() { m_stretches.clear(); }
+    bool Known() const { return m_offset.has_value(); }
 
     /// Nanoseconds since 1970 at `time`.
-    Time At(Time time) const;
-
-    /// The stretches, by rising time; there are none before the first note.
-    const std::vector<Stretch>& Stretches() const { return m_stretches; }
+    Time At(Time time) const { return time + m_offset.value_or(0); }
 
 private:
     static constexpr Time SmallestJump = Second / 4;
-    static constexpr std::size_t MostStretches = 256;
 
-    std::vector<Stretch> m_stretches;
+    std::optional<Time> m_offset; ///< what is added to a time of the run to have the wall clock's
 };
 
 } // namespace tqx::strip

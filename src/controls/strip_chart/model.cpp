@@ -4,6 +4,7 @@
 #include "strip_chart/columns.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QStringList>
 
 #include <algorithm>
@@ -97,8 +98,14 @@ QString ClockText(const Model& model, Time time) {
                              static_cast<int>(seconds / 60 % 60), static_cast<int>(seconds % 60));
 }
 
+QString DateText(const Model& model, Time time) {
+    const Time wall = model.Wall.At(time);
+    return QDateTime::fromMSecsSinceEpoch(wall / 1'000'000, Qt::OffsetFromUTC, model.Zone(wall))
+        .toString(QStringLiteral("yyyy-MM-dd"));
+}
+
 QString MomentText(const Model& model, Time time) {
-    if (model.Wall.Stretches().empty()) {
+    if (!model.Wall.Known()) {
         return QStringLiteral("-");
     }
     const Time milliseconds = model.Wall.At(time) % Second / 1'000'000;
@@ -106,18 +113,24 @@ QString MomentText(const Model& model, Time time) {
 }
 
 QString StandstillText(const Model& model) {
-    if (model.View.Following()) {
-        return {};
+    const View& view = model.View;
+    QStringList parts;
+    const auto say = [&](const char* what, Time moment) {
+        parts << (model.Wall.Known()
+                      ? QStringLiteral("%1 %2.").arg(QLatin1String(what), ClockText(model, moment))
+                      : QStringLiteral("%1.").arg(QString::fromLatin1(what).section(u' ', 0, 0)));
+    };
+    if (view.Frozen()) {
+        say("Frozen at", view.FrozenAt());
+    } else if (!view.Following()) {
+        say("Up to", std::min(view.End(), model.History.Newest()));
     }
-    if (model.Wall.Stretches().empty()) {
-        return QCoreApplication::translate("StripChart", "Frozen. New samples are kept.");
+    if (model.Stopped) {
+        say("Stopped at", model.History.Newest());
+    } else if (!view.Following()) {
+        parts << QStringLiteral("New samples are kept.");
     }
-    const Time edge = std::min(model.View.End(), model.History.Newest());
-    const QString text =
-        model.View.Frozen()
-            ? QCoreApplication::translate("StripChart", "Frozen at %1. New samples are kept.")
-            : QCoreApplication::translate("StripChart", "Up to %1. New samples are kept.");
-    return text.arg(ClockText(model, edge));
+    return parts.join(u' ');
 }
 
 QString LegendText(const Model& model) {
@@ -188,7 +201,7 @@ QString SpanText(Time span) {
 
 QString Readout::Text() const {
     QStringList rows;
-    QStringList row{QString()};
+    QStringList row{Unit};
     row.append(QStringList(Headings.begin(), Headings.end()));
     rows.append(row.join(QLatin1Char('\t')));
     for (const Line& line : Lines) {
@@ -201,6 +214,7 @@ QString Readout::Text() const {
 
 Readout ReadOut(const Model& model) {
     Readout readout;
+    readout.Unit = model.Unit;
     std::vector<Time> moments;
     for (int cursor = 0; cursor < 2; ++cursor) {
         if (const auto at = model.Cursors.At[static_cast<std::size_t>(cursor)]) {

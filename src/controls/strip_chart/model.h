@@ -5,7 +5,6 @@
 #include "strip_chart/history.h"
 
 #include <QColor>
-#include <QPoint>
 #include <QString>
 
 #include <optional>
@@ -50,9 +49,6 @@ struct Caption {
 struct Cursors {
     std::array<std::optional<Time>, 2> At;
     int Active = 0; ///< the one that keys move
-    /// Where the user has put the table of read-outs, from the paper's corner; empty: it finds a
-    /// place by itself.
-    std::optional<QPoint> TableAt;
 
     bool Any() const { return At[0].has_value() || At[1].has_value(); }
 
@@ -75,8 +71,9 @@ struct Model {
     /// What variables without a legend line are called; one may have none of its own.
     std::array<QString, VariableCount> Names;
     strip::Cursors Cursors;
-    int LegendPick = -1; ///< variable whose legend line the keyboard is on; -1 for none
-    bool Antialiased = true;
+    int LegendPick = -1;  ///< variable whose legend line the keyboard is on; -1 for none
+    QString Unit;         ///< of all values; may be empty
+    bool Stopped = false; ///< no samples are to come for now
 
     /// The caption that is the legend line of `variable`, one of the first LegendLines.
     Caption& LegendCaption(int variable) {
@@ -123,10 +120,13 @@ OffScale FindOffScale(const Model& model);
 /// it: "%H %M %S".
 QString ClockText(const Model& model, Time time);
 
-/// The same with milliseconds; "-" while the chart is empty and no moment has a name.
+/// The day at a moment of the run: "2026-01-31".
+QString DateText(const Model& model, Time time);
+
+/// The clock with milliseconds; "-" while the chart is empty and no moment has a name.
 QString MomentText(const Model& model, Time time);
 
-/// What a view that stands still says about itself; empty for one that follows.
+/// What is said of a view that stands still or a chart that takes no samples; else empty.
 QString StandstillText(const Model& model);
 
 /// The legend line that the keyboard is on, and the traces that are hidden; empty when there are
@@ -140,14 +140,19 @@ struct Readout {
         int Variable;
         QString Name;
         std::vector<QString> Values;
+
+        bool operator==(const Line&) const = default;
     };
 
     std::vector<int> Cursors;      ///< which ones stand, 0 and 1
     std::vector<QString> Headings; ///< moments of the cursors, then what lies between them
     std::vector<Line> Lines;
+    QString Unit; ///< of all values
 
     /// The table as text, with tabs between its columns.
     QString Text() const;
+
+    bool operator==(const Readout&) const = default;
 };
 
 /// A cursor reads the sample before it. It reads nothing, "-", in a gap and where nothing was

@@ -31,7 +31,7 @@ struct PenSize {
 PenSize PenFor(const PaperSetup& setup) {
     const double ratio = setup.PixelRatio;
     const int whole = std::max(1, static_cast<int>(std::lround(ratio)));
-    return {static_cast<float>(setup.Antialiased ? LineWidth * ratio : whole), whole, whole};
+    return {static_cast<float>(LineWidth * ratio), whole, whole};
 }
 
 /// The part of a column of an image that one trace covers.
@@ -60,17 +60,6 @@ public:
         if (last < m_height) {
             Blend(last, until - static_cast<float>(last), colour);
         }
-    }
-
-    /// The same in whole pixels, at least one unless it lies beyond the image.
-    void FillWhole(float top, float bottom, QRgb colour) const {
-        const float limit = static_cast<float>(m_height);
-        if (!(bottom > 0.0F && top < limit)) {
-            return;
-        }
-        const int first = static_cast<int>(std::lround(std::max(top, 0.0F)));
-        const int last = static_cast<int>(std::lround(std::min(bottom, limit)));
-        Fill(std::min(first, m_height - 1), std::max(last, first + 1), colour);
     }
 
 private:
@@ -174,11 +163,7 @@ void Paper::DrawColumns(const History& history, const PaperSetup& setup, std::in
                 for (std::size_t i = begin; i < end; ++i) {
                     const std::size_t ring = start + i < wrap ? start + i : start + i - wrap;
                     const ColumnInk column(pixels + ring, stride, m_image.height());
-                    if (setup.Antialiased) {
-                        column.FillSmooth(edges[i].Top, edges[i].Bottom, colour);
-                    } else {
-                        column.FillWhole(edges[i].Top, edges[i].Bottom, colour);
-                    }
+                    column.FillSmooth(edges[i].Top, edges[i].Bottom, colour);
                 }
                 edges += count;
             }

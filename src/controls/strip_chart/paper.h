@@ -18,7 +18,6 @@ struct PaperSetup {
     Time TimeStep = Second;
     double ValueStep = 1;
     double PixelRatio = 1;
-    bool Antialiased = true;
 };
 
 /// The paper with grid and traces as an image in pixels of the screen. The image is a ring of

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/strip_chart.h"
+#include "controls/system_dialogs.h"
 #include "strip_chart/actions.h"
 #include "strip_chart/hand.h"
 
@@ -19,7 +20,8 @@ struct StripChart::Parts {
     strip::Hand Hand{Model, Layers};
     strip::Commands Commands;
     strip::Clock Clock = strip::Clock::Machine();
-    StripDoors Doors = StripDoors::Desktop();
+    DesktopDialogs DesktopsOwn;
+    SystemDialogs* Dialogs = &DesktopsOwn;
     QToolButton* FreezeButton = nullptr;
     QToolButton* LiveButton = nullptr;
     QToolButton* MenuButton = nullptr;
@@ -40,7 +42,8 @@ struct StripChart::Parts {
         return any ? &Model.Captions[static_cast<std::size_t>(CaptionIndex)] : nullptr;
     }
 
-    /// Notes what the wall clock says, at most once a second.
+    /// Notes what the wall clock says, at most once a second. Where moments have other names then,
+    /// all that shows them is drawn anew.
     void NoteWall();
 };
 

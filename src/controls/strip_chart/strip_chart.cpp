@@ -94,9 +94,11 @@ strip::Clock strip::Clock::Machine() {
 
 void StripChart::Parts::NoteWall() {
     const strip::Time now = Model.History.Newest();
-    if (Model.Wall.Stretches().empty() || now - WallNotedAt >= strip::Second) {
+    if (!Model.Wall.Known() || now - WallNotedAt >= strip::Second) {
         const strip::Time steady = Clock.Steady().count() - Model.History.Origin();
-        Model.Wall.Note(now, Nanoseconds(Clock.Wall()) - (steady - now));
+        if (Model.Wall.Note(now, Nanoseconds(Clock.Wall()) - (steady - now))) {
+            Layers.InvalidatePaper();
+        }
         WallNotedAt = now;
     }
 }
@@ -271,14 +273,17 @@ void StripChart::NameVariable(int variable, const QString& name) {
     }
 }
 
-bool StripChart::Antialiased() const {
-    return m_parts->Model.Antialiased;
+void StripChart::Unit(const QString& unit) {
+    if (m_parts->Model.Unit != unit) {
+        m_parts->Model.Unit = unit;
+        m_parts->Layers.Invalidate();
+        update();
+    }
 }
 
-void StripChart::Antialiased(bool smoothed) {
-    m_parts->Model.Antialiased = smoothed;
-    m_parts->Layers.InvalidatePaper();
-    update();
+void StripChart::Stopped(bool stopped) {
+    m_parts->Model.Stopped = stopped;
+    ShowChange();
 }
 
 void StripChart::Clock(strip::Clock clock) {
@@ -298,17 +303,19 @@ void StripChart::DrawFrame() {
     if (!isVisible()) {
         return;
     }
-    Prepare();
+    if (Prepare()) {
+        update();
+    }
     // One by one: pictures are copied fast only where a single rectangle is painted.
     for (const QRect& rect : parts.Layers.DrawFrame(model)) {
         repaint(rect);
     }
 }
 
-/// Brings layout and still picture up to date with what is to be shown.
-void StripChart::Prepare() {
+/// Brings layout and still picture up to date with what is to be shown. Whether the latter changed.
+bool StripChart::Prepare() {
     const int buttons = m_parts->Layers.Layout().Buttons.width();
-    m_parts->Layers.LayOut(m_parts->Model, size(), devicePixelRatioF(), buttons);
+    return m_parts->Layers.LayOut(m_parts->Model, size(), devicePixelRatioF(), buttons);
 }
 
 void StripChart::Paint(QPainter& painter, const QRegion& region) {
@@ -324,6 +331,7 @@ QImage StripChart::Picture() {
     picture.setDevicePixelRatio(ratio);
     QPainter painter(&picture);
     Paint(painter, rect());
+    m_parts->Layers.PaintDate(painter, m_parts->Model);
     return picture;
 }
 
@@ -451,6 +459,8 @@ bool StripChart::event(QEvent* event) {
         QToolTip::showText(help->globalPos(),
                            tr("Click to hide or show this trace, with Ctrl to show it alone"),
                            this);
+    } else if (const int trace = m_parts->Hand.TraceAt(help->pos()); trace >= 0) {
+        QToolTip::showText(help->globalPos(), m_parts->Model.Name(trace), this);
     } else {
         QToolTip::hideText();
         event->ignore();

@@ -20,6 +20,7 @@ void View::Newest(Time newest) {
 
 void View::Freeze(bool frozen) {
     if (frozen) {
+        m_frozenAt = m_frozen ? m_frozenAt : m_newest;
         m_begin = Begin();
     }
     m_following = m_following || !frozen;
@@ -31,7 +32,6 @@ void View::Live() {
     m_following = true;
     m_frozen = false;
     m_wholeRun = false;
-    m_zoomed = false;
     m_values = m_inner;
     SetSpan(DefaultSpan);
     Place();
@@ -103,13 +103,17 @@ void View::Values(const Range& inner, const Range& outer) {
     }
     m_outer = {std::min(outer.Low, m_inner.Low), std::max(outer.High, m_inner.High)};
     m_values = m_inner;
-    m_zoomed = false;
 }
 
 void View::ZoomValues(double factor, double value) {
     const double span = std::clamp(m_values.Span() * factor, m_outer.Span() / 1000, m_outer.Span());
     const double below = (value - m_values.Low) / m_values.Span();
     SetValues(value - below * span, span);
+}
+
+void View::FitValues(double low, double high) {
+    const double span = std::clamp((high - low) * 1.1, m_outer.Span() / 1000, m_outer.Span());
+    SetValues((low + high - span) / 2, span);
 }
 
 void View::PanValues(double by) {
@@ -121,7 +125,6 @@ void View::PanValues(double by) {
 void View::SetValues(double low, double span) {
     const double lowest = std::clamp(low, m_outer.Low, m_outer.High - span);
     m_values = {lowest, std::min(lowest + span, m_outer.High)};
-    m_zoomed = m_values != m_inner;
 }
 
 } // namespace tqx::strip

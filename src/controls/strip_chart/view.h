@@ -43,11 +43,14 @@ public:
 
     bool Frozen() const { return m_frozen; }
 
+    /// The time of the last sample when the view was frozen.
+    Time FrozenAt() const { return m_frozenAt; }
+
     bool WholeRun() const { return m_wholeRun; }
 
     /// Whether this is the view that a chart starts with: the last 60 s in the starting range.
     bool Default() const {
-        return Following() && !m_wholeRun && m_span == DefaultSpan && !m_zoomed;
+        return Following() && !m_wholeRun && m_span == DefaultSpan && m_values == m_inner;
     }
 
     /// Holds the picture; letting go returns to the newest sample with the same zoom.
@@ -76,10 +79,11 @@ public:
 
     Range OuterValues() const { return m_outer; }
 
-    bool ValuesZoomed() const { return m_zoomed; }
-
     /// Makes the range `factor` times as wide about `value`, within the outer range.
     void ZoomValues(double factor, double value);
+
+    /// Shows `low` to `high` with a little room around them, within the outer range.
+    void FitValues(double low, double high);
 
     /// Moves the range up by `by`, within the outer range.
     void PanValues(double by);
@@ -97,11 +101,11 @@ private:
     Time m_begin = 0; ///< of a view that does not follow
     bool m_following = true;
     bool m_frozen = false;
+    Time m_frozenAt = 0;
     bool m_wholeRun = false;
     Range m_inner{0, 1};
     Range m_outer{0, 1};
     Range m_values{0, 1};
-    bool m_zoomed = false;
 };
 
 } // namespace tqx::strip

@@ -10,6 +10,8 @@
 
 namespace tqx {
 
+class SystemDialogs;
+
 namespace strip {
 
 /// Where a chart takes the time from.
@@ -24,18 +26,6 @@ struct Clock {
 };
 
 } // namespace strip
-
-/// How a chart asks where to save and tells what went wrong; replaced where no one can click.
-struct StripDoors {
-    /// A save dialog that starts on `suggested`. The name chosen, or empty when it was cancelled.
-    std::function<QString(QWidget* parent, const QString& title, const QString& suggested,
-                          const QString& filter)>
-        SaveFileName;
-    std::function<void(QWidget* parent, const QString& title, const QString& text)> Message;
-
-    /// The dialogs of the desktop.
-    static StripDoors Desktop();
-};
 
 /// A strip chart of 18 numbered variables on white paper: numbered captions, a time axis that
 /// follows the clock, and the whole run in bounded memory.
@@ -58,7 +48,6 @@ class StripChart : public QWidget {
     Q_PROPERTY(quint32 CaptionColor READ CaptionColor WRITE CaptionColor)
     Q_PROPERTY(int VariableIndex READ VariableIndex WRITE VariableIndex)
     Q_PROPERTY(quint32 VariableColor READ VariableColor)
-    Q_PROPERTY(bool Antialiased READ Antialiased WRITE Antialiased)
 
 public:
     explicit StripChart(QWidget* parent = nullptr);
@@ -103,15 +92,17 @@ public:
     /// samples are there all the same.
     void NameVariable(int variable, const QString& name);
 
-    /// Whether the ends of lines are smoothed; they are unless this is switched off.
-    bool Antialiased() const;
-    void Antialiased(bool smoothed);
+    /// The unit of all values, on the axis, in what the cursors read and in what is saved.
+    void Unit(const QString& unit);
+
+    /// Says on the chart that no samples are to come, and from when on; or no longer.
+    void Stopped(bool stopped);
 
     /// Replaces the clock and empties the chart, whose times were the old one's.
     void Clock(strip::Clock clock);
 
-    /// Replaces the dialogs.
-    void Doors(StripDoors doors);
+    /// Replaces the desktop's dialogs by `dialogs`, which outlive the chart.
+    void Dialogs(SystemDialogs& dialogs);
 
     /// Draws what came since the last frame. The chart calls it 60 times a second while samples
     /// come.
@@ -142,19 +133,20 @@ public:
     /// @name The chart in words
     /// @{
     QString Title() const;
-    QString LatestText() const;  ///< "Vbatt 3.01, +5V 5.02": newest values of the traces shown
-    QString StateText() const;   ///< frozen, looking back, the legend, what the cursors read
+    QString LatestText() const; ///< "Vbatt 3.01, +5V 5.02": newest values of the traces shown
+    QString StateText() const; ///< frozen, stopped, looking back, the legend, what the cursors read
     QString ReadoutText() const; ///< a row per trace, tabs between columns; empty without a cursor
     /// @}
 
-    /// The chart as it stands, without its buttons, in pixels of the screen.
+    /// The chart as it stands, in pixels of the screen, with the date in place of its buttons.
     QImage Picture();
 
-    /// Asks for a file name and saves the picture. A failure is told.
+    /// Asks for a file name and saves the picture. Success is told with name and size, or the
+    /// failure.
     void SavePicture();
 
     /// Asks for a file name and saves the samples on view of the traces shown, or all that is kept
-    /// of every trace, as comma-separated values. A failure is told.
+    /// of every trace, as comma-separated values. Told like the picture.
     void ExportSamples(bool all);
 
     QSize sizeHint() const override;
@@ -183,10 +175,11 @@ private:
     void ConnectCommands();
     void ConnectFileCommands();
     void PlaceButtons();
-    void Prepare();
+    bool Prepare();
     void ShowChange();
     void TellState();
     QString AskFileName(const QString& title, const QString& suffix, const QString& filter);
+    void SaveAndTell(const QString& title, const QString& name, const QByteArray& content);
     void Paint(QPainter& painter, const QRegion& region);
 
     std::unique_ptr<Parts> m_parts;

@@ -20,6 +20,11 @@ public:
     /// whether one of that name may go. The name chosen, or empty when it was cancelled.
     virtual QString SaveFileName(QWidget* parent, const QString& title, const QString& suggested,
                                  const QString& filter) = 0;
+
+    /// The same for a file that is written anew: asks before one of that name goes, and gives a
+    /// name without a suffix the one of `suggested`.
+    virtual QString NewFileName(QWidget* parent, const QString& title, const QString& suggested,
+                                const QString& filter) = 0;
 };
 
 /// The dialogs of the desktop.
@@ -28,6 +33,8 @@ public:
     void Message(QWidget* parent, Icon icon, const QString& title, const QString& text) override;
     QString SaveFileName(QWidget* parent, const QString& title, const QString& suggested,
                          const QString& filter) override;
+    QString NewFileName(QWidget* parent, const QString& title, const QString& suggested,
+                        const QString& filter) override;
 };
 
 } // namespace tqx
