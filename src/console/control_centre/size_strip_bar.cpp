@@ -116,6 +116,7 @@ void SetUpStrip(StripChart& chart, const StripGroupSetting& group,
     chart.StripSetting24(0);
     SetYRange(chart, group);
     SetCaption(chart, strip::TitleCaption, group.Title);
+    chart.Unit(TextOf(group.Unit));
     int variable = 0;
     for (const GroupTrace& trace : group.Traces) {
         chart.NameVariable(variable, TextOf(trace.Legend));

@@ -25,6 +25,7 @@ enum class YOrder { LowerEndsFirst, UpperEndsFirst };
 /// What `MainStripChart` shows for a group: the index of a trace is its variable number.
 struct StripGroupSetting {
     std::string_view Title;
+    std::string_view Unit;
     double YFloor;
     double YLow;
     double YCeiling;
@@ -78,9 +79,9 @@ inline constexpr int FanGroup = 2;
 /// @}
 
 inline constexpr std::array<StripGroupSetting, 3> StripGroups{{
-    {"Temperature", -128, 0, 125, 50, YOrder::LowerEndsFirst, TempTraces},
-    {"Voltage", 0, 0, 16, 16, YOrder::LowerEndsFirst, VoltTraces},
-    {"RPM", 2000, 3000, 15000, 15000, YOrder::UpperEndsFirst, FanTraces},
+    {"Temperature", "C", -128, 0, 125, 50, YOrder::LowerEndsFirst, TempTraces},
+    {"Voltage", "V", 0, 0, 16, 16, YOrder::LowerEndsFirst, VoltTraces},
+    {"RPM", "RPM", 2000, 3000, 15000, 15000, YOrder::UpperEndsFirst, FanTraces},
 }};
 
 } // namespace tqx
