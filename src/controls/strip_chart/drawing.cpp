@@ -41,13 +41,14 @@ QFont LegendNumbers(int lineHeight) {
     return Within(LabelFont(), lineHeight);
 }
 
-constexpr int ValueGap = 8; ///< between the columns of a read-out
+const QString Difference = QStringLiteral("2 \u2212 1");
+constexpr int ValueGap = 10; ///< between the columns of a read-out
 
 /// Room for each value of a read-out, and for the widest one that `range` brings with as many
 /// decimals: the legend keeps its width while a cursor moves.
 int ValueWidth(const Readout& readout, const Range& range) {
     const QFontMetrics metrics(LabelFont());
-    int width = 0;
+    int width = readout.Cursors.size() == 2 ? metrics.horizontalAdvance(Difference) : 0;
     int decimals = 0;
     for (const Readout::Line& line : readout.Lines) {
         for (const QString& value : line.Values) {
@@ -64,7 +65,7 @@ int ValueWidth(const Readout& readout, const Range& range) {
 
 QString HeadingOver(const Readout& readout, std::size_t column) {
     return column < readout.Cursors.size() ? QString::number(readout.Cursors[column] + 1)
-                                           : QStringLiteral("2 \u2212 1");
+                                           : Difference;
 }
 
 /// Columns of `width` at the right end of a line.
@@ -254,7 +255,9 @@ void Layers::DrawStill(const Model& model) {
         painter.drawText(label, Qt::AlignRight | Qt::AlignVCenter,
                          QString::number(shown, 'f', decimals));
     }
-    painter.drawText(m_layout.Unit, Qt::AlignRight | Qt::AlignVCenter, model.Unit);
+    if (!m_layout.Unit.intersects(m_layout.TimeCaption)) {
+        painter.drawText(m_layout.Unit, Qt::AlignRight | Qt::AlignVCenter, model.Unit);
+    }
     DrawReadoutHeadings(painter);
     DrawLegend(painter, model);
 

@@ -23,7 +23,9 @@ Layout LayOut(const QSize& size, const TextSizes& texts, int buttonsWidth) {
     Layout layout{};
     const int top = Margin + texts.TitleHeight + Gap;
     const int left = Margin + texts.ValueLabelWidth + Gap;
-    const int legendWidth = SwatchWidth + Gap + texts.LegendNameWidth + texts.ReadoutWidth;
+    const int name = SwatchWidth + Gap + texts.LegendNameWidth;
+    // Where there is little room, names are cut short before the paper is.
+    const int legendWidth = std::clamp(size.width() / 2, name, name + texts.ReadoutWidth);
     const int right = size.width() - Margin - legendWidth - LegendGap;
     const int bottom = size.height() - Margin - texts.LabelHeight - Gap / 2;
     layout.Paper = QRect(left, top, std::max(right - left, 1), std::max(bottom - top, 1));
