@@ -22,7 +22,7 @@ ci=(
     clang libclang-rt-dev                                  # fuzzing
     gcovr                                                  # coverage
     appstream desktop-file-utils dpkg-dev lintian mandoc   # check the package
-    qemu-system-x86 busybox-static cpio kmod make    # the machine of scripts/kernel-test.sh
+    qemu-system-x86 busybox-static cpio kmod make i2c-tools   # the machine of kernel-test.sh
     linux-headers-amd64                              # and its board model
 )
 
