@@ -37,7 +37,7 @@ TEST_F(BoardWindowTest, BeginsAsTheBoardStands) {
     Board.TheChip().ChassisOpen(true);
     Board.TheChip().WriteProtectPin(true);
     Board.TheChip().GPIOLevel(10, true);
-    Board.TheFaults().Every(Fault::WrongPEC, 7);
+    Board.TheFaults().Every(sim::Fault::WrongPEC, 7);
     const BoardWindow second(Board);
     for (const char* checked :
          {"SpeedOPT(2)", "ChassisCHK", "WriteProtectCHK", "GPIOHighCHK(10)"}) {

@@ -74,7 +74,7 @@ void ControlCentre::ConnectParts() {
             OnLink(failures, [this] { m_limits.PointerSettled(); }));
     connect(&m_tabs, &ChannelTabs::ChassisClicked, this,
             OnLink(failures, [this] { m_lamps.ClearChassisAlarm(); }));
-    connect(&m_visStart, &QAbstractButton::toggled, &m_chart,
+    connect(&m_startStop, &QAbstractButton::toggled, &m_chart,
             [this](bool running) { m_chart.Stopped(!running); });
     connect(&m_gpio, &GPIODisplay::clicked, this, &ControlCentre::GPIOPanelWanted);
     connect(&m_timers.BargraphTimer, &QTimer::timeout, this,
