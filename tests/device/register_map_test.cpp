@@ -33,7 +33,7 @@ std::uint64_t Digest() {
 /// The table was compared with the chip's list letter by letter. Who changes it does so again, and
 /// then writes the new number here.
 TEST(RegisterMap, IsTheOneThatWasCompared) {
-    EXPECT_EQ(Digest(), 0U);
+    EXPECT_EQ(Digest(), 14581374518343758343U);
     for (std::size_t i = 0; i < RegisterMap.size(); ++i) {
         EXPECT_EQ(RegisterMap[i].Address, i);
     }
