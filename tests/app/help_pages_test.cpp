@@ -86,21 +86,5 @@ TEST_F(HelpPagesTest, F1OpensThePageBesideTheProgram) {
     EXPECT_TRUE(dialogs.Messages.empty());
 }
 
-TEST_F(HelpPagesTest, APageThatCannotBeShownIsToldWithItsPlace) {
-    const auto expectTold = [this] {
-        dialogs.Messages.clear();
-        QTest::keyClick(&main, Qt::Key_F1);
-        ASSERT_EQ(dialogs.Messages.size(), 1);
-        EXPECT_THAT(dialogs.Messages[0].toStdString(),
-                    HasSubstr(tree.filePath(handbook + "/main-window.html").toStdString()));
-    };
-    expectTold();
-    EXPECT_TRUE(opened.empty()) << "it is not there";
-    Install("main-window");
-    opens = false;
-    expectTold();
-    EXPECT_EQ(opened.size(), 1U) << "the desktop has no program for it";
-}
-
 } // namespace
 } // namespace tqx

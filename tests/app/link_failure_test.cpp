@@ -74,27 +74,6 @@ protected:
     }
 };
 
-TEST_F(LinkFailureTest, InTheWizardIsToldOnceAndLeavesTheChoiceOfTheMedium) {
-    for (const char* failure : {"EEPROMLink.EEPROMWait", "SMBusLink.ReadByte 2D"}) {
-        SCOPED_TRACE(failure);
-        StartAfresh();
-        link->FailOn = failure;
-        const QStringList told = ToldBy([this] { Search(); });
-        ASSERT_EQ(told.size(), 1);
-        EXPECT_TRUE(told.front().contains("The link to the TQX7716 failed"))
-            << told[0].toStdString();
-        EXPECT_TRUE(told.front().contains("This failure was asked for."));
-        EXPECT_EQ(WizardPage(), 2);
-        EXPECT_FALSE(HourglassShows());
-
-        link->FailOn.clear();
-        EXPECT_THAT(ToldBy([this] { ClickWizard("NextCMD"); }), IsEmpty());
-        EXPECT_EQ(WizardPage(), 4);
-        ClickWizard("FinishCMD");
-        EXPECT_TRUE(program->Main()->isVisible());
-    }
-}
-
 /// Everything that reads by itself stops at its first failure, and stays stopped.
 TEST_F(LinkFailureTest, OfAReadingThatGoesOnByItselfIsToldOnce) {
     struct Reading {
@@ -161,14 +140,6 @@ TEST_F(LinkFailureTest, OfAKeyIsToldOnceAndAPanelIsOnView) {
         }
     }
     EXPECT_EQ(Window("GPIOConfigFRM"), nullptr);
-}
-
-TEST_F(LinkFailureTest, EndsWhileOneIsTold) {
-    Choose(0);
-    duringBox = [this] { program->Main()->close(); };
-    link->FailOn = "BoardBus.ReadByte";
-    EXPECT_TRUE(EndsBy([this] { Press("ControlPanel1"); }));
-    EXPECT_THAT(Told(), SizeIs(1));
 }
 
 } // namespace

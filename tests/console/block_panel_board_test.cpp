@@ -69,21 +69,5 @@ TEST_F(BlockPanelOnTheBoard, ABlockWrittenToErasedEEPROMReadsBackWithAGoodPEC) {
     EXPECT_EQ(panel.Row("ReadDataLBL", 6, 8), "FF FF FF") << "a short block ends where it ends";
 }
 
-TEST_F(BlockPanelOnTheBoard, ACountOtherThan32IsToldAndShowsNoEarlierBlock) {
-    panel.Click("BlockReadCMD");
-    ExpectPEC("PEC was OK", green);
-    TheFaults().Always(sim::Fault::ShortCount);
-    panel.Click("BlockReadCMD");
-    EXPECT_THAT(notices, ElementsAre("The byte count read did not equal 32"));
-    EXPECT_EQ(panel.Row("ReadDataLBL", 1, 2), "--- ---");
-    EXPECT_EQ(panel.PECReadOuts(), "--- --- --- ---");
-    ExpectPEC("PEC Failed", red);
-    EXPECT_TRUE(panel.ButtonsUsable());
-    TheFaults().AllOff();
-    panel.Click("BlockReadCMD");
-    ExpectPEC("PEC was OK", green);
-    EXPECT_EQ(notices.size(), 1U);
-}
-
 } // namespace
 } // namespace tqx

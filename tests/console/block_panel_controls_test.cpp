@@ -30,23 +30,6 @@ protected:
     }
 };
 
-TEST_F(BlockPanelControls, UsePECTellsTheLinkAndClearsTheResult) {
-    panel.Click("UsePECCHK");
-    panel.Click("BlockReadCMD");
-    EXPECT_EQ(panel.Text("PECStatusLBL"), "PEC was OK");
-    EXPECT_EQ(panel.Find("PECOKShape").accessibleName(), "PEC good");
-    link.PECGood = false;
-    panel.Click("BlockReadCMD");
-    EXPECT_EQ(panel.Find("PECOKShape").accessibleName(), "PEC bad");
-    link.Take();
-    panel.Click("UsePECCHK");
-    EXPECT_THAT(link.Take(), ElementsAre("BoardBus.UsePEC 0"));
-    EXPECT_EQ(panel.Text("PECStatusLBL"), "");
-    EXPECT_EQ(panel.MarkColour(), QColor(128, 128, 128));
-    panel.Click("UsePECCHK");
-    EXPECT_EQ(panel.Text("PECStatusLBL"), "PEC Status");
-}
-
 TEST_F(BlockPanelControls, TheHighByteGoesWithTheEEPROM) {
     EXPECT_FALSE(panel.Find("EEPROMHighByteCOMBO").isEnabled());
     panel.Click("AccessEEPROMCHK");

@@ -91,33 +91,6 @@ TEST_F(BlockPanelTransfers, TheWriteProtectBitRefusesAWrite) {
     EXPECT_TRUE(panel.ButtonsUsable());
 }
 
-TEST_F(BlockPanelTransfers, AByteCountIsKeptToABlock) {
-    struct {
-        const char* Typed;
-        bool Confirmed;
-        const char* After; // the entry
-        const char* Sent;  // the count that a write sends
-    } const table[] = {
-        {"20", true, "20", "20"},  {"21", true, "20", "20"},  {"FF", true, "20", "20"},
-        {"1", true, "1", "1"},     {"0", true, "0", "1"},     {"", true, "", "1"},
-        {"21", false, "21", "20"}, {"FF", false, "FF", "20"}, {"0", false, "0", "1"},
-    };
-
-    for (const auto& row : table) {
-        panel.Type("ByteCountTXT", row.Typed, row.Confirmed);
-        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").text(), row.After);
-        panel.Click("BlockWriteCMD");
-        EXPECT_THAT(link.Take(), testing::Contains(testing::StartsWith(
-                                     std::string("BoardBus.BlockWrite ") + row.Sent + " ")))
-            << row.Typed;
-        EXPECT_EQ(panel.Find<NumberEntry>("ByteCountTXT").text(), row.Sent);
-    }
-    panel.Type("ByteCountTXT", "3");
-    EXPECT_TRUE(panel.Member("ReadDataLBL", 3).isEnabled());
-    EXPECT_FALSE(panel.Member("ReadDataLBL", 4).isEnabled());
-    EXPECT_TRUE(panel.Member("BlockWriteTXT", 4).isEnabled());
-}
-
 TEST_F(BlockPanelTransfers, ALinkErrorPassesAndThePanelCanBeUsedAgain) {
     UsePEC();
     panel.Click("AccessEEPROMCHK");

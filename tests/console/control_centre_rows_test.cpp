@@ -26,16 +26,6 @@ protected:
     }
 };
 
-TEST_F(ControlCentreRows, ArePickedWithTheKeyboardToo) {
-    Tabs().setCurrentIndex(1);
-    Row(7).setFocus();
-    QTest::keyClick(&Row(7), Qt::Key_Down);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
-    EXPECT_EQ(panel->SelectedChannel, 8);
-    EXPECT_EQ(Row(8).ForeColor(), RowColour::Selected);
-    EXPECT_EQ(Traffic(), "R61");
-}
-
 TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
     link->Registers[0x4F] = 0x1A;
     link->Registers[0x47] = 0xE5;
@@ -59,27 +49,6 @@ TEST_F(ControlCentreRows, AClickLoadsTheLimitsAndStartsTheMonitor) {
     EXPECT_EQ(panel->SelectedChannel, 17);
     Chart().CaptionIndex(0);
     EXPECT_EQ(Chart().Caption(), "RPM");
-}
-
-TEST_F(ControlCentreRows, AClickWhoseReadFailsPutsNoChannelOnTheGaugeAndCanBeRepeated) {
-    Click(Row(3));
-    panel->BargraphTick();
-    EXPECT_EQ(Child<QLabel>("ChannelName").text(), "IntTemp");
-    panel->StopMonitorTimers();
-    link->FailOn = "BoardBus.ReadByte 58 40";
-    Click(Row(4));
-    EXPECT_EQ(recorded.TakeFailures(), 1);
-    EXPECT_FALSE(MonitorRuns());
-    EXPECT_EQ(panel->SelectedChannel, 0) << "no handle of another channel may reach this one";
-    for (const int pointer : {0, 1, 2, 3}) {
-        EXPECT_FALSE(IsDrawn(Gauge().Pointers(), pointer)) << "nor stand there as its limit";
-    }
-    EXPECT_EQ(Gauge().Caption(), "") << "nor may its reading stand under the new name";
-    link->FailOn.clear();
-    Click(Row(4));
-    EXPECT_TRUE(MonitorRuns());
-    EXPECT_EQ(panel->SelectedChannel, 4);
-    EXPECT_EQ(Row(4).ForeColor(), RowColour::Selected);
 }
 
 TEST_F(ControlCentreRows, HaveTheirLampBesideThem) {

@@ -157,19 +157,6 @@ TEST_F(TheMainForm, GoOnThePrinterPortWritesEverythingInOrder) {
     EXPECT_EQ(PanelsOnView(), "ControlCentrePanel");
 }
 
-TEST_F(TheMainForm, ABoxClosedWithoutAnAnswerGivesTheAnswerBefore) {
-    AnswerNext(nullptr);
-    EXPECT_EQ(form->QVNMsgBox("t", "first of the run", 0), 0);
-    AnswerNext("OKCMD");
-    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 1);
-    AnswerNext(nullptr);
-    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 1);
-    AnswerNext("CancelCMD");
-    EXPECT_EQ(form->QVNMsgBox("t", "m", 0), 0);
-    AnswerNext(nullptr);
-    EXPECT_EQ(form->QVNMsgBox("t", "m", 1), 0);
-}
-
 TEST_F(TheMainForm, EnterPressesTheButtonThatHasTheFocusAndNothingElse) {
     Press("BlockReadWrite");
 

@@ -54,22 +54,6 @@ TEST_F(RegisterConsoleRows, EveryRegisterStandsUnderItsTabAndShowsWhatIsKnownOfI
     }
 }
 
-TEST_F(RegisterConsoleRows, AClickedRowIsTheOneSelectedAndStaysSoOnTheNextClick) {
-    for (int click = 0; click < 2; ++click) {
-        ClickRow(0x00);
-        EXPECT_EQ(Coloured(), (Colours{{0x00, Selected}}));
-        EXPECT_THAT(link.Take(), ElementsAre("BoardBus.ReadByte 58 0"));
-    }
-    QTest::mouseMove(&Row(0x20));
-    EXPECT_EQ(Coloured(), (Colours{{0x00, SelectedAway}, {0x20, Hovered}}));
-    QTest::mouseMove(&Row(0x00));
-    EXPECT_EQ(Coloured(), (Colours{{0x00, Selected}}));
-    QTest::mouseMove(&Find("HexTXT"));
-    EXPECT_EQ(Coloured(), (Colours{{0x00, SelectedAway}}));
-    ClickRow(0x2C);
-    EXPECT_EQ(Coloured(), (Colours{{0x2C, Selected}})) << "rows on other tabs go to rest too";
-}
-
 TEST_F(RegisterConsoleRows, TabLeadsToOneRowOfAPageAndThenOn) {
     ShowTabOf(0x30);
     Row(0x30).setFocus(Qt::TabFocusReason);

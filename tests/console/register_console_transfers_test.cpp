@@ -44,23 +44,6 @@ TEST_F(RegisterConsoleTransfers, AFlipGoesToTheRegisterOnViewWhereverThePointerH
     EXPECT_EQ(Bits(), "00000100");
 }
 
-TEST_F(RegisterConsoleTransfers, BitsAreReachedAndFlippedByKeys) {
-    Select(0x18, 0x00);
-    auto* bit = &Find("bit3");
-    bit->setFocus();
-    QTest::keyClick(bit, Qt::Key_Space);
-    EXPECT_EQ(link.Registers[0x18], 0x08);
-    QTest::keyClick(bit, Qt::Key_Up);
-    EXPECT_TRUE(Find("bit7").hasFocus());
-    QTest::keyClick(&Find("bit7"), Qt::Key_Right);
-    QTest::keyClick(&Find("bit6"), Qt::Key_Right);
-    QTest::keyClick(&Find("bit5"), Qt::Key_Left);
-    EXPECT_TRUE(Find("bit6").hasFocus());
-    QTest::keyClick(&Find("bit6"), Qt::Key_Return);
-    EXPECT_EQ(link.Registers[0x18], 0x48);
-    EXPECT_EQ(Find("bit6").accessibleName(), "Bit 6, +12V: 1");
-}
-
 TEST_F(RegisterConsoleTransfers, ARowWithoutEntryIsDeadToBitsAndEntries) {
     const auto pointerOnABit = [this] {
         QTest::mouseMove(&Find("bit0"));

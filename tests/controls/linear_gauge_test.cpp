@@ -179,25 +179,6 @@ TEST_F(Gauge, TabWalksThroughTheDraggablePointersAndOn) {
     EXPECT_EQ(m_gauge.PickedPointer(), 1);
 }
 
-TEST_F(Gauge, KeysMoveThePickedPointerAndSettleWhenTheyComeUp) {
-    struct {
-        Qt::Key Key;
-        const char* At;
-    } const table[] = {{Qt::Key_Up, "-39"},       {Qt::Key_Left, "-40"}, {Qt::Key_PageUp, "-30"},
-                       {Qt::Key_PageDown, "-40"}, {Qt::Key_End, "127"},  {Qt::Key_Home, "-128"}};
-
-    m_gauge.setFocus(Qt::TabFocusReason);
-    for (const auto& row : table) {
-        const std::string at = std::string(" 2 at ") + row.At;
-        QTest::keyPress(&m_gauge, row.Key);
-        EXPECT_THAT(Told(), ElementsAre("moved" + at));
-        QTest::keyRelease(&m_gauge, row.Key);
-        EXPECT_THAT(Told(), ElementsAre("moved" + at, "settled" + at));
-    }
-    QTest::keyClick(&m_gauge, Qt::Key_Down); // at the end already
-    EXPECT_THAT(Told(), IsEmpty());
-}
-
 TEST_F(Gauge, ARepeatingKeySettlesOnceAndLosingTheFocusSettlesIt) {
     m_gauge.setFocus(Qt::TabFocusReason);
     const auto repeat = [this](QEvent::Type type) {
@@ -246,21 +227,6 @@ TEST_F(Gauge, OneHandAtATimeHoldsAPointer) {
     QTest::keyClick(&m_gauge, Qt::Key_Up);
     EXPECT_THAT(Told(), IsEmpty()) << "it is in the mouse's hand";
     Release(On(3));
-}
-
-TEST_F(Gauge, ScreenReadersHearAndMoveThePickedPointer) {
-    m_gauge.Unit("C");
-    m_gauge.Caption(" 31 C");
-    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&m_gauge);
-    EXPECT_EQ(face->role(), QAccessible::Slider);
-    EXPECT_EQ(face->text(QAccessible::Description),
-              "reading 31 C, low handle at -40 C, high handle at 60 C");
-    m_gauge.setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(face->text(QAccessible::Name), "Gauge, low handle");
-    EXPECT_EQ(face->text(QAccessible::Value), "-40 C");
-    face->valueInterface()->setCurrentValue(10.4);
-    EXPECT_EQ(face->valueInterface()->currentValue().toDouble(), 10);
-    EXPECT_THAT(Told(), ElementsAre("moved 2 at 10", "moved 2 at 10", "settled 2 at 10"));
 }
 
 /// Counts what a gauge has drawn.

@@ -50,30 +50,6 @@ TEST(NumberEntry, HandsOverItsTextOnEnterAlone) {
     EXPECT_EQ(confirmed[0][0].toString(), "0A");
 }
 
-TEST(NumberEntry, ConfirmsNoTextThatIsNoNumberOfItsRange) {
-    NumberEntry entry(NumberEntry::Decimal);
-    const QSignalSpy confirmed(&entry, &NumberEntry::EntryConfirmed);
-    QTest::keyClick(&entry, Qt::Key_Return);
-    entry.Value(25600);
-    QTest::keyClick(&entry, Qt::Key_Backspace);
-    QTest::keyClick(&entry, Qt::Key_Return); // 2560, left over from what the program had set
-    EXPECT_TRUE(confirmed.isEmpty());
-}
-
-TEST(NumberEntry, EscapeBringsBackWhatStoodLast) {
-    NumberEntry entry(NumberEntry::Hexadecimal);
-    entry.Put("12");
-    entry.selectAll();
-    QTest::keyClicks(&entry, "3");
-    QTest::keyClick(&entry, Qt::Key_Escape);
-    EXPECT_EQ(entry.text(), "12");
-    QTest::keyClicks(&entry, "4");
-    QTest::keyClick(&entry, Qt::Key_Return);
-    QTest::keyClicks(&entry, "5");
-    QTest::keyClick(&entry, Qt::Key_Escape);
-    EXPECT_EQ(entry.text(), "4");
-}
-
 TEST(NumberEntry, LeftEmptyItShowsWhatStoodLast) {
     NumberEntry entry(NumberEntry::Hexadecimal);
     entry.Put("12");

@@ -58,15 +58,6 @@ TEST_F(Rows, AClickedRowEndsSelectedByMouseAndByKeyboardAlike) {
     EXPECT_EQ(Colours(), (Four{Plain, Plain, Selected, Plain}));
 }
 
-TEST_F(Rows, OnlyALeftButtonLetGoOnTheRowClicks) {
-    const QSignalSpy clicked(m_rows[0], &RowLabel::clicked);
-    QTest::mouseClick(m_rows[0], Qt::RightButton);
-    QTest::mousePress(m_rows[0], Qt::LeftButton);
-    QTest::mouseRelease(m_rows[0], Qt::LeftButton, {}, {300, 5});
-    QTest::mouseRelease(m_rows[0], Qt::LeftButton);
-    EXPECT_TRUE(clicked.isEmpty());
-}
-
 TEST_F(Rows, ArrowsWalkAmongTheRowsOnViewAndStopAtTheEdge) {
     struct {
         int From;

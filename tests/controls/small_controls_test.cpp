@@ -13,15 +13,6 @@
 namespace tqx {
 namespace {
 
-TEST(AlarmLamp, TellsOfAClickAndKeepsItsState) {
-    AlarmLamp lamp;
-    const QSignalSpy clicked(&lamp, &AlarmLamp::clicked);
-    QTest::mouseClick(&lamp, Qt::LeftButton);
-    QTest::mouseClick(&lamp, Qt::RightButton);
-    EXPECT_EQ(clicked.size(), 1);
-    EXPECT_FALSE(lamp.Value());
-}
-
 TEST(Accessibility, LampAndRowSayTheirState) {
     AlarmLamp lamp;
     lamp.setAccessibleName("Fan 0");
@@ -56,17 +47,6 @@ TEST(HandOnly, TheWheelChangesNothingEvenWithTheFocus) {
     }
     EXPECT_EQ(list.currentIndex() + number.value() + slider.value(), 0);
     EXPECT_EQ(value.value(), 0);
-}
-
-TEST(PercentBar, ShowsTheShareWithOneDecimal) {
-    PercentBar bar;
-    EXPECT_EQ(bar.text(), "0.0 %");
-    bar.EndAt(1056);
-    bar.StandAt(33);
-    EXPECT_EQ(bar.text(), "3.1 %");
-    bar.StandAt(2000);
-    EXPECT_EQ(bar.value(), 1056);
-    EXPECT_EQ(bar.text(), "100.0 %");
 }
 
 } // namespace

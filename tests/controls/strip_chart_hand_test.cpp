@@ -109,21 +109,6 @@ protected:
     const QPoint firstOfLegend{ChartWidth - 60, 54};
 };
 
-TEST_F(StripChartHand, SpaceFreezesThePictureAndNoSampleIsLost) {
-    const auto body = [this] { return chart.Picture().copy(60, 50, 500, 300); };
-    Key(Qt::Key_Space);
-    EXPECT_THAT(chart.StateText().toStdString(), HasSubstr("Frozen at"));
-    const QImage frozen = body();
-    Run(20s);
-    EXPECT_EQ(body(), frozen);
-    Key(Qt::Key_Space);
-    EXPECT_TRUE(chart.Following());
-    EXPECT_NE(body(), frozen);
-    dialogs.FileName = folder.filePath("all.csv");
-    Key(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(FileText(dialogs.FileName).count('\n'), 1 + 1100);
-}
-
 TEST_F(StripChartHand, ACursorReadsTheSampleBeforeItAndASecondTheDifference) {
     QTest::mouseClick(&chart, Qt::LeftButton, {}, QPoint(200, 200));
     EXPECT_EQ(Cell(1, 1), "31");
@@ -138,28 +123,6 @@ TEST_F(StripChartHand, ACursorReadsTheSampleBeforeItAndASecondTheDifference) {
     EXPECT_EQ(QApplication::clipboard()->text(), chart.ReadoutText());
     Key(Qt::Key_Escape);
     EXPECT_TRUE(chart.ReadoutText().isEmpty());
-}
-
-TEST_F(StripChartHand, ACursorIsDraggedAndMovedByKeys) {
-    const auto reading = [this] { return Cell(2, 1).toInt(); };
-    Key(Qt::Key_Space);
-    Key(Qt::Key_1);
-    const int middle = reading();
-    for (int i = 0; i < 20; ++i) {
-        Key(Qt::Key_Right, Qt::ShiftModifier);
-    }
-    EXPECT_GT(reading(), middle + 10);
-    for (int i = 0; i < 500; ++i) {
-        Key(Qt::Key_Left, Qt::ShiftModifier);
-    }
-    EXPECT_EQ(reading(), 0) << "the first sample of the run; the view went with the cursor";
-    Key(Qt::Key_Escape);
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, QPoint(300, 200));
-    const int clicked = reading();
-    QTest::mousePress(&chart, Qt::LeftButton, {}, QPoint(302, 100));
-    QTest::mouseMove(&chart, QPoint(500, 100));
-    QTest::mouseRelease(&chart, Qt::LeftButton, {}, QPoint(500, 100));
-    EXPECT_GT(reading(), clicked + 10);
 }
 
 TEST_F(StripChartHand, ASampleIsOnTheScreenByItself) {
@@ -263,24 +226,6 @@ TEST_F(StripChartHand, TheLegendHidesShowsAndSinglesOut) {
     EXPECT_EQ(TracesShown(), "++");
 }
 
-TEST_F(StripChartHand, KeysZoomPanAndShowTheWholeRun) {
-    Key(Qt::Key_Plus);
-    EXPECT_NEAR(Seconds(), 48, 0.01);
-    EXPECT_TRUE(chart.Following()) << "a zoom by keys keeps the newest sample on view";
-    Key(Qt::Key_Minus);
-    Key(Qt::Key_Plus, Qt::ControlModifier);
-    EXPECT_NEAR(chart.HighOnView() - chart.LowOnView(), 40, 1e-9);
-    Key(Qt::Key_Up, Qt::ControlModifier);
-    EXPECT_NEAR(chart.LowOnView(), 9, 1e-9);
-    Key(Qt::Key_Left);
-    Key(Qt::Key_Plus);
-    EXPECT_FALSE(chart.Following()) << "the view that was moved back stays there";
-    Key(Qt::Key_PageDown);
-    EXPECT_TRUE(chart.Following());
-    Key(Qt::Key_W);
-    EXPECT_GT(Seconds(), 89);
-}
-
 TEST_F(StripChartHand, ThePictureIsCopiedAndSaved) {
     Key(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->image().size(), chart.Picture().size());
@@ -292,16 +237,6 @@ TEST_F(StripChartHand, ThePictureIsCopiedAndSaved) {
     const QString size = QString::number(QFile(dialogs.FileName).size());
     EXPECT_EQ(dialogs.Messages, QStringList("none|Save the picture|" + dialogs.FileName +
                                             " is saved: " + size + " bytes."));
-}
-
-TEST_F(StripChartHand, TheSamplesOnViewOfTheTracesShownAreExported) {
-    QTest::mouseClick(&chart, Qt::LeftButton, {}, firstOfLegend);
-    dialogs.FileName = folder.filePath("view.csv");
-    Key(Qt::Key_E, Qt::ControlModifier);
-    const QList<QByteArray> lines = FileText(dialogs.FileName).trimmed().split('\n');
-    EXPECT_EQ(lines[0], "Time,Seconds,Kind,External Temp 0 (C),External Temp 1 (C)");
-    EXPECT_NEAR(static_cast<double>(lines.size()), 601, 2);
-    EXPECT_TRUE(lines.last().endsWith(",89.900000,sample,89,20")) << lines.last().toStdString();
 }
 
 TEST_F(StripChartHand, AFileThatCannotBeWrittenIsToldAndACancelledDialogIsNot) {
@@ -326,22 +261,6 @@ TEST_F(StripChartHand, AFileThatCannotBeWrittenIsToldAndACancelledDialogIsNot) {
     EXPECT_THAT(told("view.csv"), HasSubstr("File too large")) << "the reason of a short write";
     setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_FALSE(QFile::exists(dialogs.FileName));
-}
-
-TEST_F(StripChartHand, AScreenReaderHearsTitleValuesAndState) {
-    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&chart);
-    EXPECT_EQ(face->role(), QAccessible::Chart);
-    EXPECT_EQ(face->text(QAccessible::Name), "Strip chart: Temperature");
-    EXPECT_EQ(face->text(QAccessible::Value),
-              "Internal Temp 31, External Temp 0 89, External Temp 1 20");
-    face->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_THAT(face->text(QAccessible::Description).toStdString(), HasSubstr("Frozen"));
-
-    chart.NameVariable(0, "Internal Temp");
-    QTest::mouseClick(&chart, Qt::LeftButton, Qt::ControlModifier, firstOfLegend);
-    EXPECT_THAT(face->text(QAccessible::Description).toStdString(),
-                HasSubstr("\nHidden: External Temp 0, External Temp 1.\n"))
-        << "a variable that can have no legend line is not among them";
 }
 
 } // namespace

@@ -75,17 +75,6 @@ TEST_F(StripPaperDrawing, ManySmallStepsShowWhatOneDrawingShows) {
     }
 }
 
-TEST_F(StripPaperDrawing, PanningShowsWhatOneDrawingShows) {
-    Feed(6000);
-    paper.Draw(history, setup);
-    for (const int columns : {-1, -7, -200, 20, 5, -1000, 1}) {
-        setup.View.PanTime(columns);
-        Feed(3);
-        paper.Draw(history, setup);
-        EXPECT_EQ(Shown(paper), DrawnAtOnce()) << columns;
-    }
-}
-
 TEST_F(StripPaperDrawing, GridAndTracesLieWhereTheirValuesAre) {
     for (int i = 0; i <= 60; ++i) {
         history.Add(8, i * Second, i < 30 ? 80 : 30); // red

@@ -26,35 +26,6 @@ protected:
     }
 };
 
-TEST_F(StripViewHand, TimeZoomsAboutThePointerAndFollowsWhileTheNewestSampleIsOnView) {
-    const auto pointer = [this] { return Seconds(view.Begin() + (view.End() - view.Begin()) / 4); };
-    const double before = pointer();
-    view.ZoomTime(0.5, 0.25);
-    EXPECT_EQ(view.Span(), 30 * Second);
-    EXPECT_NEAR(pointer(), before, 0.11);
-    EXPECT_FALSE(view.Following());
-    view.ZoomTime(4, 0.25);
-    EXPECT_TRUE(view.Following());
-    view.PanTime(-1'000'000'000);
-    EXPECT_NEAR(Seconds(view.Begin()), -60, 0.11) << "the first sample stays on view";
-}
-
-TEST_F(StripViewHand, ValuesZoomAboutThePointerWithinTheOuterRange) {
-    view.ZoomValues(0.5, 10);
-    EXPECT_EQ(view.Values(), (Range{5, 30}));
-    view.ZoomValues(1000, 10);
-    EXPECT_EQ(view.Values(), (Range{-128, 125}));
-    view.ZoomValues(1e-9, 10);
-    EXPECT_NEAR(view.Values().Span(), 0.253, 1e-6);
-    view.PanValues(1e9);
-    EXPECT_DOUBLE_EQ(view.Values().High, 125);
-    view.FitValues(10, 20);
-    EXPECT_NEAR(view.Values().Low, 9.5, 1e-9);
-    EXPECT_NEAR(view.Values().High, 20.5, 1e-9);
-    view.Live();
-    EXPECT_EQ(view.Values(), (Range{0, 50}));
-}
-
 TEST(StripGeometry, ValueStepsAreOneTwoOrFive) {
     constexpr double Gap = 34;
 

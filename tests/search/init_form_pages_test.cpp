@@ -12,14 +12,6 @@ using testing::IsEmpty;
 
 class InitFormPages : public test::WizardTest {};
 
-TEST_F(InitFormPages, AFailedLoadIsToldAndTheWindowStays) {
-    link.FailOn = "BoardBus.StartupOption";
-    Open();
-    EXPECT_THAT(dialogs.Messages, ElementsAre("critical|Error|Error in Init Form Load"));
-    EXPECT_TRUE(wizard->isVisible());
-    EXPECT_EQ(State(), "1 Next Cancel");
-}
-
 TEST_F(InitFormPages, TheBuildDecidesOnTheMedia) {
     struct {
         const char* Build;
@@ -53,29 +45,6 @@ TEST_F(InitFormPages, BackLeadsToTheWelcomeAndNoFurther) {
     EXPECT_EQ(State(), "2 Back Next Cancel");
     Click("BackCMD");
     EXPECT_EQ(State(), "1 Next Cancel");
-}
-
-TEST_F(InitFormPages, SkipShowsTheMainWindowAndHidesTheWizard) {
-    Open();
-    Click("SkipCMD");
-    EXPECT_THAT(link.Take(), ElementsAre("MainForm.Load", "MainForm.Show"));
-    EXPECT_TRUE(recorded.Bench.Coms.Skipped);
-    EXPECT_FALSE(wizard->isVisible());
-    EXPECT_EQ(cell.SlaveAddress, 0);
-    EXPECT_EQ(cell.ComsMedium, 0);
-}
-
-TEST_F(InitFormPages, CancelEscapeAndTheCloseBoxEndTheApplication) {
-    Open();
-    Click("CancelCMD");
-    EXPECT_THAT(link.Take(), ElementsAre("MainForm.Unload", "MainForm.EndApplication"));
-    Open();
-    QTest::keyClick(wizard.get(), Qt::Key_Escape);
-    EXPECT_THAT(link.Take(), ElementsAre("MainForm.Unload", "MainForm.EndApplication"));
-    Open();
-    wizard->close();
-    EXPECT_THAT(link.Take(), ElementsAre("MainForm.EndApplication"));
-    EXPECT_FALSE(wizard->isVisible());
 }
 
 } // namespace

@@ -86,28 +86,6 @@ TEST_F(InitFormSearch, HoldsTheButtonsAndShowsTheHourglass) {
     EXPECT_EQ(wizard->cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(InitFormSearch, AClickMadeWhileItSearchesIsNotMadeGoodAfterwards) {
-    ChipsAt({0x58});
-    for (const char* button : {"FinishCMD", "CancelCMD", "BackCMD"}) {
-        clickedMeanwhile = button;
-        Search(true, false);
-        link.Take();
-        QCoreApplication::processEvents();
-        EXPECT_EQ(State(), "4 Back Finish Cancel") << button;
-        EXPECT_THAT(link.Take(), IsEmpty()) << button;
-    }
-    clickedMeanwhile = "NextCMD";
-    Open();
-    Click("NextCMD");
-    link.FailOn = "BoardBus.ReadByte";
-    Click("NextCMD");
-    EXPECT_EQ(recorded.TakeFailures(), 1);
-    link.Take();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(State(), "2 Back Next Cancel");
-    EXPECT_THAT(link.Take(), IsEmpty()) << "a search that was not asked for";
-}
-
 TEST_F(InitFormSearch, ProgressStopsAtItsEndAndGoesBackToTheStart) {
     Open();
     WatchProgress();
@@ -166,26 +144,6 @@ TEST_F(InitFormSearch, FinishOnTheSMBusSetsUpTheLinkThenTheCell) {
     EXPECT_EQ(cell.PortAddress, 0);
     EXPECT_EQ(cell.ComsMedium, ComsSMBus);
     EXPECT_FALSE(wizard->isVisible());
-}
-
-TEST_F(InitFormSearch, APortThatVanishesIsPassedOverStepByStep) {
-    ChipsAt({0x58});
-    for (const char* failure : {"PrinterPortLink.PortIndex", "BoardBus.BoardMode", "SlaveAddress",
-                                "LinkServer.ActiveMedium"}) {
-        Search(true, false);
-        link.Take();
-        link.FailOn = failure;
-        Click("FinishCMD");
-        link.FailOn.clear();
-        EXPECT_THAT(link.Take(),
-                    ElementsAre("PrinterPortLink.PortIndex 0", "BoardBus.BoardMode 0",
-                                "SlaveAddress 58", "LinkServer.ActiveMedium 0", "MainForm.Show"))
-            << failure;
-        EXPECT_EQ(cell.SlaveAddress, 0x58);
-        EXPECT_EQ(cell.ComsMedium, ComsPrinterPort);
-        EXPECT_EQ(cell.PortAddress, 0x378);
-        cell = {};
-    }
 }
 
 } // namespace

@@ -60,10 +60,5 @@ TEST_F(BoardWindowTest, ClosingPutsItAwayAndF12BringsItBack) {
     EXPECT_TRUE(TheWindow.isVisible());
 }
 
-TEST_F(BoardWindowTest, FitsBesideOtherWindowsOnASmallScreen) {
-    EXPECT_LE(TheWindow.sizeHint().width(), 470);
-    EXPECT_LE(TheWindow.sizeHint().height(), 680);
-}
-
 } // namespace
 } // namespace tqx

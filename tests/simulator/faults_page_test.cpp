@@ -27,18 +27,6 @@ protected:
     }
 };
 
-TEST_F(FaultsPageTest, EachLineSetsItsOwnFault) {
-    for (std::size_t index = 0; index < sim::FaultCount; ++index) {
-        Set(static_cast<sim::Fault>(index), Always);
-        EXPECT_EQ(TabText(), "Faults: 1 on");
-        for (std::size_t other = 0; other < sim::FaultCount; ++other) {
-            EXPECT_EQ(Board.TheFaults().Every(static_cast<sim::Fault>(other)),
-                      other == index ? 1U : 0U);
-        }
-        Set(static_cast<sim::Fault>(index), 0);
-    }
-}
-
 TEST_F(FaultsPageTest, EveryNthStrikesAtThatOccasion) {
     EXPECT_FALSE(Nth(sim::Fault::NoAnswer).isEnabled());
     Set(sim::Fault::NoAnswer, Every);

@@ -47,17 +47,5 @@ TEST_F(TracePageTest, PauseStopsItAndClearEmptiesIt) {
     EXPECT_THAT(Rows(), IsEmpty());
 }
 
-TEST_F(TracePageTest, CopiesTheSelectedLinesOrAll) {
-    Read(0x16);
-    Read(0x17);
-    Press("PauseCMD");
-    const std::vector<std::string> rows = Rows();
-    Press("CopyCMD");
-    EXPECT_EQ(Clipboard(), rows[0] + '\n' + rows[1] + '\n');
-    List().setCurrentIndex(List().model()->index(1, 0));
-    Press("CopyCMD");
-    EXPECT_EQ(Clipboard(), rows[1] + '\n');
-}
-
 } // namespace
 } // namespace tqx

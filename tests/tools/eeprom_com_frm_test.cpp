@@ -147,18 +147,6 @@ TEST_F(EEPROMComTest, WriteAllToTheEEPROMErasesTheBlockAndRestsAutoRead) {
     EXPECT_TRUE(AutoRead().isActive());
 }
 
-TEST_F(EEPROMComTest, OnTheSMBusThereIsNoEEPROM) {
-    bench.Bus.BusCell = {.SlaveAddress = 0x2C, .ComsMedium = 0};
-    link.ActiveMedium(1);
-    link.SlaveAddress(0x2C);
-    link.Take();
-    EEPROMComFRM other(bench, door, waiter, "Register Spy 2");
-    EXPECT_FALSE(Find<QWidget>(other, "AccessEEPROMCHK").isEnabled());
-    other.show();
-    Click(other, "ReadByteCMD(1)");
-    EXPECT_THAT(link.Take(), ElementsAre("SMBusLink.ReadByte 2C 1"));
-}
-
 TEST_F(EEPROMComTest, FillsCountOnFromTheFirstRowAndFollowTheRandomSequence) {
     Address(0).Put("F8");
     Click("ADDPTRFillCMD");

@@ -68,19 +68,6 @@ TEST_F(EraseEEPROMTest, EraseAllTakesEveryPageInOrder) {
     EXPECT_FALSE(Enabled("StopEraseCMD"));
 }
 
-TEST_F(EraseEEPROMTest, StopOnTheFirstPageErasesOnePageAndASecondRunStartsOver) {
-    const auto stop = [this] { Click("StopEraseCMD"); };
-    EXPECT_EQ(Only(EraseAll(1, stop), "EEPROMLink.ErasePage").size(), 1U);
-    EXPECT_EQ(Progress(), 1);
-    EXPECT_EQ(Text("StatusLBL"), "Stopped after page 80 00.");
-    EXPECT_FALSE(Enabled("StopEraseCMD"));
-    EXPECT_THAT(Only(EraseAll(6, stop), "EEPROMLink.ErasePage"),
-                ElementsAre("EEPROMLink.ErasePage 80 0 0", "EEPROMLink.ErasePage 80 40 0",
-                            "EEPROMLink.ErasePage 80 80 0", "EEPROMLink.ErasePage 80 C0 0",
-                            "EEPROMLink.ErasePage 81 0 0", "EEPROMLink.ErasePage 81 40 0"));
-    EXPECT_EQ(Progress(), 2);
-}
-
 TEST_F(EraseEEPROMTest, ACloseStopsTheLoopFirst) {
     QSignalSpy unloaded(&window, &ToolWindow::Unloaded);
     const std::vector<std::string> calls = EraseAll(7, [this, &unloaded] {

@@ -77,20 +77,6 @@ TEST_F(GPIOConfigTest, OneChangeWritesAllFields) {
     EXPECT_TRUE(Editable(8)) << "a line of no other function, though the THERM pin has one";
 }
 
-TEST_F(GPIOConfigTest, ChangesOfTheThermLineKeepTheOtherBits) {
-    link.Registers[0x07] = 0x2A;
-    Open();
-    EXPECT_TRUE(Editable(16)) << "at load whatever the pin does";
-    Combo("EnabledCOMBO", 8).setCurrentText("GPIO");
-    EXPECT_EQ(link.Registers[0x07], 0x2B);
-    Combo("DirectionCombo", 16).setCurrentText("Output");
-    Combo("Polarity", 16).setCurrentText("High");
-    EXPECT_EQ(link.Registers[0x07], 0xEB);
-    Combo("EnabledCOMBO", 8).setCurrentText("Therm");
-    EXPECT_EQ(link.Registers[0x07], 0xEA);
-    EXPECT_FALSE(Editable(16));
-}
-
 TEST_F(GPIOConfigTest, ReadAgainChangesListsAndWritesNothing) {
     Open();
     link.Registers[0x01] = 0xFF;

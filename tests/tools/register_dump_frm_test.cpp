@@ -80,21 +80,6 @@ TEST_F(RegisterDumpFrmTest, DumpsToTheDocumentsFolderUnlessToldOtherwise) {
     EXPECT_THAT(Text("StatusLBL"), HasSubstr("not the chip that was chosen"));
 }
 
-TEST_F(RegisterDumpFrmTest, BrowseFollowsTheRuleForNames) {
-    Choose({});
-    EXPECT_EQ(Text("PathLBL"), "Path; C:\\RegisterDump.txt");
-    Choose("/bench/a.txt");
-    EXPECT_EQ(Text("PathLBL"), "Path; /bench/a.txt");
-    Choose("RegisterDump.txt");
-    EXPECT_EQ(Text("PathLBL"), "Path; C:\\RegisterDump.txt");
-    EXPECT_TRUE(dialogs.Messages.isEmpty());
-    Choose("/bench/a.TXT");
-    EXPECT_EQ(dialogs.Messages, QStringList(refusal));
-    EXPECT_EQ(Text("PathLBL"), "Path; ");
-    Choose({}); // the dialog keeps the name it had
-    EXPECT_EQ(dialogs.Messages.size(), 2);
-}
-
 TEST_F(RegisterDumpFrmTest, ADumpNeedsANameAndSomethingToDump) {
     QTimer::singleShot(0, window.get(), [this] { Click("StopDumpCMD"); });
     Click("DumpCMD");
@@ -113,13 +98,6 @@ TEST_F(RegisterDumpFrmTest, ADumpNeedsANameAndSomethingToDump) {
     EXPECT_THAT(messages, ElementsAre("Notice|Either the Dump RAM or Dump EEPROM check box must be "
                                       "selected to do a register dump|1"));
     EXPECT_THAT(link.Take(), IsEmpty());
-}
-
-TEST_F(RegisterDumpFrmTest, OnlyTheTickedPartIsDumped) {
-    Click("RAMSettingsCHK");
-    Click("DumpCMD");
-    EXPECT_EQ(Contents(), test::ExpectedEEPROMBlock("T", "D", Erased));
-    EXPECT_EQ(Progress().maximum(), 1024);
 }
 
 TEST_F(RegisterDumpFrmTest, StopEndsTheDumpAndKeepsTheProgress) {

@@ -104,13 +104,6 @@ TEST_F(SysInfoTest, TheRegistryNamesAPathUncheckedOrAFolderThatMustHoldTheFile) 
     ExpectStarted({});
 }
 
-TEST_F(SysInfoTest, WithoutARegistryTheDesktopsOwnProgramIsStarted) {
-    host.HasRegistry = false;
-    ExpectStarted({});
-    host.OwnProgram = QStringList{"/usr/bin/facts", "--all"};
-    ExpectStarted(host.OwnProgram);
-}
-
 TEST_F(SysInfoTest, TheAboutBoxShowsTheVersionAndOffersTheProgram) {
     host.HasRegistry = false;
     AboutFRM about(door, host);

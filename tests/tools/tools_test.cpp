@@ -123,22 +123,6 @@ TEST_F(ToolsTest, ThereIsOneGPIOPanelAndItIsReadAgainWhenItIsOpenedAgain) {
     EXPECT_EQ(OnView<GPIOConfigFRM>().size(), 1U);
 }
 
-TEST_F(ToolsTest, AModalWindowComesBackWhenItIsGoneAndOpensAfresh) {
-    for (int time = 0; time < 2; ++time) {
-        QTimer::singleShot(0, main.get(), [this] {
-            auto& erase = TheOne<EraseEEPROMFRM>();
-            EXPECT_EQ(QApplication::activeModalWidget(), &erase);
-            auto& block = Find<QComboBox>(erase, "EEPROMHighByteCOMBO");
-            EXPECT_EQ(block.currentText(), "80");
-            block.setCurrentText("9F");
-            tools.ShowEraseEEPROM(*main); // there is one, which comes to the front
-            QTest::keyClick(&erase, Qt::Key_Escape);
-        });
-        Key("EraseEEPROM");
-        EXPECT_TRUE(OnView<EraseEEPROMFRM>().empty());
-    }
-}
-
 TEST_F(ToolsTest, TheDumpWindowStopsTheMonitorAndStartsNothingAgain) {
     auto& monitor = Find<QTimer>("BargraphTimer");
     monitor.start();
