@@ -133,6 +133,27 @@ TEST_F(StripChartHand, ASampleIsOnTheScreenByItself) {
     EXPECT_NE(chart.grab().toImage(), before);
 }
 
+TEST_F(StripChartHand, WhatAPictureShowsFirstIsPaintedOnTheScreenToo) {
+    struct Painted : QObject {
+        QRegion Region;
+
+        bool eventFilter(QObject* /*of*/, QEvent* event) override {
+            if (event->type() == QEvent::Paint) {
+                Region += static_cast<QPaintEvent*>(event)->region();
+            }
+            return false;
+        }
+    } painted;
+
+    QTest::qWait(50);
+    now -= 100ms; // with the last sample, so that the paper does not move
+    chart.AddStripPoint(2, 60);
+    chart.Picture(); // has the arrow of a trace above the paper
+    chart.installEventFilter(&painted);
+    QTest::qWait(50);
+    EXPECT_FALSE(painted.Region.isEmpty());
+}
+
 TEST_F(StripChartHand, KeysSetTheirOwnCursorsAndFitTheValues) {
     const auto cursors = [this] { return chart.ReadoutText().section('\n', 0, 0); };
     Key(Qt::Key_2);

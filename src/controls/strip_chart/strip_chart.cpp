@@ -318,11 +318,13 @@ bool StripChart::Prepare() {
     return m_parts->Layers.LayOut(m_parts->Model, size(), devicePixelRatioF(), buttons);
 }
 
-void StripChart::Paint(QPainter& painter, const QRegion& region) {
-    Prepare();
-    m_parts->Layers.DrawFrame(m_parts->Model);
+/// Paints `region`. All that has changed since the last frame, in `region` or not.
+QRegion StripChart::Paint(QPainter& painter, const QRegion& region) {
+    QRegion changed = Prepare() ? QRegion(rect()) : QRegion();
+    changed += m_parts->Layers.DrawFrame(m_parts->Model);
     m_parts->Layers.Paint(painter, region, m_parts->Model);
     strip::PaintOverlay(painter, m_parts->Model, m_parts->Layers);
+    return changed;
 }
 
 QImage StripChart::Picture() {
@@ -330,14 +332,14 @@ QImage StripChart::Picture() {
     QImage picture((QSizeF(size()) * ratio).toSize(), QImage::Format_RGB32);
     picture.setDevicePixelRatio(ratio);
     QPainter painter(&picture);
-    Paint(painter, rect());
+    update(Paint(painter, rect()));
     m_parts->Layers.PaintDate(painter, m_parts->Model);
     return picture;
 }
 
 void StripChart::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    Paint(painter, event->region());
+    update(Paint(painter, event->region()) - event->region());
     const bool touchesEdge = !rect()
                                   .adjusted(FocusRing, FocusRing, -FocusRing, -FocusRing)
                                   .contains(event->region().boundingRect());

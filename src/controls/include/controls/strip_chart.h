@@ -180,7 +180,7 @@ private:
     void TellState();
     QString AskFileName(const QString& title, const QString& suffix, const QString& filter);
     void SaveAndTell(const QString& title, const QString& name, const QByteArray& content);
-    void Paint(QPainter& painter, const QRegion& region);
+    QRegion Paint(QPainter& painter, const QRegion& region);
 
     std::unique_ptr<Parts> m_parts;
 };
