@@ -60,6 +60,9 @@ ChipImage ReadLike(Context& context, const ChipImage& like) {
     }
     ProgressBar bar(context.Around, ChipImage::EEPROMSize);
     for (std::size_t i = 0; i < image.EEPROM.size() && !context.Chip.OnSMBus(); ++i) {
+        if (context.Around.Stopped()) {
+            throw Refusal(AnswerIsNo, "stopped before all was compared");
+        }
         if (like.EEPROM.at(i)) {
             image.EEPROM.at(i) = bench.Link->PrinterPortLink().EEPROMLink().ReadEEPROM(
                 static_cast<std::uint8_t>(eeprom::FirstHighByte + i / eeprom::BlockSize),

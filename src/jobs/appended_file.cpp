@@ -46,7 +46,11 @@ bool AppendedFile::Open() {
         return Fail(Refusal(facts.st_mode));
     }
     constexpr int rights = 0666; // what the user's mask leaves of them
-    m_file = open(m_place.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK, rights);
+    constexpr int how = O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+    m_file = open(m_place.c_str(), O_RDWR | how, rights);
+    if (m_file < 0 && errno == EACCES) { // that it cannot be read hinders no dump
+        m_file = open(m_place.c_str(), O_WRONLY | how, rights);
+    }
     if (m_file < 0 || fstat(m_file, &facts) != 0) {
         return Fail(std::strerror(errno));
     }

@@ -27,7 +27,7 @@ for where in --printer-port=/dev/parport1 --smbus --smbus=/dev/i2c-1; do
     rm -f dump.txt
     tqx7716 $where write "+12V HighLim" 11.4V || fail "$where: write"
     tqx7716 $where read 46h | grep -q "B6h" || fail "$where: read"
-    tqx7716 $where dump dump.txt || fail "$where: dump"
+    tqx7716 $where dump dump.txt 2>said || fail "$where: dump"
     sed '/Start of EEPROM/,$d' dump.txt >registers.txt
     [ "$(values registers.txt | wc -l)" -eq 256 ] || fail "$where: a dump of 256 registers"
     tqx7716 $where write 46h 0
@@ -43,7 +43,7 @@ tqx7716 --smbus write 44h E6h
 i2cset -y 1 0x2c 0x45 0x5d
 tqx7716 --smbus read 45h | grep -q "5Dh" || fail "read gives another value than i2cset wrote"
 rm -f dump.txt
-tqx7716 --smbus dump dump.txt
+tqx7716 --smbus dump dump.txt 2>said
 values dump.txt >ours
 i2cdump -y 1 0x2c b | sed -n 's/^[0-9a-f]0: //p' | cut -c 1-47 | tr ' ' '\n' |
     tr 'a-f' 'A-F' >theirs
