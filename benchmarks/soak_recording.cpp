@@ -1,4 +1,4 @@
-// A day's recording by `tqx7716 watch` in simulated time: 27 channels of the simulated board, a row
+// A day's recording by `tqx7716 watch` in simulated time: 26 channels of the simulated board, a row
 // a second of ten readings each. Prints its rows, the size of its file and the memory that it took.
 
 #include "command.h"
