@@ -60,6 +60,7 @@ std::vector<RecordedReading> ReadAll(tqx::Bench& bench,
                                      const std::vector<ChannelRegisters>& channels) {
     const BurstScope burst(bench.Link->PrinterPortLink());
     std::vector<RecordedReading> readings;
+    readings.reserve(channels.size());
     for (const ChannelRegisters& channel : channels) {
         readings.push_back({ReadScaled(bench, channel, channel.Value)});
     }
@@ -131,11 +132,14 @@ struct WantedLimit {
 /// Everything in the file is looked at before the first limit is written.
 std::vector<WantedLimit> LimitsIn(const Json& file, tqx::Bench& bench, const std::string& name) {
     const std::vector<ChannelRegisters> channels = ChannelsWithLimits(bench.Bus);
+    const auto refuse = [&name](const std::string& caption, const std::string& why) {
+        throw Refusal(WrongUse, name + ": " + why + " " + caption);
+    };
     std::vector<WantedLimit> wanted;
     for (const auto& [caption, limits] : file.items()) {
         const auto channel = std::ranges::find(channels, caption, Caption);
         if (channel == channels.end()) {
-            throw Refusal(WrongUse, name + ": this chip has no channel \"" + caption + "\"");
+            refuse(caption, "this chip has no channel");
         }
         for (const bool high : {false, true}) {
             const auto limit = limits.find(high ? "high" : "low");
@@ -145,7 +149,7 @@ std::vector<WantedLimit> LimitsIn(const Json& file, tqx::Bench& bench, const std
             const auto byte = limit->is_number() ? NearestByte(bench.Channels, channel->Row, *limit)
                                                  : std::nullopt;
             if (!byte) {
-                throw Refusal(WrongUse, name + ": " + caption + " cannot hold " + limit->dump());
+                refuse(caption, limit->dump() + " is no limit that can be held by");
             }
             wanted.push_back({*channel, high, *limit, *byte});
         }

@@ -7,6 +7,8 @@
 #include <jobs/recording.h>
 #include <link/link_new_com_port.h>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 
 namespace tqx::cli {
@@ -160,14 +162,11 @@ Status FindChips(Context& context) {
 
 Status ReadRegisters(Context& context, const std::vector<std::string>& registers) {
     std::vector<std::uint8_t> wanted;
-    for (const std::string& each : registers) {
-        wanted.push_back(RegisterIn(each));
-    }
+    std::ranges::transform(registers, std::back_inserter(wanted), RegisterIn);
     context.Chip.Choose();
     std::vector<Reading> readings;
-    for (const std::uint8_t reg : wanted) {
-        readings.push_back(ReadingOf(context.Bench(), reg));
-    }
+    std::ranges::transform(wanted, std::back_inserter(readings),
+                           [&](std::uint8_t reg) { return ReadingOf(context.Bench(), reg); });
     Print(context, readings);
     return Done;
 }
