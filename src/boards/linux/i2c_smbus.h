@@ -30,7 +30,6 @@ public:
     explicit I2CSMBus(KernelFace& kernel, std::optional<int> only = {});
 
     std::uint8_t SlaveAddress() override { return m_slaveAddress; }
-
     void SlaveAddress(std::uint8_t address) override { m_slaveAddress = address; }
 
     /// Of the adapter that is tried first; 0 where there is none or it does not tell.

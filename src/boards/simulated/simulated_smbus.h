@@ -19,7 +19,6 @@ public:
     SimulatedSMBus(ByteSlave& slave, BusPacer& pacer);
 
     std::uint8_t SlaveAddress() override { return m_slaveAddress; }
-
     void SlaveAddress(std::uint8_t address) override { m_slaveAddress = address; }
 
     std::uint32_t BaseAddress() override { return Base; }

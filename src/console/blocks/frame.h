@@ -28,7 +28,6 @@ public:
 
     /// As it stands in the box, which may be 0 or more than a block holds.
     unsigned ByteCount() const { return m_byteCount->Value(); }
-
     void ByteCount(unsigned count) { m_byteCount->Value(count); }
 
     /// @name The running PEC after a byte, and the PEC

@@ -22,7 +22,6 @@ public:
     /// A row's own Visible, whether or not its tab is on view.
     /// @{
     bool Visible(int row) const { return !Row(row).isHidden(); }
-
     void Visible(int row, bool visible) { Row(row).setVisible(visible); }
 
     /// @}

@@ -23,7 +23,6 @@ public:
 
     /// How many pixel columns the paper has; at least one.
     void ColumnCount(int columns);
-
     int ColumnCount() const { return m_columnCount; }
 
     /// The time of the last sample of all: the right edge of a view that follows.
@@ -74,7 +73,6 @@ public:
 
     /// `inner` is on view until the user zooms; `outer` bounds every zoom.
     void Values(const Range& inner, const Range& outer);
-
     Range Values() const { return m_values; }
 
     Range OuterValues() const { return m_outer; }

@@ -22,20 +22,16 @@ public:
 
     /// In 8-bit form; bit 0 goes out as each phase needs it.
     void SlaveAddress(std::uint8_t address) { m_slaveAddress = address; }
-
     std::uint8_t SlaveAddress() const { return m_slaveAddress; }
 
     void Data(std::uint8_t data) { m_data = data; }
-
     std::uint8_t Data() const { return m_data; }
 
     void LowByte(std::uint8_t low) { m_lowByte = low; }
-
     std::uint8_t LowByte() const { return m_lowByte; }
 
     /// 80h to 9Fh.
     void HighByte(std::uint8_t high) { m_highByte = high; }
-
     std::uint8_t HighByte() const { return m_highByte; }
 
 private:

@@ -48,15 +48,12 @@ public:
     PortBoardBus(PrinterPorts& ports, const LinkSetup& setup);
 
     std::uint8_t SlaveAddress() override { return m_slaveAddress; }
-
     void SlaveAddress(std::uint8_t address) override { m_slaveAddress = address; }
 
     std::uint16_t PortAddress() override { return m_ports.PortAddress(); }
-
     void PortAddress(std::uint16_t address) override { m_ports.SelectAddress(address); }
 
     bool BoardMode() override { return m_boardMode; }
-
     void BoardMode(bool mode) override;
 
     std::uint8_t ReadByte(std::uint8_t address, std::uint8_t reg) override;

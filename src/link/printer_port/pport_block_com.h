@@ -32,7 +32,6 @@ public:
 
     /// Take a PEC into the transfer.
     void UsePEC(bool use) { m_usePEC = use; }
-
     bool UsePEC() const { return m_usePEC; }
 
     /// Sends the ByteCount data bytes from index 3 on. Raises std::out_of_range, with nothing
@@ -47,17 +46,14 @@ public:
     void BlockRead();
 
     void CommandCode(std::uint8_t code) { m_commandCode = code; }
-
     std::uint8_t CommandCode() const { return m_commandCode; }
 
     /// Data bytes of a write; a read overwrites it with the count that the chip sent.
     void ByteCount(std::uint8_t count) { m_byteCount = count; }
-
     std::uint8_t ByteCount() const { return m_byteCount; }
 
     /// In 8-bit form. Bit 0 goes out as each phase needs it, but enters a write's PEC as it stands.
     void SlaveAddress(std::uint8_t address) { m_slaveAddress = address; }
-
     std::uint8_t SlaveAddress() const { return m_slaveAddress; }
 
     /// Puts a byte into the write frame; data start at index 3.

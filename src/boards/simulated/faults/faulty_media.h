@@ -48,7 +48,6 @@ public:
     FaultySMBus(std::unique_ptr<SMBusLink> bus, Faults& faults, BusPacer& pacer);
 
     std::uint8_t SlaveAddress() override { return m_bus->SlaveAddress(); }
-
     void SlaveAddress(std::uint8_t address) override { m_bus->SlaveAddress(address); }
 
     std::uint32_t BaseAddress() override { return m_bus->BaseAddress(); }

@@ -45,7 +45,6 @@ public:
 
     /// How many EEPROM communications windows are open.
     std::int16_t EEPROMComFormCounter() const { return m_eepromComFormCounter; }
-
     void EEPROMComFormCounter(std::int16_t count) { m_eepromComFormCounter = count; }
 
     /// What is done about a failed link call once its handler has ended: everything that reads by

@@ -17,7 +17,6 @@ public:
 
     /// True is lit.
     bool Value() const { return m_value; }
-
     void Value(bool lit);
 
     QSize sizeHint() const override;

@@ -49,99 +49,79 @@ public:
 
     /// The bar that the bar properties act on. This gauge has one; the number is only kept.
     int BarSelect() const { return m_barSelect; }
-
     void BarSelect(int bar) { m_barSelect = bar; }
 
     /// The reading, kept as it was set, on the scale or not. No bar is drawn for a NaN.
     double BarValue() const { return m_barValue; }
-
     void BarValue(double value);
 
     /// Where on the scale the bar begins.
     int BarOrigin() const { return m_barOrigin; }
-
     void BarOrigin(int origin);
 
     /// The text under the gauge. It stands at the left of a field that is centred, so that its
     /// digits keep their places as the reading changes.
     QString Caption() const { return m_caption; }
-
     void Caption(const QString& caption);
 
     /// The unit shown behind the value of a pointer in the user's hand, "V"; empty for none.
     QString Unit() const { return m_unit; }
-
     void Unit(const QString& unit);
 
     /// The ends of the scale; one that is not finite is ignored.
     double ScaleMax() const { return m_scale.Max; }
-
     void ScaleMax(double value);
 
     double ScaleMin() const { return m_scale.Min; }
-
     void ScaleMin(double value);
 
     /// The pointer that the properties below act on, 0 to 3; any other number is ignored.
     int PointerIndex() const { return m_pointerIndex; }
-
     void PointerIndex(int pointer);
 
     /// Where a handle stands, in the scale's unit; a value that is not finite is ignored, here and
     /// for the ends of a band.
     double PointerValue() const { return Addressed().Place.Value; }
-
     void PointerValue(double value);
 
     /// The two ends of a band, in the scale's unit.
     double PointerFrom() const { return Addressed().Place.From; }
-
     void PointerFrom(double value);
 
     double PointerTo() const { return Addressed().Place.To; }
-
     void PointerTo(double value);
 
     /// The pointer's extent across the gauge, 0 beside the scale to 1. Two equal ones collapse it.
     double PointerInner() const { return Addressed().Inner; }
-
     void PointerInner(double fraction);
 
     double PointerOuter() const { return Addressed().Outer; }
-
     void PointerOuter(double fraction);
 
     /// The width of a handle along the scale, as a fraction; 0 collapses it.
     double PointerWidth() const { return Addressed().Width; }
-
     void PointerWidth(double fraction);
 
     /// 1 when the user can move the pointer, else 0.
     int PointerMouseControl() const { return Addressed().MouseControl; }
-
     void PointerMouseControl(int control);
 
     /// The decimals that a handle is rounded to in the user's hand and shown with. The bands take
     /// those of pointer 2.
     int PointerDecimals() const { return Addressed().Decimals; }
-
     void PointerDecimals(int decimals);
 
     /// Kept for their owner; the gauge itself makes no use of these four.
     bool PointerFlagA() const { return Addressed().FlagA; }
-
     void PointerFlagA(bool flag) { Addressed().FlagA = flag; }
 
     bool PointerFlagB() const { return Addressed().FlagB; }
-
     void PointerFlagB(bool flag) { Addressed().FlagB = flag; }
 
     double GaugeSetting53() const { return m_setting53; }
-
     void GaugeSetting53(double value) { m_setting53 = value; }
 
     int GaugeSetting37() const { return m_setting37; }
-
     void GaugeSetting37(int value) { m_setting37 = value; }
 
     /// The pointer that the keyboard moves; none before the first was picked.

@@ -26,7 +26,6 @@ public:
     explicit NumberEntry(Base base, QWidget* parent = nullptr);
 
     Base numberbase() const { return m_base; }
-
     void numberbase(Base base);
 
     /// Shows `text`, which Escape and an empty box come back to.

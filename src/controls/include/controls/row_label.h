@@ -28,7 +28,6 @@ public:
     explicit RowLabel(const QString& caption, QWidget* parent = nullptr);
 
     RowColour ForeColor() const { return m_colour; }
-
     void ForeColor(RowColour colour);
 
     /// Whether its colour is one of the two of a selected row.

@@ -181,7 +181,6 @@ public:
     tqx::SMBusLink& SMBusLink() override { return *m_smbus; }
 
     std::int16_t ActiveMedium() override { return m_activeMedium; }
-
     void ActiveMedium(std::int16_t medium) override { m_activeMedium = medium; }
 
 private:

@@ -48,7 +48,6 @@ public:
     /// when the pause begins or ends is left incomplete or out.
     /// @{
     bool Paused() const { return m_paused; }
-
     void Paused(bool paused);
     /// @}
 

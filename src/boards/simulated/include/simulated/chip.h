@@ -59,7 +59,6 @@ public:
     /// The chassis switch. Opening it latches the alarm, which the host clears through Config3
     /// while the chassis is closed.
     void ChassisOpen(bool open);
-
     bool ChassisOpen() const;
 
     /// The write-protect pin, which a jumper sets. While it is set nothing is programmed or erased,
