@@ -86,7 +86,7 @@ TEST_F(LinkFailureTest, OfAReadingThatGoesOnByItselfIsToldOnce) {
                                    Reading{"continuous reading", [this] { ReadContinuously(); }},
                                    Reading{"an EEPROM window", [this] {
                                                Press("RegAccess");
-                                               Click(*Window("EEPROMComFRM"), "AutoReadCHK");
+                                               Click(*Shown("EEPROMComFRM"), "AutoReadCHK");
                                            }}}) {
         SCOPED_TRACE(reading.Name);
         reading.Begin();
@@ -139,7 +139,7 @@ TEST_F(LinkFailureTest, OfAKeyIsToldOnceAndAPanelIsOnView) {
             EXPECT_EQ(onView, 1);
         }
     }
-    EXPECT_EQ(Window("GPIOConfigFRM"), nullptr);
+    EXPECT_EQ(Shown("GPIOConfigFRM"), nullptr);
 }
 
 } // namespace

@@ -62,7 +62,7 @@ protected:
     }
 
     /// The window of that name that is on view; null when there is none.
-    static QWidget* Window(const QString& name) {
+    static QWidget* Shown(const QString& name) {
         const QWidgetList windows = QApplication::topLevelWidgets();
         const auto at = std::find_if(windows.begin(), windows.end(), [&](const QWidget* window) {
             return window->objectName() == name && window->isVisible();

@@ -196,8 +196,7 @@ TEST_F(TheMainForm, AFailedCallIsToldAndLeavesEveryPanelUsable) {
 
     Press("ControlPanel1");
     auto& gauge = Find<LinearGauge>(*form, "limits_gauge");
-    const QPoint grip =
-        gauge.Geometry().HandleLine(gauge.Pointers().at(HighHandle)).center().toPoint();
+    const QPoint grip = gauge.Plan().HandleLine(gauge.Pointers().at(HighHandle)).center().toPoint();
     link->FailOn = "SMBusLink.WriteByte";
     QTest::mousePress(&gauge, Qt::LeftButton, Qt::NoModifier, grip);
     const auto dragTo = [&gauge](const QPoint& point) {

@@ -2,30 +2,15 @@
 
 #include <QStringList>
 
-#include <cmath>
 #include <gtest/gtest.h>
 
 namespace tqx {
 namespace {
 
-constexpr GaugeTextSizes Texts{50, 60, 20, 30};
 constexpr GaugeScale Degrees{-128, 127};
 constexpr GaugeScale Rpm{0, 15000};
 constexpr GaugeScale Minus12{-15.928, 2.428};
 constexpr GaugeScale Standby{0.0172, 4.423};
-
-GaugePointers TwoHandles(double low, double high) {
-    GaugePointers pointers;
-    pointers[0] = {{0, low, high}, 0.91, 1.0, 0.0, 1};
-    pointers[1] = {{0, low, high}, 0.0, 0.12, 0.0, 1};
-    pointers[LowHandle] = {{low, 0, 0}, 0.0, 1.0, 0.06, 1};
-    pointers[HighHandle] = {{high, 0, 0}, 0.0, 1.0, 0.06, 1};
-    return pointers;
-}
-
-GaugeGeometry Gauge(const GaugeScale& scale = Degrees, QSize size = {216, 480}) {
-    return {size, scale, Texts};
-}
 
 TEST(GaugeGeometry, EveryScaleGetsRoundMarksAndItsOwnEnds) {
     struct {

@@ -5,6 +5,7 @@
 #include <console/random_fill.h>
 #include <controls/number_entry.h>
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalSpy>
