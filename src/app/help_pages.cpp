@@ -58,10 +58,10 @@ void HelpPages::Show(QWidget& focused) {
     const QString file = QDir(m_folder).filePath(PageOf(focused) + QStringLiteral(".html"));
     QString trouble;
     if (!QFileInfo(file).isFile()) {
-        trouble = "It was looked for at %1. It is installed with the program, and made when the "
-                  "program is built.";
+        trouble =
+            "The program looked for %1. It is installed with the program, or made by the build.";
     } else if (!m_open(QUrl::fromLocalFile(file))) {
-        trouble = "It is the file %1, and the desktop has no program that shows it. Install a "
+        trouble = "The desktop has no program to show the file %1. Install a "
                   "web browser.";
     }
     if (!trouble.isEmpty()) {

@@ -284,7 +284,7 @@ ResultsPage::ResultsPage(QWidget* parent)
     setObjectName("SearchResultsPanel");
     List->setObjectName("SearchResultsLIST");
     List->setAccessibleName("TQX7716s found");
-    List->setToolTip("A double click on a row takes that chip");
+    List->setToolTip("Double-click a row to choose that chip");
     List->setFont(look::NumbersFont());
     List->setItemDelegate(new SentenceDelegate(List));
     List->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

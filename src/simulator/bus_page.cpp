@@ -65,13 +65,12 @@ QWidget* BusPage::MakeConnection() {
     powered->setChecked(m_board.Powered());
     connect(powered, &QCheckBox::toggled, this, [this](bool on) { m_board.Powered(on); });
     layout->addWidget(plugged);
-    layout->addWidget(
-        kit::SmallPrint({}, "With the plug pulled nobody answers; the chip keeps its registers."));
+    layout->addWidget(kit::SmallPrint(
+        {}, "With the plug pulled, nothing answers; the chip keeps its registers."));
     layout->addSpacing(2 * look::Grid);
     layout->addWidget(powered);
-    layout->addWidget(kit::SmallPrint(
-        {}, "Without power nobody answers; at power on the registers begin afresh and the EEPROM "
-            "has kept its content."));
+    layout->addWidget(kit::SmallPrint({}, "Without power, nothing answers. At power-on the "
+                                          "registers are reset; the EEPROM keeps its content."));
     return group;
 }
 

@@ -32,8 +32,8 @@ constexpr std::array<FaultText, sim::FaultCount> Texts{{
     {"Data stuck low", "Port reads give 00h, calls on the SMBus time out.", Access},
     {"Data stuck high", "Nothing gets through, reads give FFh.", Access},
     {"Clock stuck low", "Nothing moves, calls on the SMBus time out.", Access},
-    {"Wrong PEC", "The check byte of a block arrives damaged.", "a PEC byte"},
-    {"Short count", "The chip announces 31 bytes in place of 32.", "a block read"},
+    {"Wrong PEC", "The PEC of a block is damaged.", "a PEC byte"},
+    {"Short count", "The chip announces 31 bytes instead of 32.", "a block read"},
     {"Slow bus", "0.1 ms more for a port access, 20 ms for an SMBus call.", Access},
     {"Lost EEPROM write", "Acknowledged, and the EEPROM stays as it was.", "a byte to the EEPROM"},
     {"Link fails", "The call fails with an error.", Access},
@@ -80,7 +80,7 @@ void FaultsPage::MakeLine(QGridLayout& grid, int index) {
     line.Nth->setKeyboardTracking(false);
     kit::Name(*line.Nth, kit::MemberName("FaultEveryTXT", index),
               QStringLiteral("%1, at every nth occasion").arg(caption),
-              QStringLiteral("Strikes at each nth occasion from now on; one occasion is %1")
+              QStringLiteral("Occurs at every nth occasion from now on; one occasion is %1")
                   .arg(text.Occasion));
     ShowFault(index);
     connect(line.When, &QComboBox::currentIndexChanged, this, [this, index] { SetFault(index); });

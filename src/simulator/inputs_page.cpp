@@ -121,10 +121,10 @@ void InputLine::NameControls() {
                               .arg(m_range.Unit);
     const QString note = SharedPinNote(m_input);
     m_value->setToolTip(QStringLiteral("What is at the pin now. %1").arg(note).trimmed());
-    kit::Name(*m_hold, kit::MemberName("HoldCHK", index),
-              QStringLiteral("Hold %1").arg(m_range.Caption),
-              QStringLiteral("Keeps %1 at the value on the right; clear, it runs by itself")
-                  .arg(m_range.Caption));
+    kit::Name(
+        *m_hold, kit::MemberName("HoldCHK", index), QStringLiteral("Hold %1").arg(m_range.Caption),
+        QStringLiteral("Ticked: holds %1 at the value on the right. Unticked: it runs by itself")
+            .arg(m_range.Caption));
     kit::Name(*m_box, kit::MemberName("HoldTXT", index),
               QStringLiteral("%1, value to hold").arg(m_range.Caption),
               QStringLiteral("%1: set a value to hold it").arg(range));

@@ -138,7 +138,7 @@ HandCombo* PinsPage::MakeBoardMode() {
     list->addItems({"False", "True"});
     list->setCurrentIndex(m_board.BoardMode() ? 1 : 0);
     kit::Name(*list, "BoardModeCOMBO", "Board mode",
-              "How the board wires the printer port: it is heard in this board mode only");
+              "How the board wires the printer port: it answers only in this board mode");
     connect(list, &QComboBox::currentIndexChanged, this,
             [this](int index) { m_board.BoardMode(index == 1); });
     return list;

@@ -111,7 +111,7 @@ QHBoxLayout* TracePage::MakeButtons() {
     kit::Name(*copy, "CopyCMD", {}, "Copies the selected lines, or all of them, as text");
     connect(copy, &QPushButton::clicked, this, &TracePage::Copy);
     auto* clear = new QPushButton("C&lear");
-    kit::Name(*clear, "ClearCMD", {}, "Drops what the trace has kept");
+    kit::Name(*clear, "ClearCMD", {}, "Clears the trace");
     connect(clear, &QPushButton::clicked, this, [this] {
         m_trace.Clear();
         Refresh();

@@ -64,7 +64,7 @@ TEST_F(EraseEEPROMTest, EraseAllTakesEveryPageInOrder) {
     EXPECT_EQ(EraseAll(0, [] {}), expected);
     EXPECT_EQ(Progress(), 31);
     EXPECT_EQ(Text("HighByteVaueLBL") + Text("LowByteValueLBL"), "9FC0");
-    EXPECT_EQ(Text("StatusLBL"), "Erase of all pages sent.");
+    EXPECT_EQ(Text("StatusLBL"), "Erase commands for all pages sent.");
     EXPECT_FALSE(Enabled("StopEraseCMD"));
 }
 

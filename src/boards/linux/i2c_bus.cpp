@@ -118,7 +118,7 @@ AddressTaken I2CBus::Taken(std::uint8_t address) {
     const std::string driver = path.substr(path.rfind('/') + 1);
     return {"cannot use " + Hex(address) + " on " + m_adapter.Node(),
             "the kernel driver " + driver + " owns this address",
-            "If that chip is the TQX7716, let the driver go of it: echo " + std::string(device) +
+            "If that chip is the TQX7716, release it from the driver: echo " + std::string(device) +
                 " | sudo tee /sys/bus/i2c/drivers/" + driver + "/unbind."};
 }
 

@@ -21,7 +21,7 @@ constexpr std::array Texts{
     ErrorText{EBUSY, "another program keeps it to itself",
               "Close that program and repeat the action."},
     ErrorText{ETIMEDOUT, "no answer in time",
-              "Look whether something holds the clock or the data line low; switching the board's "
+              "Check whether something holds the clock or data line low; switching the board's "
               "supply off and on frees it."},
     ErrorText{EIO, "no answer", "Check the wiring and the supply, and repeat the action."},
 };
@@ -31,7 +31,7 @@ std::string PermissionAdvice(KernelFace& kernel, const std::string& node) {
     constexpr unsigned groupReadsAndWrites = 0060;
     const auto rights = kernel.RightsOf(node);
     if (!rights) {
-        return "Look at the rights of " + node + ".";
+        return "Check the permissions of " + node + ".";
     }
     char mode[8];
     std::snprintf(mode, sizeof mode, "%04o", rights->Mode & 0777U);

@@ -97,8 +97,7 @@ QGroupBox* BlockPanel::MakeRegisterAccess() {
 }
 
 QGroupBox* BlockPanel::MakeBlockReadWrite() {
-    auto* erase = Button("EraseEEPROMCMD", "Erase EEPROM",
-                         "Erase the EEPROM space that a block write is to go to");
+    auto* erase = Button("EraseEEPROMCMD", "Erase EEPROM", "Erase the EEPROM before a block write");
     connect(erase, &QPushButton::clicked, this, &BlockPanel::EraseEEPROMWanted);
     auto* notes = Note("NotesLBL", "When executing EEPROM block writes, please make sure you have "
                                    "erased the appropriate EEPROM address space first. ");
@@ -109,7 +108,7 @@ QGroupBox* BlockPanel::MakeBlockReadWrite() {
 
 QGroupBox* BlockPanel::MakeCommunications() {
     m_blockWrite = Button("BlockWriteCMD", "Block Write",
-                          "Write the bytes of the write row, as many as the byte count says");
+                          "Write as many bytes of the write row as the byte count says");
     m_blockRead = Button("BlockReadCMD", "Block Read", "Read 32 bytes from the start position");
     m_blockWrite->setMinimumWidth(CommunicationsWidth);
     return Group("Communications", QBoxLayout::TopToBottom, {m_blockWrite, m_blockRead});

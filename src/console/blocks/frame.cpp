@@ -19,7 +19,7 @@ BlockFrame::BlockFrame(QWidget* parent)
     : QFrame(parent)
     , m_usePEC(new QCheckBox("Use PEC")) {
     m_usePEC->setObjectName("UsePECCHK");
-    m_usePEC->setToolTip("Take a Packet Error Code into block transfers");
+    m_usePEC->setToolTip("Use a packet error code in block transfers");
     connect(m_usePEC, &QCheckBox::clicked, this, &BlockFrame::UsePECClicked);
 
     auto* grid = new QGridLayout(this);

@@ -274,7 +274,7 @@ void BlockGrid::CopyReading() {
 void BlockGrid::Paste(int column, const QString& text) {
     const auto bytes = ParseHexBytes(text);
     if (!bytes) {
-        Q_EMIT PasteRefused("The text pasted is no list of hexadecimal bytes.");
+        Q_EMIT PasteRefused("The pasted text is not a list of hexadecimal bytes.");
         return;
     }
     const std::size_t room = m_columns.size() + 1 - static_cast<std::size_t>(column);
@@ -283,7 +283,7 @@ void BlockGrid::Paste(int column, const QString& text) {
         WriteEntry(column + static_cast<int>(i)).Value((*bytes)[i]);
     }
     if (count < bytes->size()) {
-        Q_EMIT PasteRefused(QStringLiteral("Only the first %1 of the %2 bytes pasted have a box.")
+        Q_EMIT PasteRefused(QStringLiteral("Only the first %1 of the %2 pasted bytes fit.")
                                 .arg(count)
                                 .arg(bytes->size()));
     }

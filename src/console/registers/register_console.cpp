@@ -57,7 +57,7 @@ QWidget* RegisterConsole::MakeReadWriteGroup() {
     m_continuous->setCheckable(true);
     m_continuous->setAutoDefault(false);
     m_continuous->setMinimumWidth(m_continuous->sizeHint().width() + 4 * look::Grid);
-    m_continuous->setToolTip("Read the register on view again and again");
+    m_continuous->setToolTip("Read this register continuously");
     m_continuousLabel = new QLabel;
     m_continuousLabel->setObjectName("continuous_reading_label");
     StopContinuousReading();
@@ -67,7 +67,7 @@ QWidget* RegisterConsole::MakeReadWriteGroup() {
     look::SetInk(*heading, look::QuietInk);
     m_readOnly = new QLabel("Read only");
     m_readOnly->setObjectName("ReadOnlyNote");
-    m_readOnly->setToolTip("Bits and boxes write nothing to this register");
+    m_readOnly->setToolTip("You cannot write this register here");
     m_readOnly->hide();
     auto* headings = new QHBoxLayout;
     headings->addWidget(heading, 1);

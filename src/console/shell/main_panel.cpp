@@ -50,7 +50,7 @@ MainPanel::MainPanel(const QList<QAction*>& actions, const QString& version, QWi
     }
     lines->setColumnStretch(2, 1);
 
-    auto* handbook = new QLabel("F1 opens the handbook at the page of the window in front.");
+    auto* handbook = new QLabel("F1 opens the handbook page of the window in front.");
     handbook->setObjectName("HandbookHint");
     look::SetInk(*handbook, look::QuietInk);
 

@@ -127,7 +127,7 @@ LinearGauge::LinearGauge(QWidget* parent)
     setAccessibleName("Gauge");
     setToolTip("Drag a handle, or a band with both handles, to move the limits.\n"
                "Keyboard: Tab picks one; the arrows, Page Up, Page Down, Home and End move it.\n"
-               "Escape puts a pointer that you hold back where it was.");
+               "Escape puts a held pointer back.");
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);

@@ -120,8 +120,7 @@ void StripChart::AddButtons() {
         TitleButton(*this, tr("Live"), tr("Back to the last 60 s in the starting range (Home)"));
     parts.LiveButton->setObjectName(QStringLiteral("LiveButton"));
     connect(parts.LiveButton, &QToolButton::clicked, this, &StripChart::ShowLive);
-    parts.MenuButton =
-        TitleButton(*this, QStringLiteral("\u2026"), tr("All that the chart can do"));
+    parts.MenuButton = TitleButton(*this, QStringLiteral("\u2026"), tr("All chart commands"));
     parts.MenuButton->setObjectName(QStringLiteral("ChartMenuButton"));
     parts.MenuButton->setAccessibleName(tr("Chart menu"));
     parts.MenuButton->setPopupMode(QToolButton::InstantPopup);
@@ -318,8 +317,7 @@ QString SaveWhole(const QString& name, const QByteArray& content) {
             return {};
         }
     }
-    return QStringLiteral("%1 could not be saved: %2. A file of this name that was there before is "
-                          "unchanged.")
+    return QStringLiteral("%1 could not be saved: %2. An existing file of this name is unchanged.")
         .arg(name, file.errorString());
 }
 

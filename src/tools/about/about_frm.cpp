@@ -102,12 +102,12 @@ void AboutFRM::MakeLayout() {
         "or in the EEPROM can stop a board from working.",
         TextWidth));
     layout->addWidget(kit::SmallPrint("Label2",
-                                      "It comes without any warranty; its licence stands in the "
-                                      "file LICENSE, which goes with every copy.",
+                                      "It comes without any warranty; its licence is in the file "
+                                      "LICENSE, which comes with every copy.",
                                       TextWidth));
     layout->addWidget(Rule("Line2"));
     layout->addWidget(kit::SmallPrint(
-        "HandbookHint", "F1 opens the handbook at the page of the window in front.", TextWidth));
+        "HandbookHint", "F1 opens the handbook page of the window in front.", TextWidth));
     layout->addWidget(
         kit::SmallPrint("Label3", "Written by the TQX7716 console's developers.", TextWidth));
     layout->addWidget(

@@ -23,7 +23,7 @@ NumberEntry* Entry(const char* name, int index, const QString& accessibleName) {
 void MarkWhatIsNoByte(NumberEntry& entry, QLabel& mark, QRgb ink, const QString& tooltip) {
     const auto update = [&entry, &mark, ink, tooltip] {
         const bool good = ByteOf(entry.text(), 16).has_value();
-        const QString why = "\"%1\" is no byte, so nothing is sent. Enter 0 to FF.";
+        const QString why = "\"%1\" is not a byte, so nothing is sent. Enter 0 to FF.";
         const QString text = good ? tooltip : why.arg(entry.text());
         look::SetInk(entry, good ? ink : look::DarkRedInk);
         entry.setToolTip(text);

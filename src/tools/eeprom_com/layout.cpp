@@ -101,7 +101,7 @@ QGroupBox* EEPROMComFRM::MakeCommands() {
 QGroupBox* EEPROMComFRM::MakeEEPROM() {
     QGroupBox* frame = kit::Frame("EEPROMFrame", "EEPROM");
     m_access = kit::CheckBox("AccessEEPROMCHK", "Access EEPROM",
-                             "The rows stand for bytes of the EEPROM instead of registers. "
+                             "The rows are bytes of the EEPROM instead of registers. "
                              "The EEPROM is reached over the printer port only.",
                              "Alt+A");
     m_erase = kit::CheckBox(
@@ -132,10 +132,10 @@ QGroupBox* EEPROMComFRM::MakeFills() {
                                          "Counts the addresses up from the first row's", "Alt+P");
     connect(addresses, &QPushButton::clicked, this, &EEPROMComFRM::AddressFill);
     QPushButton* readData = kit::Button("ReadDataFillCMD", "Read Data Fill",
-                                        "Takes the bytes read as the bytes to write", "Alt+D");
+                                        "Copies the bytes read to the bytes to write", "Alt+D");
     connect(readData, &QPushButton::clicked, this, &EEPROMComFRM::ReadDataFill);
     QPushButton* random = kit::Button("RandomFillCMD", "Random Data Fill",
-                                      "Fills the bytes to write at random", "Alt+N");
+                                      "Fills the bytes to write from a fixed sequence", "Alt+N");
     connect(random, &QPushButton::clicked, this, &EEPROMComFRM::RandomFill);
     auto* column = new QVBoxLayout(frame);
     column->addWidget(addresses);

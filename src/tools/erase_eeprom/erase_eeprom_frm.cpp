@@ -65,7 +65,8 @@ void EraseEEPROMFRM::ErasePage(int i) {
     const QLabel& high = *m_pageHigh[static_cast<std::size_t>(i)];
     const QLabel& low = *m_pageLow[static_cast<std::size_t>(i)];
     m_bench.Link->PrinterPortLink().EEPROMLink().ErasePage(ByteShown(high), ByteShown(low), 0);
-    m_status->setText(QStringLiteral("Erase of page %1 %2 sent.").arg(high.text(), low.text()));
+    m_status->setText(
+        QStringLiteral("Erase command for page %1 %2 sent.").arg(high.text(), low.text()));
 }
 
 void EraseEEPROMFRM::EraseAll() {
@@ -88,7 +89,7 @@ void EraseEEPROMFRM::EraseAll() {
     m_status->setText(
         m_stopRequested ? QStringLiteral("Stopped after page %1 %2.")
                               .arg(m_erasedHigh->text(), m_erasedLow->text().rightJustified(2, '0'))
-                        : QStringLiteral("Erase of all pages sent."));
+                        : QStringLiteral("Erase commands for all pages sent."));
 }
 
 void EraseEEPROMFRM::EraseBlock(std::uint8_t high) {
@@ -115,7 +116,7 @@ void EraseEEPROMFRM::SetEraseAllRunning(bool running) {
 }
 
 void EraseEEPROMFRM::MakeLayout() {
-    m_close = kit::Button("CloseCMD", "Close", "Closes this window; an erase under way stops first",
+    m_close = kit::Button("CloseCMD", "Close", "Closes this window; a running erase stops first",
                           "Alt+C");
     m_close->setDefault(true);
     m_status = kit::Heading("StatusLBL", {});
@@ -135,7 +136,7 @@ void EraseEEPROMFRM::MakeLayout() {
 QGroupBox* EraseEEPROMFRM::MakePages() {
     QGroupBox* frame = kit::Frame("Frame1", "Erase Page");
     m_block = new HighByteCombo;
-    m_block->setToolTip("The block whose pages stand below");
+    m_block->setToolTip("The block of the pages below");
 
     auto* grid = new QGridLayout(frame);
     grid->setHorizontalSpacing(6 * look::Grid);

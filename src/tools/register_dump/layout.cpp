@@ -147,7 +147,7 @@ void RegisterDumpFRM::MakeLayout() {
 }
 
 QGroupBox* RegisterDumpFRM::MakeRAM() {
-    m_ram = TickedBox("RAMSettingsCHK", "Dump RAM", "Takes all 256 registers into the dump");
+    m_ram = TickedBox("RAMSettingsCHK", "Dump RAM", "Includes all 256 registers in the dump");
     auto* sample = new FormatSample(SampleText("Label1(0)", "74:5D"),
                                     {{0, 2, kit::Label("Label2(0)", "Address Pointer")},
                                      {3, 2, kit::Label("Label3(0)", "Data")}});
@@ -157,7 +157,7 @@ QGroupBox* RegisterDumpFRM::MakeRAM() {
 
 QGroupBox* RegisterDumpFRM::MakeEEPROM() {
     m_eeprom = TickedBox("EEPROMSettingsCHK", "Dump EEPROM",
-                         "Takes the 8192 bytes of the EEPROM into the dump");
+                         "Includes the 8192 bytes of the EEPROM in the dump");
     auto* sample = new FormatSample(SampleText("Label1(1)", "80,11:0"),
                                     {{0, 2, kit::Label("Label2(2)", "High Byte")},
                                      {3, 2, kit::Label("Label2(1)", "Low Byte")},
@@ -176,11 +176,11 @@ QGroupBox* RegisterDumpFRM::MakeTarget() {
     m_dump = kit::Button("DumpCMD", "Dump Now", "Adds a dump to the end of the file", "Alt+D");
     m_dump->setDefault(true);
     m_stop =
-        kit::Button("StopDumpCMD", "Stop Dump", "Ends the dump early; the file tells so", "Alt+S");
+        kit::Button("StopDumpCMD", "Stop Dump", "Ends the dump early; the file says so", "Alt+S");
     m_stop->setEnabled(false);
     m_progress = new PercentBar;
     m_progress->setObjectName("ProgressBar1");
-    m_progress->setAccessibleName("Part of the dump that is done");
+    m_progress->setAccessibleName("Progress of the dump");
     m_progress->StandAt(0);
     connect(m_browse, &QPushButton::clicked, this, &RegisterDumpFRM::Browse);
     connect(m_dump, &QPushButton::clicked, this, OnLink(m_bench.Failures, [this] { Dump(); }));

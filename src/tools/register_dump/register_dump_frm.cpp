@@ -115,9 +115,7 @@ void RegisterDumpFRM::ShowPath() {
                         : QStringLiteral("Dumps are added to %1.").arg(PlaceOfDump(m_dumpPath));
     m_path->setToolTip(place);
     if (m_bench.Bus.BusCell.ComsMedium != ComsPrinterPort) {
-        place += QStringLiteral(
-            " They read the board on the printer port, which is not the chip that was "
-            "chosen.");
+        place += QStringLiteral(" They read the printer port, not the chosen chip.");
     }
     Status(place, false);
 }
@@ -145,7 +143,7 @@ void RegisterDumpFRM::ShowOutcome(const DumpOutcome& outcome, const QString& pla
                    .arg(place, QString::fromStdString(outcome.FileFailure));
     }
     if (outcome.FailedReads > 0) {
-        text += QStringLiteral(" %1 bytes could not be read and stand as FF: %2.")
+        text += QStringLiteral(" %1 bytes could not be read and were written as FF: %2.")
                     .arg(QString::number(outcome.FailedReads),
                          QString::fromStdString(outcome.LinkFailure));
     }

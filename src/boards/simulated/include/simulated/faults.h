@@ -18,7 +18,7 @@ enum class Fault : std::uint8_t {
     /// @}
     /// The PEC arrives damaged at whoever checks it. Occasion: a PEC byte.
     WrongPEC,
-    /// The chip announces 31 bytes in place of 32. Occasion: a block read.
+    /// The chip announces 31 bytes instead of 32. Occasion: a block read.
     ShortCount,
     /// The bus drags. Occasion: a port access, or a call on the SMBus.
     SlowBus,
