@@ -63,5 +63,17 @@ protected:
     }
 };
 
+TEST_F(EndSignalsTest, EndARunningMonitor) {
+    Click(*program.Main(), "ControlPanel1");
+    std::raise(SIGTERM);
+    ASSERT_TRUE(ended.wait());
+    ExpectEnded();
+}
+
+TEST_F(EndSignalsTest, EndADump) {
+    dialogs.FileName = folder.filePath("dump.txt");
+    EndWithin("Save1", {"BrowseCMD", "DumpCMD"});
+}
+
 } // namespace
 } // namespace tqx
