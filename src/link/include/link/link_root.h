@@ -43,6 +43,9 @@ public:
 
     LinkServer* operator->() { return &**this; }
 
+    /// Ends the link early: lines are parked, ports let go. A use after that would make a new one.
+    void LetGo() noexcept { m_server.reset(); }
+
     LinkSetup Setup;
 
 private:
