@@ -41,7 +41,7 @@ TEST_F(EraseEEPROMTest, ErasesThePageOfTheRow) {
     EXPECT_THAT(link.Take(),
                 ElementsAre("BoardBus.ReadByte 58 13", "BoardBus.PortAddress 378",
                             "BoardBus.WriteByte 58 13 F4", "EEPROMLink.ErasePage 9F C0 0"));
-    EXPECT_EQ(Text("StatusLBL"), "Erase of page 9F C0 sent.");
+    EXPECT_EQ(Text("StatusLBL"), "Erase command for page 9F C0 sent.");
 }
 
 TEST_F(EraseEEPROMTest, WriteProtectionWarnsAndErasesAllTheSame) {

@@ -77,7 +77,7 @@ TEST_F(RegisterDumpFrmTest, DumpsToTheDocumentsFolderUnlessToldOtherwise) {
     EXPECT_EQ(Progress().value(), 0);
     bench.Bus.BusCell.ComsMedium = ComsSMBus;
     Choose({});
-    EXPECT_THAT(Text("StatusLBL"), HasSubstr("not the chip that was chosen"));
+    EXPECT_THAT(Text("StatusLBL"), HasSubstr("not the chosen chip"));
 }
 
 TEST_F(RegisterDumpFrmTest, ADumpNeedsANameAndSomethingToDump) {
