@@ -30,9 +30,9 @@ std::uint64_t Digest() {
     return digest;
 }
 
-/// The table was compared with the chip's list letter by letter. Who changes it does so again, and
-/// then writes the new number here.
-TEST(RegisterMap, IsTheOneThatWasCompared) {
+/// No letter of the table changes unnoticed. Whoever means to change it compares it with the chip's
+/// list, and then writes the new number here.
+TEST(RegisterMap, ChangesOnlyOnPurpose) {
     EXPECT_EQ(Digest(), 14581374518343758343U);
     for (std::size_t i = 0; i < RegisterMap.size(); ++i) {
         EXPECT_EQ(RegisterMap[i].Address, i);
